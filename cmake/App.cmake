@@ -1,0 +1,21 @@
+# The application: one library of Qt classes, so that tests can link them, and the program itself.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport WebEngineWidgets)
+set(CMAKE_AUTOMOC ON)
+# No deprecated call, so that a newer Qt with a newer engine drops in.
+add_compile_definitions(QT_DISABLE_DEPRECATED_BEFORE=0x060400 QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+
+add_library(tallowmere_app STATIC ${appSources})
+target_link_libraries(tallowmere_app PUBLIC
+    tallowmere_core Qt6::Widgets Qt6::Network Qt6::PrintSupport Qt6::WebEngineWidgets)
+target_precompile_headers(tallowmere_app PRIVATE
+    <QtCore> <QtGui> <QtWidgets> <QtNetwork> <QtWebEngineCore> <string> <string_view> <vector>)
+
+# Where the shipped data lies: beside the program, in the installed share folder, or in the source
+# tree that the program was built from.
+target_compile_definitions(tallowmere_app PRIVATE TALLOWMERE_SOURCE_DATA="${CMAKE_SOURCE_DIR}/data")
+
+add_executable(tallowmere src/main.cpp)
+target_link_libraries(tallowmere PRIVATE tallowmere_app)
+target_precompile_headers(tallowmere REUSE_FROM tallowmere_app)
+install(TARGETS tallowmere)
+install(DIRECTORY data/ DESTINATION share/tallowmere)

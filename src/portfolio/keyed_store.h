@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+/// Texts by key in one file: records "||" + key + "||" + text + "|||||", each followed by a line
+/// end (carriage return, line feed), in the order in which they were added. Ticker notes and
+/// reminders are kept so.
+namespace tallowmere {
+
+/// Performs one operation on the store `file` (a name such as "\TickNotes.txt") in `folder`:
+/// "GET" puts the text of `ticker` into `result`, "SET" appends a record, "REMOVE" deletes the
+/// first record of `ticker`, "KILL" deletes the file (it is kept as `.bak`). `result` is empty
+/// otherwise. Errors of the file system are ignored: the operation then has no effect.
+void TickerNotes(const std::filesystem::path& folder, std::string& result,
+                 std::string_view operation, std::string_view ticker, std::string_view note,
+                 std::string_view file);
+
+/// Where a name with a leading backslash lies in `folder`.
+std::filesystem::path PathInFolder(const std::filesystem::path& folder, std::string_view file);
+
+/// The text that a GET of `key` finds in the content of a store.
+std::string FindNote(std::string_view content, std::string_view key);
+
+/// The content without the first record of `key`, with doubled line ends collapsed; none when the
+/// record is missing or has no end. The line end that a rewrite adds is included.
+std::optional<std::string> RemoveNote(std::string_view content, std::string_view key);
+
+/// The record that SET appends, with its line end.
+std::string NoteRecord(std::string_view key, std::string_view note);
+
+/// Whether the content is of an unusable form: a double bar but no end of a record anywhere.
+bool IsUnusable(std::string_view content);
+
+/// What a GET would give for each key, from one walk over the content; for reports and lists
+/// that look up many keys.
+class NoteIndex {
+public:
+    explicit NoteIndex(std::string content);
+    /// The text that GET gives for `key`, empty when there is none.
+    std::string_view Find(std::string_view key) const;
+
+private:
+    std::string m_content;
+    std::unordered_map<std::string_view, std::string_view> m_notes;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallowmere {
+
+/// The tickers of a stored list ("AOL|YHOO|" gives AOL and YHOO; "|" gives one empty ticker). A
+/// last piece without its bar counts as a ticker too.
+std::vector<std::string> SplitTickerList(std::string_view stored);
+
+/// The stored form: each ticker trimmed of blanks and followed by a bar.
+std::string JoinTickerList(const std::vector<std::string>& tickers);
+
+/// What an entry typed into the ticker box does to a list.
+struct TickerEntry {
+    std::vector<std::string> added; ///< at the end of the list, in this order
+    bool accepted;                  ///< the box is emptied and the list is written
+};
+
+/// Splits an entry at blanks and commas, upper-cases it and leaves out what `tickers` holds
+/// already. When the last symbol is there already, the entry is not accepted, though the earlier
+/// ones are added.
+TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>& tickers);
+
+} // namespace tallowmere

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tallowmere {
+
+/// The per-user store of named string values: section, key, value. Everything that the user
+/// prefers lies here. On Windows it is a branch of the registry, elsewhere an INI file.
+class SettingsStore {
+public:
+    /// `file` is the INI file; it and its folder are made, for their owner alone, by the first
+    /// write. On Windows an empty path means the registry.
+    explicit SettingsStore(std::filesystem::path file);
+    ~SettingsStore();
+    SettingsStore(const SettingsStore&) = delete;
+    SettingsStore& operator=(const SettingsStore&) = delete;
+
+    /// The stored text, or `fallback` when the key is absent. Never fails: a file that cannot be
+    /// read holds no keys.
+    std::string GetSetting(std::string_view section, std::string_view key,
+                           std::string_view fallback) const;
+
+    /// Creates or overwrites one value; it is on disk when the call returns, and what another
+    /// program wrote to other keys meanwhile stays. Throws RuntimeError when it cannot be written.
+    void SaveSetting(std::string_view section, std::string_view key, std::string_view value);
+
+private:
+    struct Content;
+    std::filesystem::path m_file;
+    std::unique_ptr<Content> m_content;
+};
+
+} // namespace tallowmere
