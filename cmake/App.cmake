@@ -12,7 +12,8 @@ target_precompile_headers(tallowmere_app PRIVATE
 
 # Where the shipped data lies: beside the program, in the installed share folder, or in the source
 # tree that the program was built from.
-target_compile_definitions(tallowmere_app PRIVATE TALLOWMERE_SOURCE_DATA="${CMAKE_SOURCE_DIR}/data")
+set_source_files_properties(src/shell/Folders.cpp PROPERTIES
+    COMPILE_DEFINITIONS TALLOWMERE_SOURCE_DATA="${CMAKE_SOURCE_DIR}/data")
 
 add_executable(tallowmere src/main.cpp)
 target_link_libraries(tallowmere PRIVATE tallowmere_app)

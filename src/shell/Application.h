@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QApplication>
+
+namespace tallowmere {
+
+class Prompts;
+
+/// The application object. Its event boundary is the one place where an error that ended a
+/// command is shown; the program then goes on.
+class Application : public QApplication {
+    Q_OBJECT
+public:
+    Application(int& argc, char** argv);
+
+    /// Through whom errors are shown.
+    void SetPrompts(Prompts* prompts) { m_prompts = prompts; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    void Report(const QString& text);
+    void QuitOnTermination();
+
+    Prompts* m_prompts = nullptr;
+};
+
+} // namespace tallowmere

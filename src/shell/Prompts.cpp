@@ -1,0 +1,52 @@
+#include "shell/Prompts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace tallowmere {
+
+namespace {
+
+QWidget* Front() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+} // namespace
+
+void DialogPrompts::Message(const QString& text, const QString& title) {
+    QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Ok, Front());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+bool DialogPrompts::Ask(const QString& text, const QString& title) {
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
+                    Front());
+    box.setTextFormat(Qt::PlainText);
+    return box.exec() == QMessageBox::Yes;
+}
+
+std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString& title,
+                                            const QString& preset) {
+    bool accepted = false;
+    const QString answer =
+        QInputDialog::getText(Front(), title, prompt, QLineEdit::Normal, preset, &accepted);
+    return accepted ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,
+                                               const QString& filter) {
+    const QString path = QFileDialog::getSaveFileName(Front(), title, suggested, filter);
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+std::optional<QColor> DialogPrompts::PickColor(const QColor& initial, const QString& title) {
+    const QColor color = QColorDialog::getColor(initial, Front(), title);
+    return color.isValid() ? std::optional(color) : std::nullopt;
+}
+
+} // namespace tallowmere

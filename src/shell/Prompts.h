@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+
+class QWidget;
+
+namespace tallowmere {
+
+/// Everything that stops the user with a question or a message. Tests answer through this seam.
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+
+    /// Shows a message with the information icon.
+    virtual void Message(const QString& text, const QString& title) = 0;
+    /// Asks a Yes/No question; anything but Yes is no.
+    virtual bool Ask(const QString& text, const QString& title) = 0;
+    /// Asks for a line of text; none when cancelled.
+    virtual std::optional<QString> Input(const QString& prompt, const QString& title,
+                                         const QString& preset) = 0;
+    /// Asks where to save a file; none when cancelled. `filter` is in Qt's form.
+    virtual std::optional<QString> SaveFile(const QString& title, const QString& suggested,
+                                            const QString& filter) = 0;
+    /// Lets the user pick a colour, starting from `initial`; none when cancelled.
+    virtual std::optional<QColor> PickColor(const QColor& initial, const QString& title) = 0;
+};
+
+/// The title of the program's own messages.
+inline QString MessageTitle() {
+    return QStringLiteral("Quorvane");
+}
+
+/// The platform's own dialogs, over the window that is in front.
+class DialogPrompts : public Prompts {
+public:
+    void Message(const QString& text, const QString& title) override;
+    bool Ask(const QString& text, const QString& title) override;
+    std::optional<QString> Input(const QString& prompt, const QString& title,
+                                 const QString& preset) override;
+    std::optional<QString> SaveFile(const QString& title, const QString& suggested,
+                                    const QString& filter) override;
+    std::optional<QColor> PickColor(const QColor& initial, const QString& title) override;
+};
+
+} // namespace tallowmere
