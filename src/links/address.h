@@ -22,13 +22,18 @@ TickerForms FormsOf(std::string_view ticker);
 /// The placeholder words that stand for the forms in stored addresses.
 TickerForms PlaceholderForms();
 
-/// Fills in a path template of the catalogue.
+/// Fills in a path template of the catalogue. {year} is four digits; {month} is the first day of
+/// the month of `today`, as 11-1-2026.
 std::string FillPath(std::string_view pathTemplate, const TickerForms& forms, Date today);
 
-/// The address of a Ticker, Fixed, AccountGated or similar row: the site's host and the filled-in
-/// path, without a scheme where the table of sites gives none.
+/// The address of a row that HasAddress: the site's host and the filled-in path, without a scheme
+/// where the table of sites gives none.
 std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteTable& sites,
                          Date today);
+
+/// The address with "http://" in front unless it names a scheme: for links inside a page, where an
+/// address without one would lead to a file beside the page.
+std::string WithScheme(std::string_view address);
 
 /// Whether an address of the user's own holds a placeholder for the ticker ("CASETICK").
 bool HoldsPlaceholder(std::string_view address);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -46,9 +45,9 @@ struct LinkRow {
     std::string_view tooltip;
     Area area;
     LinkAction action;
-    std::string_view site; ///< key of the host in the site table
+    std::string_view site; ///< key of the host in the site table, "" for a row without an address
     /// Path and query with {upper}, {lower}, {first}, {year} and {month} where they are filled in;
-    /// for menus the name of the menu.
+    /// for menus the name of the menu; "" for a row that builds its address from more than that.
     std::string_view target;
 };
 
@@ -59,7 +58,9 @@ constexpr int kLastCustom = 170;
 constexpr std::string_view kEmptyCustomCaption = "< Custom >";
 
 /// Whether `index` is one of the seventy slots for the user's own links.
-constexpr bool IsCustomSlot(int index) { return index >= kFirstCustom && index <= kLastCustom; }
+constexpr bool IsCustomSlot(int index) {
+    return index >= kFirstCustom && index <= kLastCustom;
+}
 
 /// All rows, in the order of their indexes.
 std::span<const LinkRow, kLinkCount> Catalogue();
@@ -67,7 +68,10 @@ std::span<const LinkRow, kLinkCount> Catalogue();
 /// Whether the link's page goes to the second pane `WebB`: the home pages of the brokers.
 bool OpensInSecondPane(const LinkRow& row);
 
-/// Whether the click works without looking at the selected ticker.
+/// Whether a click needs a selected ticker. The user's own links tell by their stored address.
 bool NeedsTicker(const LinkRow& row);
+
+/// Whether the row has a site and a path, so that BuildAddress gives its page.
+bool HasAddress(const LinkRow& row);
 
 } // namespace tallowmere
