@@ -17,6 +17,10 @@ std::string QueryPortfolioAddress(std::string_view storedList, std::string_view 
 std::string SendAllAddress(const std::vector<std::string>& tickers, std::string_view site,
                            const SiteTable& sites);
 
+/// The streaming-quote service's portfolio of a user, who signs in by this address.
+std::string StreamingPortfolioAddress(std::string_view userId, std::string_view password,
+                                      const SiteTable& sites);
+
 /// The address of the company's home page in a profile page; empty when the page names none.
 std::string FindHomePage(std::string_view profilePage);
 
