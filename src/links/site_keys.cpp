@@ -12,13 +12,17 @@ namespace {
 // Sites that no row of the catalogue names: what is read by machine has its own key, so that it
 // can be sent elsewhere while the pages for people stay where they are.
 // clang-format off
-constexpr std::array<std::string_view, 18> kOtherSites{
+constexpr std::array<std::string_view, 22> kOtherSites{
     "bookstore",            // the books of the menu of books
     "chart_server_1",       // 1-year and 3-month chart images
     "chart_server_2",       // 5-day and 1-day chart images
     "club_members",         // the page of the club that is read at the start
     "freert_home",          // where an account for real-time quotes is opened
     "maker",                // the lists of books and of new sites
+    "menu_mnuBChart",       // the menus whose entries hold the ticker
+    "menu_mnuHisto",
+    "menu_mnuIQCChrt",
+    "menu_mnuWSC",
     "portal",               // front page and logo at the head of the pages that we write
     "portfolio_quotes",     // the quotes of the condensed page
     "quote",                // quote pages for people
