@@ -1,0 +1,399 @@
+"""Drives the built program from outside, as a person would: a display of its own, the
+accessibility tree to see what is there, pointer and keys to act, and a web server on the loopback
+interface that remembers what was asked of it. Nothing here sleeps for a fixed time: every wait
+polls a condition up to a deadline.
+"""
+
+import contextlib
+import ctypes
+import http.server
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+from pathlib import Path
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+ROOT = Path(__file__).resolve().parents[2]
+SCREENSHOTS = ROOT / "build" / "screenshots"
+PATIENCE = 30.0
+
+
+def wait_for(condition, what, seconds=PATIENCE):
+    """Polls until the condition gives something true, and gives that; fails after the deadline."""
+    deadline = time.monotonic() + seconds
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {seconds:g} s in vain for {what}")
+        time.sleep(0.02)
+
+
+def _end_with_us():
+    """The children end when this process does, however it ends."""
+    ctypes.CDLL("libc.so.6").prctl(1, signal.SIGTERM)
+
+
+def start(arguments, **options):
+    """Starts a process that does not outlive us."""
+    return subprocess.Popen(arguments, preexec_fn=_end_with_us, **options)
+
+
+def stop(process):
+    if process.poll() is None:
+        process.terminate()
+        try:
+            process.wait(10)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+
+@contextlib.contextmanager
+def desktop(size=(1920, 1200)):
+    """A virtual display with a session bus, a window manager and the accessibility bus on it; the
+    environment of this process points there while it lasts."""
+    with contextlib.ExitStack() as stack:
+
+        def run(*arguments, **options):
+            options.setdefault("stdout", subprocess.DEVNULL)
+            process = start(arguments, stderr=subprocess.DEVNULL, **options)
+            stack.callback(stop, process)
+            return process
+
+        number, theirs = os.pipe()
+        run("Xvfb", "-displayfd", str(theirs), "-nolisten", "tcp",
+            "-screen", "0", "%dx%dx24" % size, pass_fds=[theirs])
+        os.close(theirs)
+        with os.fdopen(number) as pipe:
+            os.environ["DISPLAY"] = ":" + pipe.readline().strip()
+        os.environ.pop("WAYLAND_DISPLAY", None)
+
+        # A home of its own, so that neither the desktop's settings nor the user's play a part.
+        home = stack.enter_context(tempfile.TemporaryDirectory(prefix="desktop-"))
+        os.environ.update(
+            HOME=home, XDG_RUNTIME_DIR=home, XDG_CONFIG_HOME=home + "/config",
+            XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache",
+            LANG="C.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
+            # The bus's services would start daemons of the desktop that nobody here needs.
+            GIO_USE_VFS="local", NO_AT_BRIDGE="1")
+        bus = run("dbus-daemon", "--session", "--nofork", "--print-address=1",
+                  stdout=subprocess.PIPE, text=True)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        run("at-spi-bus-launcher" if shutil.which("at-spi-bus-launcher")
+            else "/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
+        run("openbox", "--sm-disable")
+        wait_for(lambda: subprocess.run(["xdotool", "get_desktop"], capture_output=True)
+                 .returncode == 0, "the window manager")
+        Atspi.init()
+        Atspi.set_timeout(5000, 15000)
+        yield
+
+
+class Server:
+    """A web server on the loopback interface. `pages` maps a path with its query to a body; any
+    other address gives a small page that names it. `requests` is what was asked for, in order."""
+
+    def __init__(self, pages=None):
+        self.pages = dict(pages or {})
+        self.requests = []
+        self._changed = threading.Condition()
+        server = self
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                with server._changed:
+                    server.requests.append((time.monotonic(), self.path))
+                    server._changed.notify_all()
+                body = server.pages.get(self.path)
+                if body is None:
+                    body = f"<html><head><title>{self.path}</title></head>" \
+                           f"<body><h1>Page {self.path}</h1></body></html>"
+                data = body.encode()
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.send_header("Content-Length", str(len(data)))
+                self.end_headers()
+                with contextlib.suppress(BrokenPipeError, ConnectionResetError):
+                    self.wfile.write(data)
+
+            def log_message(self, *_):
+                pass
+
+        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self._server.daemon_threads = True
+        self.host = "127.0.0.1:%d" % self._server.server_address[1]
+        threading.Thread(target=self._server.serve_forever, daemon=True).start()
+
+    def paths(self):
+        with self._changed:
+            return [path for _, path in self.requests]
+
+    def count(self, path):
+        return self.paths().count(path)
+
+    def wait_for_request(self, path, times=1, seconds=PATIENCE):
+        """Waits until a path was asked for so many times; gives the moment of the last time."""
+        with self._changed:
+            def moments():
+                return [moment for moment, asked in self.requests if asked == path]
+            if not self._changed.wait_for(lambda: len(moments()) >= times, seconds):
+                raise AssertionError(f"no request for {path} (wanted {times}); there were "
+                                     f"{[asked for _, asked in self.requests]}")
+            return moments()[times - 1]
+
+    def close(self):
+        self._server.shutdown()
+        self._server.server_close()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+
+class Widget:
+    """One control as the accessibility tree tells it."""
+
+    def __init__(self, node):
+        self.node = node
+
+    def _read(self, read, default):
+        # A control may vanish between two questions: then it has nothing to say.
+        try:
+            return read()
+        except GLib.Error:
+            return default
+
+    @property
+    def name(self):
+        return self._read(self.node.get_name, "") or ""
+
+    @property
+    def description(self):
+        return self._read(self.node.get_description, "") or ""
+
+    @property
+    def role(self):
+        return self._read(self.node.get_role_name, "")
+
+    @property
+    def text(self):
+        """What an entry box or a text holds."""
+        text = self._read(self.node.get_text_iface, None)
+        return self._read(lambda: Atspi.Text.get_text(text, 0, -1), "") if text else ""
+
+    def has(self, state):
+        return self._read(lambda: self.node.get_state_set().contains(state), False)
+
+    @property
+    def showing(self):
+        return self.has(Atspi.StateType.SHOWING) and self.extents[2] > 0
+
+    @property
+    def enabled(self):
+        return self.has(Atspi.StateType.ENABLED)
+
+    @property
+    def selected(self):
+        return self.has(Atspi.StateType.SELECTED)
+
+    @property
+    def focused(self):
+        return self.has(Atspi.StateType.FOCUSED)
+
+    @property
+    def extents(self):
+        """Left, top, width and height on the screen."""
+        box = self._read(lambda: self.node.get_extents(Atspi.CoordType.SCREEN), None)
+        return (box.x, box.y, box.width, box.height) if box else (0, 0, 0, 0)
+
+    def children(self):
+        self.node.clear_cache()
+        return self._known_children()
+
+    def _known_children(self):
+        count = self._read(self.node.get_child_count, 0)
+        nodes = (self._read(lambda i=i: self.node.get_child_at_index(i), None)
+                 for i in range(count))
+        return [Widget(node) for node in nodes if node]
+
+    def walk(self):
+        """This control and all below it, but not what web pages show."""
+        self.node.clear_cache()
+        waiting = [self]
+        while waiting:
+            widget = waiting.pop()
+            yield widget
+            if widget.role not in ("document web", "document frame"):
+                waiting += reversed(widget._known_children())
+
+    def find_all(self, name=None, role=None, showing=True):
+        """All controls below with that name (a text or a pattern) and role."""
+        def fits(widget):
+            if name is not None:
+                own = widget.name
+                if not (name.search(own) if isinstance(name, re.Pattern) else name == own):
+                    return False
+            return (role is None or widget.role == role) and (not showing or widget.showing)
+        return [widget for widget in self.walk() if fits(widget)]
+
+    def find(self, name=None, role=None, seconds=PATIENCE, **more):
+        """The first of them, waited for."""
+        found = wait_for(lambda: self.find_all(name, role, **more),
+                         f"a control named {name!r} of role {role!r}", seconds)
+        return found[0]
+
+    def __repr__(self):
+        return f"<{self.role} {self.name!r} {self.extents}>"
+
+    def click(self, button=1, times=1):
+        left, top, width, height = self.extents
+        assert width > 0 and height > 0, f"{self} has no place on the screen"
+        xdotool("mousemove", "--sync", left + width // 2, top + height // 2)
+        xdotool("click", *(("--repeat", times, "--delay", 60) if times > 1 else ()), button)
+
+    def double_click(self):
+        self.click(times=2)
+
+
+def xdotool(*arguments):
+    result = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True)
+    assert result.returncode == 0, f"xdotool {arguments}: {result.stderr}"
+    return result.stdout.strip()
+
+
+def type_text(text):
+    xdotool("type", "--delay", 15, text)
+
+
+def press(*keys):
+    xdotool("key", "--delay", 15, *keys)
+
+
+def screenshot(path):
+    """Writes a picture of the whole display."""
+    path = Path(path)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+
+class Program:
+    """The program under test as a process with its main window."""
+
+    def __init__(self, binary, *arguments, profile=None, log=None):
+        self.arguments = [str(binary), *map(str, arguments)]
+        if profile is not None:
+            self.arguments += ["--profile", str(profile)]
+        self._log = log or tempfile.TemporaryFile()
+        self.process = start(self.arguments, stdout=subprocess.DEVNULL, stderr=self._log,
+                             stdin=subprocess.DEVNULL)
+
+    def errors(self):
+        """What it wrote to standard error."""
+        self._log.seek(0)
+        return self._log.read().decode(errors="replace")
+
+    def _application(self):
+        assert self.process.poll() is None, \
+            f"the program ended with {self.process.returncode}: {self.errors()}"
+        for child in Widget(Atspi.get_desktop(0)).children():
+            if child._read(child.node.get_process_id, 0) == self.process.pid:
+                return child
+        return None
+
+    @property
+    def application(self):
+        return wait_for(self._application, "the program in the accessibility tree")
+
+    def main_window(self):
+        """The main window, waited for."""
+        return self.application.find(role="frame")
+
+    def pages(self):
+        """The titles of the pages that the visible panes show."""
+        return [page.name for page in self.application.find_all(role="document web")]
+
+    def window_id(self):
+        """The main window as the window manager knows it: the biggest of the process."""
+        def biggest():
+            found = subprocess.run(
+                ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                capture_output=True, text=True).stdout.split()
+            return max(found, key=lambda w: self._area(w)) if found else None
+        return wait_for(biggest, "a window of the program")
+
+    @staticmethod
+    def _area(window):
+        _, _, width, height = geometry(window)
+        return width * height
+
+    def ask_to_close(self):
+        """Closes the main window as a person would, by way of the window manager."""
+        xdotool("windowactivate", "--sync", self.window_id())
+        press("alt+F4")
+
+    def wait_for_end(self, seconds=PATIENCE):
+        """The exit code."""
+        wait_for(lambda: self.process.poll() is not None, "the end of the program", seconds)
+        return self.process.returncode
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        stop(self.process)
+
+
+def geometry(window):
+    """Left, top, width and height of a window by its id; zeroes when it is gone."""
+    result = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window],
+                            capture_output=True, text=True)
+    values = dict(line.split("=", 1) for line in result.stdout.splitlines() if "=" in line)
+    return tuple(int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+
+
+class SystemTest(unittest.TestCase):
+    """A test with a folder and a web server of its own. The picture of the display at its end is
+    kept, passed or failed."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="system-", ignore_cleanup_errors=True)
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        self.server = Server()
+        self.addCleanup(self.server.close)
+
+    def sites(self, text=None):
+        """Writes a site file; without a text, one that sends everything to the server."""
+        path = self.folder / "sites.toml"
+        path.write_text(text or f'[hosts]\ndefault = "http://{self.server.host}"\n')
+        return path
+
+    def start(self, *arguments, profile="profile"):
+        """Starts the program against the server; it is stopped when the test ends."""
+        program = Program(SystemTest.binary, "--web", "direct", "--sites", self.sites(),
+                          *arguments, profile=self.folder / profile)
+        self.addCleanup(stop, program.process)
+        self.addCleanup(screenshot, SCREENSHOTS / f"{self.id().rpartition('.')[2]}.png")
+        return program
+
+
+def main():
+    """Runs the tests of a file for the program that is the first argument, on one display."""
+    SystemTest.binary = sys.argv.pop(1)
+    with desktop():
+        unittest.main(verbosity=2)
