@@ -58,6 +58,7 @@ TEST(SiteTable, NamesFileAndLineOfASyntaxError) {
                 testing::StartsWith("my sites.toml:3: "));
     EXPECT_THAT(ErrorOf("[hosts]\nquote = \"a\"\nquote = \"b\"\n"),
                 testing::StartsWith("my sites.toml:3: "));
+    EXPECT_THAT(ErrorOf("\n[?]\n"), testing::StartsWith("my sites.toml:2: "));
     EXPECT_THAT(ErrorOf("[hosts\n"), testing::StartsWith("my sites.toml:1: "));
     EXPECT_THAT(ErrorOf(std::string_view("\0\0", 2)), testing::StartsWith("my sites.toml:1: "));
     EXPECT_THAT(ErrorOf("[hosts]\nq = \"\xFF\xFE\"\n"), testing::StartsWith("my sites.toml:2: "));
@@ -77,11 +78,11 @@ TEST(SiteTable, NamesFileAndLineOfAWrongEntry) {
              {"[programs]\nmail = [\"a\"]\n",
               "my sites.toml:2: \"mail\" in [programs] is not a text in quotes"},
              {"[hosts]\nbiz = \"a\"\nquote = \"a b\"\n",
-              "my sites.toml:3: the host of \"quote\" holds a blank or a control character"},
+              "my sites.toml:3: \"quote\" in [hosts] holds a blank or a control character"},
              {"[hosts]\nquote = \"a\\u0000b\"\n",
-              "my sites.toml:2: the host of \"quote\" holds a blank or a control character"},
+              "my sites.toml:2: \"quote\" in [hosts] holds a blank or a control character"},
              {"[programs]\n\nmail = \"a\\nb\"\n",
-              "my sites.toml:3: the command of \"mail\" holds a control character"},
+              "my sites.toml:3: \"mail\" in [programs] holds a control character"},
          })
         EXPECT_EQ(ErrorOf(c.text), c.error);
 }
