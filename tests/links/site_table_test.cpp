@@ -59,6 +59,7 @@ TEST(SiteTable, NamesFileAndLineOfASyntaxError) {
     EXPECT_THAT(ErrorOf("[hosts]\nquote = \"a\"\nquote = \"b\"\n"),
                 testing::StartsWith("my sites.toml:3: "));
     EXPECT_THAT(ErrorOf("\n[?]\n"), testing::StartsWith("my sites.toml:2: "));
+    EXPECT_THAT(ErrorOf("\xEF\xBB\xB5[hosts]\n"), testing::StartsWith("my sites.toml:1: "));
     EXPECT_THAT(ErrorOf("[hosts\n"), testing::StartsWith("my sites.toml:1: "));
     EXPECT_THAT(ErrorOf(std::string_view("\0\0", 2)), testing::StartsWith("my sites.toml:1: "));
     EXPECT_THAT(ErrorOf("[hosts]\nq = \"\xFF\xFE\"\n"), testing::StartsWith("my sites.toml:2: "));
