@@ -1,0 +1,40 @@
+#include "links/smart_navigate.h"
+
+#include "shell/settings_store.h"
+#include "text/bytes.h"
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::string_view kSection = "Settings";
+
+} // namespace
+
+std::string CompleteEntry(std::string_view entry) {
+    const std::string text(Trim(entry));
+    return text.empty() || Contains(text, ".") ? text : "www." + text + ".com";
+}
+
+std::string NavigateKey(std::size_t position) {
+    return "NAV" + std::to_string(position);
+}
+
+std::vector<std::string> ReadNavigateEntries(const SettingsStore& settings) {
+    std::vector<std::string> entries;
+    for (;;) {
+        std::string entry = settings.GetSetting(kSection, NavigateKey(entries.size() + 1), "");
+        if (entry.empty())
+            return entries;
+        entries.push_back(std::move(entry));
+    }
+}
+
+void SaveNavigateEntries(SettingsStore& settings, std::string_view address,
+                         const std::vector<std::string>& list) {
+    settings.SaveSetting(kSection, NavigateKey(1), address);
+    for (std::size_t i = 0; i < list.size(); ++i)
+        settings.SaveSetting(kSection, NavigateKey(i + 2), list[i]);
+}
+
+} // namespace tallowmere
