@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 /// Texts by key in one file: records "||" + key + "||" + text + "|||||", each followed by a line
 /// end (carriage return, line feed), in the order in which they were added. Ticker notes and
@@ -19,15 +20,25 @@ void TickerNotes(const std::filesystem::path& folder, std::string& result,
                  std::string_view operation, std::string_view ticker, std::string_view note,
                  std::string_view file);
 
-/// Where a name with a leading backslash lies in `folder`.
+/// Performs "REMOVE" for each key in turn, yet reads and writes the file only once.
+void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,
+                 std::string_view file);
+
+/// Where a name with a leading backslash lies in `folder`. A name that would lead out of it, or is
+/// none, gives the empty path, under which nothing can be read or written.
 std::filesystem::path PathInFolder(const std::filesystem::path& folder, std::string_view file);
 
-/// The text that a GET of `key` finds in the content of a store.
+/// The text that a GET of `key` finds in the content of a store. No record has an empty key.
 std::string FindNote(std::string_view content, std::string_view key);
 
 /// The content without the first record of `key`, with doubled line ends collapsed; none when the
 /// record is missing or has no end. The line end that a rewrite adds is included.
 std::optional<std::string> RemoveNote(std::string_view content, std::string_view key);
+
+/// The content after a RemoveNote for each key in turn; none when that changes nothing. Linear in
+/// the content as long as it holds nothing but whole records.
+std::optional<std::string> RemoveNotes(std::string_view content,
+                                       const std::vector<std::string>& keys);
 
 /// The record that SET appends, with its line end.
 std::string NoteRecord(std::string_view key, std::string_view note);
@@ -40,6 +51,9 @@ bool IsUnusable(std::string_view content);
 class NoteIndex {
 public:
     explicit NoteIndex(std::string content);
+    NoteIndex(const NoteIndex&) = delete;
+    NoteIndex& operator=(const NoteIndex&) = delete;
+
     /// The text that GET gives for `key`, empty when there is none.
     std::string_view Find(std::string_view key) const;
 

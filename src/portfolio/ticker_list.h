@@ -24,4 +24,10 @@ struct TickerEntry {
 /// ones are added.
 TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>& tickers);
 
+/// Those of `tickers`, in order, whose text occurs nowhere in `lists`, the joined stored lists of
+/// the other portfolios: their notes go with them. A text inside a longer symbol counts as an
+/// occurrence, and the empty text occurs everywhere.
+std::vector<std::string> TickersFoundNowhere(const std::vector<std::string>& tickers,
+                                             std::string_view lists);
+
 } // namespace tallowmere

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +14,10 @@ namespace tallowmere {
 /// the empty text. Never throws.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
+/// The whole content of a file, empty when it is missing. Throws RuntimeError when it is there but
+/// cannot be read, so that a caller never takes a locked file for an empty one.
+std::string ReadExistingFile(const std::filesystem::path& path);
+
 /// Replaces a file whole: temporary file beside it, flush, rename. Folders on the way are made.
 /// Throws RuntimeError when it cannot be done; the old content then stays.
 void WriteWholeFile(const std::filesystem::path& path, std::string_view content);
@@ -19,8 +25,36 @@ void WriteWholeFile(const std::filesystem::path& path, std::string_view content)
 /// Appends in one write; a short write is cut back. Throws RuntimeError when it cannot be done.
 void AppendToFile(const std::filesystem::path& path, std::string_view content);
 
-/// Moves a file that is deleted on purpose to `<name>.bak`, replacing an older one. A missing file
-/// is no error. Throws RuntimeError when the move fails.
+/// Moves a file that is deleted on purpose to `<name>.bak`, replacing an older one. An empty file
+/// is only deleted: it shall not replace a backup that holds something. A missing file is no error.
+/// Throws RuntimeError when the move fails.
 void MoveToBackup(const std::filesystem::path& path);
+
+/// Where the backup of a file lies.
+std::filesystem::path BackupPath(const std::filesystem::path& path);
+
+/// What changes whenever a file is written or replaced.
+struct FileStamp {
+    std::uint64_t volume, file, size;
+    std::int64_t modified; ///< in the system's finest unit
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+/// The stamp of a file, none when there is no file.
+std::optional<FileStamp> StampOf(const std::filesystem::path& path);
+
+/// Keeps other processes out from construction to destruction: a lock on the file `<name>.lock`,
+/// which stays behind empty. Waits for whoever holds it. Throws RuntimeError when that file cannot
+/// be made.
+class FileLock {
+public:
+    explicit FileLock(const std::filesystem::path& path);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+private:
+    std::intptr_t m_handle;
+};
 
 } // namespace tallowmere

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// The settings file as text: an INI file that people may edit by hand. Sections and keys are
+/// matched whatever their case; of two equal keys the last one counts; lines before the first
+/// section belong to "Settings", where a file that lost its head has them. A value stands as it is
+/// unless that would change it; then it stands in double quotes, with the escapes of C.
+namespace tallowmere {
+
+/// The values of a settings text.
+class SettingsValues {
+public:
+    explicit SettingsValues(std::string_view text);
+
+    /// The value of a key, nothing when it is absent. Valid as long as this object.
+    const std::string* Find(std::string_view section, std::string_view key) const;
+
+private:
+    std::map<std::pair<std::string, std::string>, std::string> m_values;
+};
+
+/// The text with one value set. A known key keeps its place and spelling, a new one goes to the end
+/// of its section; every other line stays as it is, except the damaged ones, which go.
+std::string ChangeSettingsText(std::string_view text, std::string_view section,
+                               std::string_view key, std::string_view value);
+
+/// Whether some line holds control characters, which no one writes: such a line is not read.
+bool IsDamagedSettingsText(std::string_view text);
+
+} // namespace tallowmere
