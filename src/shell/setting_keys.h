@@ -1,0 +1,83 @@
+#pragma once
+
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the settings store holds: the one table of its keys. The keys of section "Colors" are
+/// those of the colour areas, each "f" (text) or "b" (background) and the area's code.
+namespace tallowmere {
+
+class SettingsStore;
+
+inline constexpr std::string_view kSettingsSection = "Settings";
+inline constexpr std::string_view kColorsSection = "Colors";
+
+/// How the text of a value is to be read.
+enum class SettingKind { Text, Boolean, Integer, Portfolio, Color, Single };
+
+struct SettingKey {
+    std::string_view section;
+    std::string_view prefix; ///< the key, or what its number is appended to
+    int first, last;         ///< the numbers; 0 and 0: the key has none
+    SettingKind kind;
+    std::string_view defaultText; ///< "{n}" stands for the number
+    std::string_view meaning;
+};
+
+inline constexpr int kNoLastNumber = std::numeric_limits<int>::max();
+
+// clang-format off
+inline constexpr SettingKey kSettingKeys[] = {
+    {"Settings", "Stocks",        1,  10, SettingKind::Text,      "",               "tickers of portfolio n, each followed by a bar"},
+    {"Settings", "PortName",      1,  10, SettingKind::Text,      "Portfolio #{n}", "name of portfolio n"},
+    {"Settings", "PortLabels",    0,   0, SettingKind::Boolean,   "True",           "the caption of the portfolio is shown"},
+    {"Settings", "TickerList",    0,   0, SettingKind::Portfolio, "1",              "portfolio that was current at the last close"},
+    {"Settings", "AutoRefresh",   0,   0, SettingKind::Boolean,   "False",          "the page is reloaded by itself"},
+    {"Settings", "ActiveEdge",    0,   0, SettingKind::Boolean,   "False",          "the side panels hide when not in use"},
+    {"Settings", "WSCTick",       0,   0, SettingKind::Boolean,   "False",          "the streaming ticker strip is shown"},
+    {"Settings", "MNL",           0,   0, SettingKind::Text,      "",               "login name for the streaming ticker"},
+    {"Settings", "MNP",           0,   0, SettingKind::Text,      "",               "password for the streaming ticker"},
+    {"Settings", "Tips",          0,   0, SettingKind::Boolean,   "True",           "tool tips are shown"},
+    {"Settings", "DefaultWeb",    0,   0, SettingKind::Text,      "",               "start page: pane letter and address"},
+    {"Settings", "Firewall",      0,   0, SettingKind::Text,      "",               "proxy server of the transfers"},
+    {"Settings", "PROXY",         0,   0, SettingKind::Integer,   "0",              "1: the transfers use the proxy server"},
+    {"Settings", "SAVersion",     0,   0, SettingKind::Boolean,   "False",          "the user is a member of the discussion club"},
+    {"Settings", "First",         0,   0, SettingKind::Text,      "",               "OK once the program was started"},
+    {"Settings", "FRT",           0,   0, SettingKind::Text,      "",               "Done once an account for real-time quotes was offered"},
+    {"Settings", "Custom",      101, 170, SettingKind::Text,      "",               "target of custom link n"},
+    {"Settings", "CustomT",     101, 170, SettingKind::Text,      "< Custom >",     "caption of custom link n"},
+    {"Settings", "CustomF",     101, 170, SettingKind::Color,     "0",              "text colour of custom link n, 0: that of its area"},
+    {"Settings", "CustomB",     101, 170, SettingKind::Color,     "0",              "background of custom link n, 0: that of its area"},
+    {"Settings", "NAV",           1, kNoLastNumber, SettingKind::Text, "",          "entry n of the smart-navigate list, newest first"},
+    {"frmMain",  "Top",           0,   0, SettingKind::Single,    "50",             "window position in twips"},
+    {"frmMain",  "Left",          0,   0, SettingKind::Single,    "50",             "window position in twips"},
+    {"frmMain",  "Height",        0,   0, SettingKind::Single,    "8500",           "window height in twips"},
+    {"frmMain",  "Width",         0,   0, SettingKind::Single,    "10000",          "window width in twips"},
+};
+// clang-format on
+
+/// The row of a key of the table, none when it has no such key.
+const SettingKey* FindSettingKey(std::string_view section, std::string_view key);
+
+/// The default of a key, colours included; empty for a key that has none.
+std::string DefaultOf(std::string_view section, std::string_view key);
+
+/// Why a stored value cannot be read as its row asks, empty when it can.
+std::string CheckValue(SettingKind kind, std::string_view value);
+std::string CheckValue(const SettingKey& row, std::string_view value);
+
+/// The stored value of a key, or its default when it is absent or cannot be read.
+std::string UsableSetting(const SettingsStore& store, std::string_view section,
+                          std::string_view key);
+
+/// A stored value that cannot be read.
+struct SettingProblem {
+    std::string section, key, value, problem;
+};
+
+/// Every value of the store that cannot be read; for the one report at the start.
+std::vector<SettingProblem> CheckSettings(const SettingsStore& store);
+
+} // namespace tallowmere
