@@ -1,15 +1,10 @@
 #include "links/smart_navigate.h"
 
+#include "shell/setting_keys.h"
 #include "shell/settings_store.h"
 #include "text/bytes.h"
 
 namespace tallowmere {
-
-namespace {
-
-constexpr std::string_view kSection = "Settings";
-
-} // namespace
 
 std::string CompleteEntry(std::string_view entry) {
     const std::string text(Trim(entry));
@@ -23,7 +18,8 @@ std::string NavigateKey(std::size_t position) {
 std::vector<std::string> ReadNavigateEntries(const SettingsStore& settings) {
     std::vector<std::string> entries;
     for (;;) {
-        std::string entry = settings.GetSetting(kSection, NavigateKey(entries.size() + 1), "");
+        std::string entry =
+            settings.GetSetting(kSettingsSection, NavigateKey(entries.size() + 1), "");
         if (entry.empty())
             return entries;
         entries.push_back(std::move(entry));
@@ -32,9 +28,9 @@ std::vector<std::string> ReadNavigateEntries(const SettingsStore& settings) {
 
 void SaveNavigateEntries(SettingsStore& settings, std::string_view address,
                          const std::vector<std::string>& list) {
-    settings.SaveSetting(kSection, NavigateKey(1), address);
+    settings.SaveSetting(kSettingsSection, NavigateKey(1), address);
     for (std::size_t i = 0; i < list.size(); ++i)
-        settings.SaveSetting(kSection, NavigateKey(i + 2), list[i]);
+        settings.SaveSetting(kSettingsSection, NavigateKey(i + 2), list[i]);
 }
 
 } // namespace tallowmere
