@@ -3,6 +3,7 @@
 #include "text/bytes.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace tallowmere {
 
@@ -57,6 +58,23 @@ std::size_t Matcher::Advance(std::size_t matched, char next) const {
     return matched < m_pattern.size() && m_pattern[matched] == next ? matched + 1 : 0;
 }
 
+std::size_t SymbolList::FindSlot(std::string_view symbol) const {
+    std::size_t slot = std::hash<std::string_view>{}(symbol) & (m_slots.size() - 1);
+    while (m_slots[slot] != 0 && m_symbols[m_slots[slot] - 1] != symbol)
+        slot = (slot + 1) & (m_slots.size() - 1);
+    return slot;
+}
+
+void SymbolList::Add(std::string symbol) {
+    m_symbols.push_back(std::move(symbol));
+    m_slots[FindSlot(m_symbols.back())] = m_symbols.size();
+    if (m_symbols.size() * 2 <= m_slots.size())
+        return;
+    m_slots.assign(m_slots.size() * 2, 0);
+    for (std::size_t i = 0; i < m_symbols.size(); ++i)
+        m_slots[FindSlot(m_symbols[i])] = i + 1;
+}
+
 TickerScan::TickerScan(std::string page, ScanSample sample)
     : m_page(std::move(page)), m_prefix(std::move(sample.prefix)),
       m_endMark(std::move(sample.endMark)), m_matcher(m_prefix) {
@@ -77,7 +95,8 @@ void TickerScan::Collect() {
     while (m_position < end) {
         if (m_matched == 0) {
             // Nearly all of a page is passed over here, at the speed of a search for one byte.
-            m_position = std::min(m_page.find(m_prefix[0], m_position), end);
+            m_position = std::min(
+                std::string_view(m_page).substr(0, end).find(m_prefix[0], m_position), end);
             if (m_position == end)
                 break;
         }
@@ -118,10 +137,8 @@ bool TickerScan::Take(std::size_t prefixEnd) {
         return true;
     // Compared as it stands with what is listed in upper case: a symbol that the page writes in
     // lower case is listed each time.
-    if (!m_listed.contains(std::string(candidate))) {
-        m_symbols.push_back(ToUpper(candidate));
-        m_listed.insert(m_symbols.back());
-    }
+    if (!m_symbols.Holds(candidate))
+        m_symbols.Add(ToUpper(candidate));
     return true;
 }
 
@@ -151,14 +168,18 @@ void TickerScan::EndShortening() {
 
 std::vector<std::string> TickersToSend(const std::vector<std::string>& collected,
                                        const std::vector<std::string>& portfolio) {
-    std::unordered_set<std::string> held(portfolio.begin(), portfolio.end());
+    SymbolList held;
+    for (const std::string& ticker : portfolio)
+        held.Add(ticker);
     // The comparison runs one item past the end of the portfolio, where it reads the empty text: an
     // empty ticker is thus always there already.
-    held.emplace();
+    held.Add("");
     std::vector<std::string> added;
     for (const std::string& ticker : collected) {
-        if (held.insert(ticker).second)
-            added.push_back(ticker);
+        if (held.Holds(ticker))
+            continue;
+        held.Add(ticker);
+        added.push_back(ticker);
     }
     return added;
 }
