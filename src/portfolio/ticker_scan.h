@@ -31,6 +31,8 @@ class Matcher {
 public:
     explicit Matcher(std::string pattern);
 
+    const std::string& Pattern() const { return m_pattern; }
+
     /// How much of the pattern has matched once `next` follows on what matched before. A pattern
     /// that has matched whole goes on with its longest border.
     std::size_t Advance(std::size_t matched, char next) const;
@@ -40,8 +42,8 @@ private:
     std::vector<std::size_t> m_borders; ///< per length of a matched part, its longest border
 };
 
-/// Symbols in the order in which they were added. They are searched for through one flat table of
-/// their positions: with a node per symbol, the search would be a third of the scan's time.
+/// Symbols in the order in which they were added, with a fast search: a table of their positions,
+/// which takes a third of the time of a set of nodes.
 class SymbolList {
 public:
     bool Holds(std::string_view symbol) const { return m_slots[FindSlot(symbol)] != 0; }

@@ -1,13 +1,10 @@
 #include "links/site_menus.h"
 
-#include "links/catalogue.h"
 #include "links/menu_table.h"
-#include "links/site_keys.h"
 #include "links/site_table.h"
 #include "links/web_address.h"
 #include "text/bytes.h"
 
-#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -63,31 +60,6 @@ TEST(SiteMenus, EachPopsUpFromItsLink) {
         EXPECT_NE(menu.link != kNoLink, !menu.parent.empty()) << menu.name;
     }
     EXPECT_EQ(found, links);
-}
-
-TEST(SiteMenus, TheLinksThatOpenMenusAndTheMenusAgree) {
-    std::map<std::string_view, int> ofLinks;
-    std::map<std::string_view, int> ofMenus;
-    for (const LinkRow& row : Catalogue()) {
-        if (row.action == LinkAction::Menu)
-            ofLinks[row.target] = row.index;
-    }
-    for (const SiteMenu& menu : SiteMenus()) {
-        if (menu.link != kNoLink)
-            ofMenus[menu.name] = menu.link;
-    }
-    EXPECT_EQ(ofMenus, ofLinks);
-}
-
-TEST(SiteMenus, TheSitesOfTickerMenusAreKnown) {
-    const auto keys = SiteKeys();
-    for (const SiteMenuArray& array : SiteMenuArrays()) {
-        const auto items = SiteMenuItems(array.name);
-        EXPECT_EQ(!array.site.empty(), items[0].kind == MenuItemKind::Ticker) << array.name;
-        EXPECT_TRUE(array.site.empty() ||
-                    std::find(keys.begin(), keys.end(), array.site) != keys.end())
-            << array.site;
-    }
 }
 
 TEST(SiteMenus, SubmenusStandInTheirMenusInTheGivenOrder) {
