@@ -72,13 +72,6 @@ std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const Sit
     return sites.Address(row.site, FillPath(row.target, forms, today));
 }
 
-std::string WithScheme(std::string_view address) {
-    const auto schemeEnd = address.find("://");
-    const bool hasScheme = schemeEnd != std::string_view::npos && schemeEnd > 0 &&
-                           address.find_first_of("/?#") > schemeEnd;
-    return (hasScheme ? "" : "http://") + std::string(address);
-}
-
 bool HoldsPlaceholder(std::string_view address) {
     return Contains(address, "CASETICK");
 }

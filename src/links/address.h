@@ -31,10 +31,6 @@ std::string FillPath(std::string_view pathTemplate, const TickerForms& forms, Da
 std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteTable& sites,
                          Date today);
 
-/// The address with "http://" in front unless it names a scheme: for links inside a page, where an
-/// address without one would lead to a file beside the page.
-std::string WithScheme(std::string_view address);
-
 /// Whether an address of the user's own holds a placeholder for the ticker ("CASETICK").
 bool HoldsPlaceholder(std::string_view address);
 

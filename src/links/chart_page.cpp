@@ -1,6 +1,7 @@
 #include "links/chart_page.h"
 
 #include "text/bytes.h"
+#include "webdata/web_address.h"
 
 #include <span>
 

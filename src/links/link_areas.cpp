@@ -34,17 +34,17 @@ constexpr auto kOwn = [] {
 
 // clang-format off
 constexpr LinkGroup kGroups[] = {
-    {LinkPanel::Top,   "Sites",                  kSites},
-    {LinkPanel::Left,  "Navigate",               kBrowser},
-    {LinkPanel::Left,  "Search",                 kSearch},
-    {LinkPanel::Left,  "Wizard, Site, Realtime", kWizard},
-    {LinkPanel::Left,  "Charts & Quotes",        kCharts},
-    {LinkPanel::Left,  "Message Boards",         kBoards},
-    {LinkPanel::Left,  "News & Research",        kNews},
-    {LinkPanel::Right, "Market",                 kMarket},
-    {LinkPanel::Right, "Brokers",                kBrokers},
-    {LinkPanel::Right, "Tools",                  kTools},
-    {LinkPanel::Right, "My Links",               kOwn},
+    {PanelSide::Top,   "Sites",                  kSites},
+    {PanelSide::Left,  "Navigate",               kBrowser},
+    {PanelSide::Left,  "Search",                 kSearch},
+    {PanelSide::Left,  "Wizard, Site, Realtime", kWizard},
+    {PanelSide::Left,  "Charts & Quotes",        kCharts},
+    {PanelSide::Left,  "Message Boards",         kBoards},
+    {PanelSide::Left,  "News & Research",        kNews},
+    {PanelSide::Right, "Market",                 kMarket},
+    {PanelSide::Right, "Brokers",                kBrokers},
+    {PanelSide::Right, "Tools",                  kTools},
+    {PanelSide::Right, "My Links",               kOwn},
 };
 // clang-format on
 

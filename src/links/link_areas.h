@@ -9,11 +9,11 @@
 namespace tallowmere {
 
 /// Where a group of links stands in the window.
-enum class LinkPanel : std::uint8_t { Top, Left, Right };
+enum class PanelSide : std::uint8_t { Top, Left, Right };
 
 /// Links that stand together under a small heading, in the order in which they are shown.
 struct LinkGroup {
-    LinkPanel panel;
+    PanelSide panel;
     std::string_view heading;
     std::span<const std::int16_t> indexes;
 };

@@ -3,6 +3,7 @@
 #include "links/address.h"
 #include "text/bytes.h"
 #include "text/rare_byte_search.h"
+#include "webdata/web_address.h"
 
 #include <algorithm>
 #include <array>

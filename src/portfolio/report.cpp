@@ -3,6 +3,7 @@
 #include "links/address.h"
 #include "portfolio/ticker_list.h"
 #include "text/bytes.h"
+#include "webdata/web_address.h"
 
 namespace tallowmere {
 

@@ -55,6 +55,10 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"frmMain",  "Left",          0,   0, SettingKind::Single,    "50",             "window position in twips"},
     {"frmMain",  "Height",        0,   0, SettingKind::Single,    "8500",           "window height in twips"},
     {"frmMain",  "Width",         0,   0, SettingKind::Single,    "10000",          "window width in twips"},
+    {"frmMain",  "LeftWidth",     0,   0, SettingKind::Integer,   "0",              "width of the left panel in pixels, 0: as designed"},
+    {"frmMain",  "RightWidth",    0,   0, SettingKind::Integer,   "0",              "width of the right panel in pixels, 0: as designed"},
+    {"frmMain",  "LeftFolded",    0,   0, SettingKind::Boolean,   "False",          "the left panel is folded away"},
+    {"frmMain",  "RightFolded",   0,   0, SettingKind::Boolean,   "False",          "the right panel is folded away"},
 };
 // clang-format on
 

@@ -243,14 +243,6 @@ TEST(Placeholders, AreAllReplaced) {
     EXPECT_EQ(ExpandPlaceholders("", forms), "");
 }
 
-TEST(WithScheme, AddsOneOnlyWhereThereIsNone) {
-    EXPECT_EQ(WithScheme("h.example/q"), "http://h.example/q");
-    EXPECT_EQ(WithScheme("https://h.example/q"), "https://h.example/q");
-    EXPECT_EQ(WithScheme("127.0.0.1:80/q?to=http://x"), "http://127.0.0.1:80/q?to=http://x");
-    EXPECT_EQ(WithScheme("h.example?to=http://x"), "http://h.example?to=http://x");
-    EXPECT_EQ(WithScheme("://x"), "http://://x");
-}
-
 /// One line a link: index, caption, tooltip, tag, pane, site and address for MSFT, or the menu.
 std::string Dump() {
     const SiteTable sites = OneHost();

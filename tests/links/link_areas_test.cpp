@@ -42,12 +42,12 @@ TEST(LinkAreas, KeepTheLinksOfAColourAreaTogether) {
 
 TEST(LinkAreas, StandInThePanelOfTheirArea) {
     using enum Area;
-    const std::map<LinkPanel, std::set<Area>> expected{
-        {LinkPanel::Top, {TLB}},
-        {LinkPanel::Left, {RN, WSR, CQ, MB, NR, NT}},
-        {LinkPanel::Right, {RTS, BRK, None}},
+    const std::map<PanelSide, std::set<Area>> expected{
+        {PanelSide::Top, {TLB}},
+        {PanelSide::Left, {RN, WSR, CQ, MB, NR, NT}},
+        {PanelSide::Right, {RTS, BRK, None}},
     };
-    std::map<LinkPanel, std::set<Area>> found;
+    std::map<PanelSide, std::set<Area>> found;
     for (const LinkGroup& group : LinkGroups())
         found[group.panel].insert(Row(group.indexes.front()).area);
     EXPECT_EQ(found, expected);

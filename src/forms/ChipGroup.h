@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tallowmere {
+
+class Chip;
+
+/// The chips of one area under a small heading. Tab enters the group once; the arrow keys move
+/// inside it.
+class ChipGroup : public QWidget {
+public:
+    /// Without a heading the chips stand in a single row that never breaks.
+    ChipGroup(const QString& heading, QWidget* parent);
+
+    void Add(Chip* chip);
+    const QList<Chip*>& Chips() const { return m_chips; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Chip* Neighbour(const Chip* from, int key) const;
+    void MakeEntry(Chip* chip);
+
+    QList<Chip*> m_chips;
+    QLayout* m_flow;
+};
+
+} // namespace tallowmere

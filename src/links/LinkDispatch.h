@@ -1,0 +1,72 @@
+#pragma once
+
+#include "links/address.h"
+#include "shell/MainState.h"
+#include "shell/Services.h"
+
+#include <QObject>
+
+#include <optional>
+
+namespace tallowmere {
+
+class frmMain;
+class PaneDeck;
+class TickerBox;
+class TransferPool;
+
+/// What a click on a research link does: it takes the ticker, builds the address and loads it.
+class LinkDispatch : public QObject {
+    Q_OBJECT
+public:
+    LinkDispatch(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
+                 TickerBox& tickers, TransferPool& transfers);
+
+    /// Runs the click of link `index`.
+    void Click(int index);
+
+    /// Puts a page that the program made into its folder and shows it in `Web`.
+    void ShowGenerated(const std::string& name, std::string_view page);
+
+    /// The forms in which addresses take the selected ticker, or the placeholder words while a
+    /// multi-link is recorded; none without a selected ticker.
+    std::optional<TickerForms> CurrentForms() const;
+
+Q_SIGNALS:
+    void MenuRequested(const QString& menu);
+    void EditorRequested(int slot);
+    void PortfolioMenuRequested();
+    void RecordingToggled();
+    void WatchRequested(const QString& target);
+    void RemindersRequested();
+    void SetupRequested();
+    void NavigateRequested();
+    void CalculatorRequested();
+    void AlertsStarted();
+    /// A link's page was sent to the main pane.
+    void PageLinkOpened(int index);
+
+private:
+    void Run(const LinkRow& row, const TickerForms& forms);
+    void RunPageTool(const LinkRow& row);
+    void RunCustom(int index);
+    void LoadRow(const LinkRow& row, const TickerForms& forms);
+    void LoadGated(const LinkRow& row, const TickerForms& forms);
+    void LoadStreamingPortfolio();
+    void LoadAlerts(const LinkRow& row);
+    void FindHomePage(const LinkRow& row, const TickerForms& forms);
+    void StartWatch();
+    void ShowMultiLink(const QString& target, const TickerForms& forms);
+    void Remember(const LinkRow& row);
+    void AskForTicker(const QString& text);
+
+    frmMain& m_form;
+    MainState& m_state;
+    Services m_services;
+    PaneDeck& m_panes;
+    TickerBox& m_tickers;
+    TransferPool& m_transfers;
+    bool m_finding = false;
+};
+
+} // namespace tallowmere

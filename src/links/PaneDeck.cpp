@@ -1,0 +1,86 @@
+#include "links/PaneDeck.h"
+
+#include "forms/frmMain.h"
+#include "links/BrowserPane.h"
+#include "links/SeparateBrowser.h"
+#include "links/before_navigate.h"
+#include "shell/QtText.h"
+
+namespace tallowmere {
+
+PaneDeck::PaneDeck(frmMain& form, MainState& state, const Services& services,
+                   SeparateBrowser& outside)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_outside(outside) {
+    connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
+    connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
+    for (BrowserPane* pane : {form.Web, form.WebB}) {
+        connect(pane, &BrowserPane::StatusTextChange, this, &PaneDeck::ShowStatus);
+        connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
+    }
+    form.WebTick->SetNewWindowTarget(form.Web);
+}
+
+void PaneDeck::Navigate(const QString& address) {
+    if (!m_state.rightPressed)
+        ShowFirst();
+    m_form.Web->Navigate(address);
+}
+
+void PaneDeck::NavigateSecond(const QString& address) {
+    if (!m_state.rightPressed)
+        ShowSecond();
+    m_form.WebB->Navigate(address);
+}
+
+void PaneDeck::ShowFirst() {
+    m_form.Web->show();
+    m_form.WebB->hide();
+}
+
+void PaneDeck::ShowSecond() {
+    m_form.WebB->show();
+    m_form.Web->hide();
+}
+
+BrowserPane* PaneDeck::Front() const {
+    return m_form.Web->isHidden() ? m_form.WebB : m_form.Web;
+}
+
+void PaneDeck::ShowStatus(const QString& text) {
+    m_form.WebStatus->setText(text);
+    m_form.WebStatus->setAccessibleName(text);
+}
+
+void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
+    if (const auto rewritten = RewriteStockLookup(FromQt(address), m_services.sites)) {
+        *cancel = true;
+        if (!m_form.WebB->isHidden())
+            ShowFirst();
+        m_form.Web->Navigate(ToQt(*rewritten));
+        return;
+    }
+    if (m_state.templateMode) {
+        m_state.multiLinkPage += ToQt(MultiLinkFrame(FromQt(address)));
+        *cancel = true;
+    }
+    BeforeEither(address, cancel);
+}
+
+void PaneDeck::BeforeEither(const QString& address, bool* cancel) {
+    if (m_state.activeEdge && !m_state.templateMode)
+        Q_EMIT BrowsingStarts();
+    if (m_state.rightPressed) {
+        m_state.rightPressed = false;
+        *cancel = true;
+        m_outside.Open(address);
+    }
+}
+
+void PaneDeck::ShowProgress(int progress, int maximum) {
+    const bool drawn = !m_form.lblStat->isHidden() && progress >= 1 && maximum >= 1;
+    const int width =
+        drawn ? static_cast<int>(static_cast<qint64>(m_form.Web->width()) * progress / maximum) : 0;
+    m_form.lblStat->resize(width, m_form.lblStat->height());
+}
+
+} // namespace tallowmere

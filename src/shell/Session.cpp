@@ -1,0 +1,258 @@
+#include "shell/Session.h"
+
+#include "forms/frmMain.h"
+#include "links/BrowserPane.h"
+#include "links/LinkDispatch.h"
+#include "links/LinkPanel.h"
+#include "links/PaneDeck.h"
+#include "links/SeparateBrowser.h"
+#include "links/SitePopups.h"
+#include "market/ActiveEdges.h"
+#include "market/IndexStrip.h"
+#include "market/index_strip.h"
+#include "portfolio/Portfolios.h"
+#include "portfolio/TickerBox.h"
+#include "shell/QtText.h"
+#include "shell/TransferControl.h"
+#include "shell/conversion.h"
+#include "shell/modMain.h"
+#include "shell/setting_keys.h"
+#include "text/runtime_error.h"
+#include "tools/ColorConfig.h"
+#include "webdata/EngineProfile.h"
+#include "webdata/WebAccess.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNamedProxy = 2;
+constexpr int kClubLink = 189;
+
+} // namespace
+
+Session::Session(SessionSetup setup)
+    : m_setup(std::move(setup)),
+      m_settings(m_setup.folders.settingsFile), m_services{m_settings, m_setup.sites,
+                                                           m_setup.prompts, m_setup.clock,
+                                                           m_setup.folders.programFolder},
+      m_web(std::make_unique<WebAccess>(m_setup.web)),
+      m_profile(std::make_unique<EngineProfile>(PathToQt(m_setup.folders.engine),
+                                                PathToQt(m_setup.folders.programFolder), *m_web,
+                                                m_setup.prompts)),
+      m_tmNet(std::make_unique<TransferControl>(*m_web)),
+      m_spooNet(std::make_unique<TransferControl>(*m_web)),
+      m_inet(std::make_unique<TransferPool>(*m_web)),
+      m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
+    m_web->SetPortal(m_setup.portal);
+    frmMain& form = *m_form;
+    m_outside = new SeparateBrowser(m_setup.sites, m_setup.prompts, &form);
+    m_panes = new PaneDeck(form, m_state, m_services, *m_outside);
+    m_portfolios = new Portfolios(form, m_state, m_services);
+    m_tickers = new TickerBox(form, m_state, m_services, *m_portfolios);
+    m_dispatch = new LinkDispatch(form, m_state, m_services, *m_panes, *m_tickers, *m_inet);
+    m_links = new LinkPanel(form, m_state, m_services, *m_dispatch, *m_panes);
+    m_popups = new SitePopups(form, m_state, m_services, m_setup.menus, *m_dispatch, *m_panes);
+    m_strip = new IndexStrip(form, m_services, *m_panes, *m_spooNet);
+    m_edges = new ActiveEdges(form, m_state, m_services);
+    m_colors = new ColorConfig(form, m_services, *m_portfolios);
+    Connect();
+}
+
+Session::~Session() = default;
+
+void Session::Connect() {
+    connect(m_tickers, &TickerBox::OpenLastLink, m_dispatch, &LinkDispatch::Click);
+    connect(m_tickers, &TickerBox::EdgesTouched, m_edges, &ActiveEdges::Touch);
+    connect(m_links, &LinkPanel::EdgesTouched, m_edges, &ActiveEdges::Touch);
+    connect(m_panes, &PaneDeck::BrowsingStarts, m_edges, &ActiveEdges::HideAll);
+    const auto hold = [this](bool held) { m_state.edgesHeld = held; };
+    connect(m_links, &LinkPanel::Held, this, hold);
+    connect(m_popups, &SitePopups::Held, this, hold);
+    connect(m_dispatch, &LinkDispatch::CalculatorRequested, m_outside,
+            &SeparateBrowser::StartCalculator);
+    connect(m_form.get(), &frmMain::Closing, this, &Session::Close);
+    connect(m_form.get(), &frmMain::PanelsChanged, this, &Session::SaveWindow);
+    connect(m_form->menus->exit, &QAction::triggered, m_form.get(), &QWidget::close);
+}
+
+void Session::Start() {
+    ApplyProxy();
+    RestoreWindow();
+    ShowPortfolioLabels();
+    m_portfolios->SetPorts();
+    m_colors->Apply();
+    LoadCustomLinks();
+    ReadFlags();
+    CheckClub();
+    if (Text("First").isEmpty()) {
+        m_settings.SaveSetting("Settings", "First", "OK");
+        m_state.firstStart = true;
+    }
+    ChooseFirstPage();
+    m_state.activeEdge = Flag(kSettingsSection, "ActiveEdge");
+    if (m_state.activeEdge)
+        m_edges->Apply();
+    ShowTickerStrip();
+    m_state.streamLogin = Text("MNL");
+    m_state.streamPassword = Text("MNP");
+    m_links->EnableLinks();
+    m_portfolios->SelectPortfolio(Number(kSettingsSection, "TickerList"));
+    SeedFirstStart();
+    m_strip->Start();
+    m_form->txtStock->setFocus();
+    m_form->show();
+    ReportDamagedSettings();
+}
+
+void Session::ApplyProxy() {
+    const QString proxy = Text("Firewall");
+    if (!proxy.isEmpty()) {
+        m_tmNet->SetProxy(proxy);
+        m_spooNet->SetProxy(proxy);
+        m_inet->SetProxy(proxy);
+    }
+    if (Number(kSettingsSection, "PROXY") == 1) {
+        m_tmNet->SetAccessType(kNamedProxy);
+        m_spooNet->SetAccessType(kNamedProxy);
+        m_inet->SetAccessType(kNamedProxy);
+    }
+}
+
+void Session::RestoreWindow() {
+    try {
+        LoadFormPosition(*m_form, m_settings);
+    } catch (const RuntimeError&) {
+        // The report of damaged settings names the value; the window opens where it can.
+        m_form->resize(PixelsFromTwips(ToInteger(DefaultOf("frmMain", "Width"))),
+                       PixelsFromTwips(ToInteger(DefaultOf("frmMain", "Height"))));
+    }
+    m_form->SetPanels(Number("frmMain", "LeftWidth"), Number("frmMain", "RightWidth"),
+                      Flag("frmMain", "LeftFolded"), Flag("frmMain", "RightFolded"));
+}
+
+void Session::ShowPortfolioLabels() {
+    const bool shown = Flag(kSettingsSection, "PortLabels");
+    m_form->menus->mnuPortOpt[3]->setChecked(shown);
+    m_form->lblPort->setVisible(shown);
+}
+
+void Session::LoadCustomLinks() {
+    for (int slot = kFirstCustom; slot <= kLastCustom; ++slot)
+        m_form->ShowCustomLink(LoadCustomLink(m_settings, slot), slot);
+}
+
+void Session::ReadFlags() {
+    m_state.clubMember = Flag(kSettingsSection, "SAVersion");
+    m_state.toolTips = Flag(kSettingsSection, "Tips");
+    m_form->SetToolTips(m_state.toolTips);
+}
+
+void Session::CheckClub() {
+    if (!m_state.clubMember)
+        return;
+    const QPointer<frmMain> alive(m_form.get());
+    const QString members = ToQt(m_setup.sites.Address("club_members", "/members/"));
+    m_form->Web->Navigate(members);
+    m_form->Web->WaitWhileBusy();
+    if (!alive)
+        return;
+    const QByteArray page = m_tmNet->OpenURL(members);
+    if (!alive)
+        return;
+    if (page.contains("401 Authorization Required"))
+        m_setup.prompts.Message(
+            u"Sorry, your login information for Society Anonyme was incorrect. If you wish to try "
+            "again, u must restart Tallowmere, otherwise uncheck the Societe Anonyme box in setup "
+            "if you are not a member."_s,
+            MessageTitle());
+    else
+        m_form->lbllink[kClubLink]->SetCaption(u"Discussion Groups"_s);
+}
+
+void Session::ChooseFirstPage() {
+    const QString page = Text("DefaultWeb");
+    if (page.isEmpty()) {
+        if (!m_state.clubMember)
+            m_form->Web->Navigate(
+                ToQt(m_setup.sites.Address("quote_server", DetailedIndexQuery())));
+        return;
+    }
+    if (page.startsWith(u'B')) {
+        m_panes->ShowSecond();
+        m_form->WebB->Navigate(page.mid(1));
+    } else {
+        m_panes->ShowFirst();
+        m_form->Web->Navigate(page.mid(1));
+    }
+}
+
+void Session::ShowTickerStrip() {
+    m_state.tickerShown = Flag(kSettingsSection, "WSCTick");
+    if (!m_state.tickerShown)
+        return;
+    m_form->ShowTicker(true);
+    m_form->WebTick->Navigate(ToQt(m_setup.sites.Address("stream_ticker", "/javaticker.html")));
+}
+
+void Session::SeedFirstStart() {
+    if (!m_state.firstStart || m_state.currentPortfolio != 1 || m_form->List1->Count() > 0)
+        return;
+    m_form->List1->AddItems({u"AOL"_s, u"YHOO"_s, u"MSFT"_s});
+    m_portfolios->SaveCurrentList();
+}
+
+// A damaged setting never keeps the program from starting: one message names them all.
+void Session::ReportDamagedSettings() {
+    QString lines;
+    for (const SettingProblem& problem : CheckSettings(m_settings))
+        lines += u'\n' + ToQt(problem.key) + u" = "_s + ToQt(problem.value) + u" ("_s +
+                 ToQt(problem.problem) + u')';
+    if (!lines.isEmpty())
+        m_setup.prompts.Message(u"These settings hold no usable value; their defaults are used:"_s +
+                                    lines,
+                                MessageTitle());
+}
+
+bool Session::Flag(std::string_view section, std::string_view key) const {
+    return ToBoolean(UsableSetting(m_settings, section, key));
+}
+
+int Session::Number(std::string_view section, std::string_view key) const {
+    return ToInteger(UsableSetting(m_settings, section, key));
+}
+
+QString Session::Text(std::string_view key) const {
+    return ToQt(UsableSetting(m_settings, kSettingsSection, key));
+}
+
+void Session::SaveWindow() {
+    m_settings.SaveSetting("frmMain", "LeftWidth", std::to_string(m_form->LeftWidth()));
+    m_settings.SaveSetting("frmMain", "RightWidth", std::to_string(m_form->RightWidth()));
+    m_settings.SaveSetting("frmMain", "LeftFolded", FromBoolean(m_form->LeftFolded()));
+    m_settings.SaveSetting("frmMain", "RightFolded", FromBoolean(m_form->RightFolded()));
+}
+
+void Session::Close() {
+    m_strip->Timer1.stop();
+    for (TransferControl* control : {m_tmNet.get(), m_spooNet.get()})
+        control->Cancel();
+    m_inet->CancelAll();
+    m_settings.SaveSetting("Settings", "TickerList", std::to_string(m_state.currentPortfolio));
+    SaveFormPosition(*m_form, m_settings);
+    QCoreApplication::quit();
+}
+
+void Session::Raise() {
+    m_form->setWindowState((m_form->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    m_form->show();
+    m_form->raise();
+    m_form->activateWindow();
+}
+
+} // namespace tallowmere

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "links/menu_table.h"
+#include "shell/CommandLine.h"
+#include "shell/Folders.h"
+#include "shell/MainState.h"
+#include "shell/Services.h"
+#include "webdata/portal.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace tallowmere {
+
+class ActiveEdges;
+class ColorConfig;
+class EngineProfile;
+class frmMain;
+class IndexStrip;
+class LinkDispatch;
+class LinkPanel;
+class PaneDeck;
+class Portfolios;
+class SeparateBrowser;
+class SitePopups;
+class TickerBox;
+class TransferControl;
+class TransferPool;
+class WebAccess;
+
+/// What a session is started with.
+struct SessionSetup {
+    Folders folders;
+    WebMode web = WebMode::Direct;
+    SiteTable sites;
+    MenuTable menus;
+    /// The built-in portal; only the sample and live modes ask it.
+    std::function<PortalAnswer(const std::string& host, const std::string& pathAndQuery)> portal;
+    Prompts& prompts;
+    const Clock& clock;
+};
+
+/// One run of the program: owns the main window, what it works with and the controllers, and takes
+/// them through the start and the close.
+class Session : public QObject {
+    Q_OBJECT
+public:
+    explicit Session(SessionSetup setup);
+    ~Session() override;
+
+    /// Runs the start sequence and shows the window.
+    void Start();
+
+    /// Brings the window to the front.
+    void Raise();
+
+    frmMain& Form() { return *m_form; }
+    MainState& State() { return m_state; }
+    SettingsStore& Settings() { return m_settings; }
+    IndexStrip& Strip() { return *m_strip; }
+    LinkDispatch& Dispatch() { return *m_dispatch; }
+    SitePopups& Popups() { return *m_popups; }
+
+private:
+    void Connect();
+    void ApplyProxy();
+    void RestoreWindow();
+    void ShowPortfolioLabels();
+    void LoadCustomLinks();
+    void ReadFlags();
+    void CheckClub();
+    void ChooseFirstPage();
+    void ShowTickerStrip();
+    void SeedFirstStart();
+    void ReportDamagedSettings();
+    void Close();
+
+    bool Flag(std::string_view section, std::string_view key) const;
+    int Number(std::string_view section, std::string_view key) const;
+    QString Text(std::string_view key) const;
+    void SaveWindow();
+
+    SessionSetup m_setup;
+    SettingsStore m_settings;
+    Services m_services;
+    MainState m_state;
+    std::unique_ptr<WebAccess> m_web;
+    std::unique_ptr<EngineProfile> m_profile;
+    std::unique_ptr<TransferControl> m_tmNet;
+    std::unique_ptr<TransferControl> m_spooNet;
+    std::unique_ptr<TransferPool> m_inet;
+    std::unique_ptr<frmMain> m_form;
+    // Controllers; the form owns them.
+    SeparateBrowser* m_outside = nullptr;
+    PaneDeck* m_panes = nullptr;
+    Portfolios* m_portfolios = nullptr;
+    TickerBox* m_tickers = nullptr;
+    LinkDispatch* m_dispatch = nullptr;
+    LinkPanel* m_links = nullptr;
+    SitePopups* m_popups = nullptr;
+    IndexStrip* m_strip = nullptr;
+    ActiveEdges* m_edges = nullptr;
+    ColorConfig* m_colors = nullptr;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,53 @@
+#include "tools/ColorConfig.h"
+
+#include "forms/frmMain.h"
+#include "portfolio/Portfolios.h"
+#include "shell/QtText.h"
+#include "shell/conversion.h"
+#include "shell/setting_keys.h"
+#include "text/runtime_error.h"
+
+namespace tallowmere {
+
+namespace {
+
+void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
+           QPalette::ColorRole background) {
+    QPalette palette = control->palette();
+    palette.setColor(text, ScreenColor(colors.text, palette));
+    palette.setColor(background, ScreenColor(colors.background, palette));
+    control->setPalette(palette);
+}
+
+} // namespace
+
+AreaColors ReadAreaColors(const SettingsStore& settings) {
+    return AreaColors([&settings](std::string_view key) -> std::optional<std::uint32_t> {
+        const std::string value = settings.GetSetting(kColorsSection, key, "");
+        try {
+            return value.empty() ? std::nullopt : std::optional(ToColor(value));
+        } catch (const RuntimeError&) {
+            return std::nullopt; // the report at the start names it
+        }
+    });
+}
+
+ColorConfig::ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios)
+    : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {}
+
+void ColorConfig::Apply() {
+    const AreaColors colors = ReadAreaColors(m_services.settings);
+    Paint(m_form.txtStock, colors.Of("TE"), QPalette::Text, QPalette::Base);
+    Paint(m_form.List1, colors.Of("TL"), QPalette::Text, QPalette::Base);
+    m_portfolios.PaintNumbers();
+    Paint(m_form.WebStatus, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
+    Paint(m_form.lblStat, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
+    m_form.SetBackground(ScreenColor(colors.Of("Back").background, m_form.palette()));
+    for (Chip* link : m_form.lbllink) {
+        const std::string tag = FromQt(link->property("tag").toString());
+        if (const auto pair = colors.OfLink(link->Index(), tag, FromQt(link->Caption())))
+            link->SetColors(*pair);
+    }
+}
+
+} // namespace tallowmere

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "shell/Services.h"
+#include "tools/color_config.h"
+
+#include <QObject>
+
+namespace tallowmere {
+
+class frmMain;
+class Portfolios;
+
+/// The colours of all areas as the settings hold them. A value that is no colour counts as never
+/// saved.
+AreaColors ReadAreaColors(const SettingsStore& settings);
+
+/// Applies the colours of all areas to the controls of the main window.
+class ColorConfig : public QObject {
+    Q_OBJECT
+public:
+    ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios);
+
+    void Apply();
+
+private:
+    frmMain& m_form;
+    Services m_services;
+    Portfolios& m_portfolios;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class QWebEngineDownloadRequest;
+class QWebEngineProfile;
+
+namespace tallowmere {
+
+class Prompts;
+class WebAccess;
+
+/// The one profile of all panes: what sites store lives in it and survives a restart, and what
+/// pages may do is decided in it. Pages belong to it and end before it.
+class EngineProfile : public QObject {
+    Q_OBJECT
+public:
+    /// `storageFolder` is made, for its owner alone, and holds cookies, logins and the cache;
+    /// `programFolder` holds the generated pages.
+    EngineProfile(const QString& storageFolder, const QString& programFolder,
+                  const WebAccess& access, Prompts& prompts, QObject* parent = nullptr);
+    ~EngineProfile() override;
+
+    QWebEngineProfile& Engine() { return *m_engine; }
+    const WebAccess& Access() const { return m_access; }
+    const QString& ProgramFolder() const { return m_programFolder; }
+
+Q_SIGNALS:
+    /// How a download goes, for a status line: "Saving <file>", "Saved <file>".
+    void DownloadStatus(const QString& text);
+
+private:
+    void AskForDownload(QWebEngineDownloadRequest* download);
+    void Report(const QWebEngineDownloadRequest& download);
+
+    const WebAccess& m_access;
+    Prompts& m_prompts;
+    QString m_programFolder;
+    std::unique_ptr<QWebEngineProfile> m_engine;
+};
+
+} // namespace tallowmere

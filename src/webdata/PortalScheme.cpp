@@ -1,0 +1,79 @@
+#include "webdata/PortalScheme.h"
+
+#include "text/bytes.h"
+#include "webdata/WebAccess.h"
+#include "webdata/web_address.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QStringDecoder>
+#include <QUrl>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArray& body) {
+    auto* buffer = new QBuffer(job);
+    buffer->setData(body);
+    job->reply(type, buffer);
+}
+
+// Bytes that are no UTF-8 are shown as Windows-1252.
+QByteArray PageType(const QByteArray& body) {
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString decoded = decoder(body);
+    return decoder.hasError() ? "text/html; charset=windows-1252" : "text/html; charset=utf-8";
+}
+
+} // namespace
+
+PortalScheme::PortalScheme(const WebAccess& access, QString programFolder, QObject* parent)
+    : QWebEngineUrlSchemeHandler(parent), m_access(access),
+      m_programFolder(std::move(programFolder)) {}
+
+void PortalScheme::Register() {
+    QWebEngineUrlScheme scheme(Name().toLatin1());
+    scheme.setSyntax(QWebEngineUrlScheme::Syntax::HostAndPort);
+    scheme.setDefaultPort(80);
+    QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+QUrl PortalScheme::PageUrl(std::string_view name) {
+    const std::string url = "portal://pages/" + PercentEncode(name);
+    return QUrl::fromEncoded(QByteArray::fromStdString(url));
+}
+
+void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
+    const QUrl url = job->requestUrl();
+    if (url.host() == PagesHost()) {
+        AnswerPage(job);
+    } else if (const auto answer = m_access.Answer(url)) {
+        Reply(job, QByteArray::fromStdString(answer->type),
+              QByteArray::fromStdString(answer->body));
+    } else {
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    }
+}
+
+void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
+    // A page from the web has no business with what the user's own pages hold.
+    if (IsWebUrl(job->initiator())) {
+        job->fail(QWebEngineUrlRequestJob::RequestDenied);
+        return;
+    }
+    const QString name = job->requestUrl().path(QUrl::FullyDecoded).mid(1);
+    QFile file(m_programFolder + u'/' + name);
+    if (!IsGeneratedPageName(name.toStdString()) || !file.open(QIODevice::ReadOnly)) {
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        return;
+    }
+    const QByteArray body = file.readAll();
+    Reply(job, PageType(body), body);
+}
+
+} // namespace tallowmere

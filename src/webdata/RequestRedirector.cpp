@@ -1,0 +1,21 @@
+#include "webdata/RequestRedirector.h"
+
+#include "webdata/WebAccess.h"
+
+namespace tallowmere {
+
+RequestRedirector::RequestRedirector(const WebAccess& access, QObject* parent)
+    : QWebEngineUrlRequestInterceptor(parent), m_access(access) {}
+
+void RequestRedirector::interceptRequest(QWebEngineUrlRequestInfo& info) {
+    const QUrl url = info.requestUrl();
+    const QString scheme = url.scheme();
+    const bool isSocket = scheme == u"ws" || scheme == u"wss";
+    // No page shows a file of the user, and sample mode works without any network.
+    if (scheme == u"file" || (isSocket && m_access.Mode() == WebMode::Sample))
+        info.block(true);
+    else if (const auto target = m_access.Resolve(url))
+        info.redirect(*target);
+}
+
+} // namespace tallowmere

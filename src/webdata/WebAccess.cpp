@@ -1,0 +1,71 @@
+#include "webdata/WebAccess.h"
+
+#include "webdata/PortalScheme.h"
+#include "webdata/web_address.h"
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A host of this name would be taken for the program's own pages.
+QString PortalHost(const QString& host) {
+    return host == PortalScheme::PagesHost() ? host + u".invalid"_s : host;
+}
+
+QUrl PortalUrl(QUrl url) {
+    const int usual = url.scheme() == u"https" ? 443 : 80;
+    if (url.port(usual) == usual)
+        url.setPort(-1);
+    url.setScheme(PortalScheme::Name());
+    url.setHost(PortalHost(url.host()));
+    url.setUserInfo({});
+    if (url.path().isEmpty())
+        url.setPath(u"/"_s);
+    return url;
+}
+
+} // namespace
+
+std::optional<QUrl> WebAccess::Resolve(const QUrl& url) const {
+    if (!IsWebUrl(url))
+        return {};
+    if (m_mode == WebMode::Sample)
+        return PortalUrl(url);
+    if (m_mode == WebMode::Direct || !m_resolver)
+        return {};
+    const std::string address = url.toEncoded().toStdString();
+    const std::string standIn = m_resolver(address);
+    if (standIn == address)
+        return {};
+    return QUrl(QString::fromStdString(standIn));
+}
+
+std::optional<PortalAnswer> WebAccess::Answer(const QUrl& portalUrl) const {
+    if (!m_portal)
+        return {};
+    const QByteArray host =
+        portalUrl.toEncoded(QUrl::RemoveScheme | QUrl::RemoveUserInfo | QUrl::RemovePath |
+                            QUrl::RemoveQuery | QUrl::RemoveFragment);
+    const QByteArray path =
+        portalUrl.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
+    return m_portal(host.mid(2).toStdString(), path.toStdString());
+}
+
+QUrl WebAccess::AsBuilt(const QUrl& url) {
+    QUrl built = url;
+    if (url.scheme() == PortalScheme::Name() && url.host() != PortalScheme::PagesHost())
+        built.setScheme(u"http"_s);
+    return built;
+}
+
+bool IsWebUrl(const QUrl& url) {
+    return url.scheme() == u"http" || url.scheme() == u"https";
+}
+
+QUrl UrlFromAddress(const QString& address) {
+    return QUrl(QString::fromStdString(WithScheme(address.toStdString())), QUrl::TolerantMode);
+}
+
+} // namespace tallowmere

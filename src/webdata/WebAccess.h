@@ -1,0 +1,53 @@
+#pragma once
+
+#include "shell/CommandLine.h"
+#include "webdata/portal.h"
+
+#include <QUrl>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tallowmere {
+
+/// Decides where an http(s) address leads when the engine or a transfer asks for it. The address
+/// that is built, shown and stored never changes; only this answer does.
+class WebAccess {
+public:
+    /// Answers host (with its port, if any) and path with query.
+    using PortalFunction = std::function<PortalAnswer(const std::string&, const std::string&)>;
+    /// Gives the address that stands in for an address, or the same address.
+    using Resolver = std::function<std::string(const std::string&)>;
+
+    explicit WebAccess(WebMode mode) : m_mode(mode) {}
+
+    WebMode Mode() const { return m_mode; }
+    void SetPortal(PortalFunction portal) { m_portal = std::move(portal); }
+    /// Used in live mode only.
+    void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
+
+    /// Where an http(s) address leads instead; nothing when it is loaded as it stands. In sample
+    /// mode every such address leads to the portal.
+    std::optional<QUrl> Resolve(const QUrl& url) const;
+
+    /// The portal's answer to an address of its scheme; nothing without a portal.
+    std::optional<PortalAnswer> Answer(const QUrl& portalUrl) const;
+
+    /// The http address that an address of the portal stands for; any other address as it is.
+    static QUrl AsBuilt(const QUrl& url);
+
+private:
+    WebMode m_mode;
+    PortalFunction m_portal;
+    Resolver m_resolver;
+};
+
+/// Whether an address has the scheme http or https.
+bool IsWebUrl(const QUrl& url);
+
+/// An address as typed or built, made fit for loading: blanks around it cut off, "http://" before
+/// it when it has no scheme. Invalid when it cannot be read as an address.
+QUrl UrlFromAddress(const QString& address);
+
+} // namespace tallowmere

@@ -1,0 +1,165 @@
+#include "portfolio/keyed_store.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+#include "text/files.h"
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class PortfoliosTest : public QObject {
+    Q_OBJECT
+private:
+    static void SetNote(TestSession& session, const char* ticker, const char* note) {
+        std::string ignored;
+        TickerNotes(session.Folder(), ignored, "SET", ticker, note, "\\TickNotes.txt");
+    }
+    static QString Note(TestSession& session, const char* ticker) {
+        std::string note;
+        TickerNotes(session.Folder(), note, "GET", ticker, "", "\\TickNotes.txt");
+        return ToQt(note);
+    }
+    static void SelectNumber(TestSession& session, int n) {
+        QTest::mouseClick(session.Form().lblListNum.at(static_cast<std::size_t>(n)),
+                          Qt::LeftButton);
+    }
+
+private Q_SLOTS:
+    void TheFirstStartSeedsThreeTickers() {
+        TestSession session;
+        session.Start();
+        QCOMPARE(session.Form().List1->Items(), (QStringList{u"AOL"_s, u"YHOO"_s, u"MSFT"_s}));
+        QCOMPARE(session.Stored("Stocks1"), u"AOL|YHOO|MSFT|"_s);
+        QCOMPARE(session.Stored("First"), u"OK"_s);
+        QCOMPARE(session.Form().lblPort->Caption(), u"Portfolio #1"_s);
+    }
+
+    void ASecondStartSeedsNothing() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Start();
+        QCOMPARE(session.Form().List1->Count(), 0);
+    }
+
+    void AtTheStartTheFirstTickerIsSelected() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks3", "IBM|MSFT|");
+        session.Store("TickerList", "3");
+        session.Start();
+        QCOMPARE(session.Form().List1->SelectedText(), u"IBM"_s);
+    }
+
+    void SwitchingRemembersTheSelectionAndInvertsTheNumber() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB|CCC|");
+        session.Store("Stocks2", "XXX|YYY|");
+        session.Store("PortName2", "R&D");
+        session.Start();
+        session.Form().List1->SetListIndex(2);
+        SelectNumber(session, 2);
+        QCOMPARE(session.Form().List1->Items(), (QStringList{u"XXX"_s, u"YYY"_s}));
+        QCOMPARE(session.Form().List1->ListIndex(), 0);
+        QCOMPARE(session.Form().lblPort->Caption(), u"R&D"_s);
+        QCOMPARE(session.Form().lblListNum[2]->Colors(), (ColorPair{0x000080, 0xFFFFFF}));
+        QCOMPARE(session.Form().lblListNum[1]->Colors(), (ColorPair{0xFFFFFF, 0x000080}));
+        SelectNumber(session, 1);
+        QCOMPARE(session.Form().List1->ListIndex(), 2);
+    }
+
+    void AnEmptyListIsNotWrittenBySwitching() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|");
+        session.Start();
+        session.Form().List1->Clear();
+        SelectNumber(session, 2);
+        QCOMPARE(session.Stored("Stocks1"), u"AAA|"_s);
+    }
+
+    void ARememberedIndexBeyondTheListSelectsNothing() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB|CCC|");
+        session.Start();
+        session.Form().List1->SetListIndex(2);
+        SelectNumber(session, 2);
+        session.Store("Stocks1", "AAA|");
+        SelectNumber(session, 1);
+        QCOMPARE(session.Form().List1->ListIndex(), -1);
+    }
+
+    void AListWithoutItsLastBarLoadsWholeAndIsMended() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB");
+        session.Start();
+        QCOMPARE(session.Form().List1->Items(), (QStringList{u"AAA"_s, u"BBB"_s}));
+        SelectNumber(session, 2);
+        QCOMPARE(session.Stored("Stocks1"), u"AAA|BBB|"_s);
+    }
+
+    void RemovingATickerRemovesItsNoteUnlessItsTextStandsElsewhere() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "IBM|AOL|");
+        session.Store("Stocks5", "IBMX|");
+        SetNote(session, "IBM", "kept");
+        SetNote(session, "AOL", "gone");
+        session.Start();
+        QTest::mouseClick(session.Form().Label1, Qt::LeftButton);
+        QCOMPARE(session.Stored("Stocks1"), u"AOL|"_s);
+        QCOMPARE(session.Form().List1->ListIndex(), -1);
+        QCOMPARE(Note(session, "IBM"), u"kept"_s);
+        session.Form().List1->SetListIndex(0);
+        QTest::keyClick(session.Form().List1, Qt::Key_Delete);
+        QCOMPARE(session.Stored("Stocks1"), QString());
+        QCOMPARE(Note(session, "AOL"), QString());
+        QTest::keyClick(session.Form().List1, Qt::Key_Delete);
+        QCOMPARE(session.Form().List1->Count(), 0);
+    }
+
+    void ADoubleClickOnTheCrossRemovesOneTickerAndThenAsks() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB|CCC|");
+        session.Store("Stocks2", "CCC|");
+        for (const char* ticker : {"AAA", "BBB", "CCC"})
+            SetNote(session, ticker, "note");
+        session.Start();
+        QTest::mouseClick(session.Form().Label1, Qt::LeftButton);
+        QTest::mouseDClick(session.Form().Label1, Qt::LeftButton);
+        QCOMPARE(session.prompts.messages, QStringList{u"Clear Stocks: Clear Stock List?"_s});
+        QCOMPARE(session.Form().List1->Items(), (QStringList{u"BBB"_s, u"CCC"_s}));
+        session.prompts.answers = {true};
+        QTest::mouseDClick(session.Form().Label1, Qt::LeftButton);
+        QCOMPARE(session.Form().List1->Count(), 0);
+        QCOMPARE(session.Stored("Stocks1"), QString());
+        QCOMPARE(Note(session, "BBB"), QString());
+        QCOMPARE(Note(session, "CCC"), u"note"_s);
+    }
+
+    void ThePortfolioNamesStandInTheFourSubmenus() {
+        TestSession session;
+        session.Store("PortName4", "Fish & Chips");
+        session.Start();
+        const MainMenus& menus = *session.Form().menus;
+        for (const PortfolioMenu* menu : {&menus.mnuCopyPort, &menus.mnuMovePort,
+                                          &menus.mnuMoveAllPort, &menus.mnuCopyAllPort}) {
+            QCOMPARE(menu->items[3]->text(), u"Portfolio #3"_s);
+            QCOMPARE(menu->items[4]->text(), u"Fish && Chips"_s);
+        }
+    }
+
+    void TheCurrentPortfolioIsWrittenAtTheClose() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Start();
+        SelectNumber(session, 7);
+        session.Form().close();
+        QCOMPARE(session.Stored("TickerList"), u"7"_s);
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(PortfoliosTest)
+#include "PortfoliosTest.moc"

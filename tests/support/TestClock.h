@@ -1,0 +1,14 @@
+#pragma once
+
+#include "shell/Clock.h"
+
+namespace tallowmere {
+
+/// A clock that stands until the test moves it.
+class TestClock : public Clock {
+public:
+    QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(10, 0));
+    QDateTime Now() const override { return now; }
+};
+
+} // namespace tallowmere

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "forms/frmMain.h"
+#include "shell/QtText.h"
+#include "shell/Session.h"
+#include "support/TestClock.h"
+#include "support/TestPrompts.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace tallowmere {
+
+/// A session on a fresh profile, with scripted answers and a clock that stands. All sites lie on
+/// one host; in sample mode every page is answered by `portal`.
+class TestSession {
+public:
+    explicit TestSession(const QString& host = QStringLiteral("h.example"),
+                         WebMode mode = WebMode::Sample)
+        : m_host(host), m_mode(mode), m_settings(ToPath(m_folder.path()) / "settings.ini") {}
+
+    TestPrompts prompts;
+    TestClock clock;
+    QStringList asked; ///< addresses that the portal was asked for
+    /// What the built-in portal answers; a plain page unless the test says otherwise.
+    std::function<PortalAnswer(const std::string&, const std::string&)> portal =
+        [](const std::string&, const std::string&) {
+            return PortalAnswer{"text/html", "<html><body>page</body></html>"};
+        };
+
+    /// The settings as they are on disk, before or after a start.
+    SettingsStore& Settings() { return m_settings; }
+    std::filesystem::path Folder() const { return ToPath(m_folder.path()); }
+
+    /// Makes the session and runs its start sequence. Called again it starts anew on the same
+    /// profile.
+    Session& Start() {
+        m_session.reset();
+        Folders folders;
+        folders.settingsFile = Folder() / "settings.ini";
+        folders.programFolder = Folder();
+        folders.engine = Folder() / "engine";
+        const auto answer = [this](const std::string& host, const std::string& path) {
+            asked << ToQt(host + path);
+            return portal(host, path);
+        };
+        m_session.reset(new Session(
+            {folders, m_mode,
+             SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n", "sites.toml"),
+             MenuTable::Parse("", "menus.toml"), answer, prompts, clock}));
+        m_session->Start();
+        return *m_session;
+    }
+
+    Session& operator*() { return *m_session; }
+    Session* operator->() { return m_session.get(); }
+    frmMain& Form() { return m_session->Form(); }
+    Chip* Link(int index) { return Form().lbllink.at(static_cast<std::size_t>(index)); }
+
+    /// A stored value of section "Settings".
+    QString Stored(const char* key) const {
+        return ToQt(m_settings.GetSetting("Settings", key, "<absent>"));
+    }
+    void Store(const char* key, const char* value) {
+        m_settings.SaveSetting("Settings", key, value);
+    }
+
+    /// Clicks a link with the left button.
+    void ClickLink(int index) { QTest::mouseClick(Link(index), Qt::LeftButton); }
+
+    /// Types a line into the entry box and presses Enter.
+    void Enter(const QString& text) {
+        Form().txtStock->setFocus();
+        Form().txtStock->clear();
+        QTest::keyClicks(Form().txtStock, text);
+        QTest::keyClick(Form().txtStock, Qt::Key_Return);
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_host;
+    WebMode m_mode;
+    SettingsStore m_settings;
+    std::unique_ptr<Session> m_session;
+};
+
+} // namespace tallowmere
