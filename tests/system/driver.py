@@ -61,6 +61,12 @@ def stop(process):
             process.wait()
 
 
+def _noon():
+    """The time zone in which it is about noon now: what depends on the time of day (the strip of
+    indices rests during the first minutes after midnight) is the same at any hour."""
+    return "NOON%+d" % (time.gmtime().tm_hour - 12)
+
+
 @contextlib.contextmanager
 def desktop(size=(1920, 1200)):
     """A virtual display with a session bus, a window manager and the accessibility bus on it; the
@@ -74,7 +80,9 @@ def desktop(size=(1920, 1200)):
             return process
 
         number, theirs = os.pipe()
-        run("Xvfb", "-displayfd", str(theirs), "-nolisten", "tcp",
+        # Without -noreset the server starts afresh, and drops whom it has, when its last client of
+        # the moment leaves.
+        run("Xvfb", "-displayfd", str(theirs), "-nolisten", "tcp", "-noreset",
             "-screen", "0", "%dx%dx24" % size, pass_fds=[theirs])
         os.close(theirs)
         with os.fdopen(number) as pipe:
@@ -86,9 +94,14 @@ def desktop(size=(1920, 1200)):
         os.environ.update(
             HOME=home, XDG_RUNTIME_DIR=home, XDG_CONFIG_HOME=home + "/config",
             XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache",
-            LANG="C.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
+            LANG="C.UTF-8", TZ=_noon(), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
+            # The engine tells of its pages only when it is asked to.
+            QTWEBENGINE_CHROMIUM_FLAGS="--force-renderer-accessibility",
             # The bus's services would start daemons of the desktop that nobody here needs.
             GIO_USE_VFS="local", NO_AT_BRIDGE="1")
+        if os.geteuid() == 0:
+            # The web engine refuses its sandbox to root and would end the program.
+            os.environ["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
         bus = run("dbus-daemon", "--session", "--nofork", "--print-address=1",
                   stdout=subprocess.PIPE, text=True)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
@@ -106,21 +119,23 @@ class Server:
     """A web server on the loopback interface. `pages` maps a path with its query to a body; any
     other address gives a small page that names it. `requests` is what was asked for, in order."""
 
-    def __init__(self, pages=None):
-        self.pages = dict(pages or {})
+    def __init__(self):
+        self.pages = {}
         self.requests = []
         self._changed = threading.Condition()
         server = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
             def do_GET(self):
+                # A circumflex comes as it is from one client and percent-encoded from another.
+                path = self.path.replace("%5E", "^").replace("%5e", "^")
                 with server._changed:
-                    server.requests.append((time.monotonic(), self.path))
+                    server.requests.append((time.monotonic(), path))
                     server._changed.notify_all()
-                body = server.pages.get(self.path)
+                body = server.pages.get(path)
                 if body is None:
-                    body = f"<html><head><title>{self.path}</title></head>" \
-                           f"<body><h1>Page {self.path}</h1></body></html>"
+                    body = f"<html><head><title>{path}</title></head>" \
+                           f"<body><h1>Page {path}</h1></body></html>"
                 data = body.encode()
                 self.send_response(200)
                 self.send_header("Content-Type", "text/html; charset=utf-8")
@@ -193,8 +208,9 @@ class Widget:
     @property
     def text(self):
         """What an entry box or a text holds."""
-        text = self._read(self.node.get_text_iface, None)
-        return self._read(lambda: Atspi.Text.get_text(text, 0, -1), "") if text else ""
+        if "Text" not in self._read(lambda: Atspi.Accessible.get_interfaces(self.node), []):
+            return ""
+        return self._read(lambda: Atspi.Text.get_text(self.node, 0, -1), "")
 
     def has(self, state):
         return self._read(lambda: self.node.get_state_set().contains(state), False)
@@ -231,25 +247,28 @@ class Widget:
                  for i in range(count))
         return [Widget(node) for node in nodes if node]
 
-    def walk(self):
-        """This control and all below it, but not what web pages show."""
+    def walk(self, hidden=False):
+        """This control and all below it, with or without what cannot be seen, but not what web
+        pages show. What is inside of something hidden may call itself visible all the same."""
         self.node.clear_cache()
         waiting = [self]
         while waiting:
             widget = waiting.pop()
+            if widget is not self and not hidden and not widget.showing:
+                continue
             yield widget
             if widget.role not in ("document web", "document frame"):
                 waiting += reversed(widget._known_children())
 
-    def find_all(self, name=None, role=None, showing=True):
+    def find_all(self, name=None, role=None, hidden=False):
         """All controls below with that name (a text or a pattern) and role."""
         def fits(widget):
             if name is not None:
                 own = widget.name
                 if not (name.search(own) if isinstance(name, re.Pattern) else name == own):
                     return False
-            return (role is None or widget.role == role) and (not showing or widget.showing)
-        return [widget for widget in self.walk() if fits(widget)]
+            return role is None or widget.role == role
+        return [widget for widget in self.walk(hidden) if fits(widget)]
 
     def find(self, name=None, role=None, seconds=PATIENCE, **more):
         """The first of them, waited for."""
@@ -294,12 +313,12 @@ def screenshot(path):
 class Program:
     """The program under test as a process with its main window."""
 
-    def __init__(self, binary, *arguments, profile=None, log=None):
-        self.arguments = [str(binary), *map(str, arguments)]
+    def __init__(self, binary, *arguments, profile=None):
+        command = [str(binary), *map(str, arguments)]
         if profile is not None:
-            self.arguments += ["--profile", str(profile)]
-        self._log = log or tempfile.TemporaryFile()
-        self.process = start(self.arguments, stdout=subprocess.DEVNULL, stderr=self._log,
+            command += ["--profile", str(profile)]
+        self._log = tempfile.TemporaryFile()
+        self.process = start(command, stdout=subprocess.DEVNULL, stderr=self._log,
                              stdin=subprocess.DEVNULL)
 
     def errors(self):
@@ -354,8 +373,12 @@ class Program:
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def stop(self):
         stop(self.process)
+        self._log.close()
+
+    def __exit__(self, *_):
+        self.stop()
 
 
 def geometry(window):
@@ -364,6 +387,13 @@ def geometry(window):
                             capture_output=True, text=True)
     values = dict(line.split("=", 1) for line in result.stdout.splitlines() if "=" in line)
     return tuple(int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+
+
+def place(window, left, top, width, height):
+    """Moves and resizes a window by its id, as far as its own rules allow."""
+    xdotool("windowmove", "--sync", window, left, top)
+    xdotool("windowsize", window, width, height)
+    wait_for(lambda: geometry(window)[2:] == (width, height), "the new size of the window")
 
 
 class SystemTest(unittest.TestCase):
@@ -377,17 +407,18 @@ class SystemTest(unittest.TestCase):
         self.server = Server()
         self.addCleanup(self.server.close)
 
-    def sites(self, text=None):
-        """Writes a site file; without a text, one that sends everything to the server."""
+    def sites(self, text):
+        """Writes a site file."""
         path = self.folder / "sites.toml"
-        path.write_text(text or f'[hosts]\ndefault = "http://{self.server.host}"\n')
+        path.write_text(text)
         return path
 
-    def start(self, *arguments, profile="profile"):
-        """Starts the program against the server; it is stopped when the test ends."""
-        program = Program(SystemTest.binary, "--web", "direct", "--sites", self.sites(),
-                          *arguments, profile=self.folder / profile)
-        self.addCleanup(stop, program.process)
+    def start(self, profile="profile", more_hosts=""):
+        """Starts the program with every site at the server; it is stopped when the test ends."""
+        sites = self.sites(f'[hosts]\ndefault = "http://{self.server.host}"\n{more_hosts}')
+        program = Program(SystemTest.binary, "--web", "direct", "--sites", sites,
+                          profile=self.folder / profile)
+        self.addCleanup(program.stop)
         self.addCleanup(screenshot, SCREENSHOTS / f"{self.id().rpartition('.')[2]}.png")
         return program
 

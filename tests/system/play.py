@@ -11,7 +11,7 @@ import driver
 
 def play(window):
     """Types msft, presses Enter, selects it in the list and clicks "Y!"."""
-    entry = window.find(role="text", name="Ticker")
+    entry = window.find(role="text", name="Ticker entry")
     entry.click()
     driver.type_text("msft")
     driver.press("Return")
@@ -32,8 +32,7 @@ def main():
             tempfile.TemporaryDirectory(prefix="profile-") as profile, \
             driver.Program(options.program, *options.arguments, profile=profile) as program:
         window = program.main_window()
-        driver.xdotool("windowsize", "--sync", program.window_id(), width, height)
-        driver.xdotool("windowmove", program.window_id(), 0, 0)
+        driver.place(program.window_id(), 0, 0, width, height)
         play(window)
         driver.wait_for(lambda: any("MSFT" in title for title in program.pages()),
                         "the page about MSFT")
