@@ -43,7 +43,9 @@ int Run(const CommandLine& commandLine) {
     std::unique_ptr<SamplePortal> portal;
     if (commandLine.web == WebMode::Sample)
         portal = std::make_unique<SamplePortal>(
-            sites, SampleMarket::Parse(ReadTable(folders.data / "sample_market.txt")));
+            sites, SampleMarket::Parse(ReadTable(folders.data / "sample_market.txt")),
+            PortalTexts{ReadTable(folders.data / "rr.html"),
+                        ReadTable(folders.data / "newsites.html")});
     const auto answer = [&](const std::string& host, const std::string& pathAndQuery) {
         return portal->Answer(host, pathAndQuery, clock.Today());
     };

@@ -1,0 +1,70 @@
+#include "webdata/html_page.h"
+
+#include "text/bytes.h"
+
+#include <algorithm>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::size_t kLongestShown = 2000;
+
+// Every pair of text and background has a contrast above 4.5 in both schemes.
+constexpr std::string_view kStyle = R"(
+:root { color-scheme: light dark; --text: #1f2328; --quiet: #57606a; --page: #ffffff;
+  --line: #d0d7de; --head: #f0f3f6; --link: #0a58a6; --up: #14692f; --down: #b3261e;
+  --note-text: #5c3a00; --note: #fff1d0; }
+@media (prefers-color-scheme: dark) { :root { --text: #e6edf3; --quiet: #a3adb8; --page: #14181d;
+  --line: #39424d; --head: #1f252c; --link: #78b4ff; --up: #5fd080; --down: #ff8f86;
+  --note-text: #ffe2a8; --note: #43330f; } }
+body { margin: 0 auto; max-width: 60rem; padding: 0 1rem 1rem; font: 0.95rem/1.45 sans-serif;
+  color: var(--text); background: var(--page); }
+.note { margin: 0 -1rem 1rem; padding: 0.4rem 1rem; font-weight: bold; color: var(--note-text);
+  background: var(--note); }
+h1 { margin: 0 0 0.2rem; font-size: 1.5rem; }
+h2 { margin: 1.4rem 0 0.4rem; font-size: 1.1rem; }
+p { margin: 0.3rem 0; }
+a { color: var(--link); }
+.quiet { color: var(--quiet); }
+.up { color: var(--up); }
+.down { color: var(--down); }
+.price { font-size: 1.6rem; font-weight: bold; }
+code { overflow-wrap: anywhere; }
+table.figures { border-collapse: collapse; margin: 0.5rem 0; }
+table.figures th, table.figures td { padding: 0.2rem 0.7rem; text-align: right;
+  border-bottom: 1px solid var(--line); font-variant-numeric: tabular-nums; }
+table.figures th { background: var(--head); }
+table.figures th:first-child, table.figures td:first-child { text-align: left; }
+svg, img { max-width: 100%; height: auto; }
+nav a { margin-right: 0.9rem; }
+.strip { white-space: nowrap; }
+.strip span { margin-right: 1.4rem; }
+@media print { body { max-width: none; padding: 0; font-size: 10pt; } nav { display: none; }
+  .note { margin: 0 0 0.5rem; border: 1px solid; } }
+)";
+
+} // namespace
+
+std::string HtmlPage(std::string_view title, std::string_view body) {
+    std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
+    page.append(ShownText(title)).append(" - SAMPLE DATA</title><style>").append(kStyle);
+    page += "</style></head>\n<body><p class=\"note\">SAMPLE DATA: every price and figure on this "
+            "page is invented.</p>\n";
+    return page.append(body).append("\n</body></html>\n");
+}
+
+std::string ShownText(std::string_view text) {
+    const bool isLong = text.size() > kLongestShown;
+    std::string shown(text.substr(0, kLongestShown));
+    std::replace_if(
+        shown.begin(), shown.end(),
+        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    return EscapeHtml(shown) + (isLong ? " ..." : "");
+}
+
+std::string HtmlLink(std::string_view href, std::string_view text) {
+    return "<a href=\"" + EscapeHtml(href) + "\">" + ShownText(text) + "</a>";
+}
+
+} // namespace tallowmere
