@@ -23,11 +23,13 @@ bool IsDamaged(std::string_view line) {
                        [](char c) { return IsControl(c) && c != '\t' && c != '\r' && c != '\n'; });
 }
 
+std::string_view SkipBlanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+}
+
 std::string_view TrimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    text = SkipBlanks(text);
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 std::string Quoted(std::string_view text) {
@@ -121,21 +123,19 @@ bool ReadSection(std::string_view text, std::string& name) {
 }
 
 bool ReadKey(std::string_view text, Line& line) {
-    std::string_view rest = TrimBlanks(text);
-    if (rest.empty() || Contains("[;#", rest.substr(0, 1)))
+    const std::string_view start = SkipBlanks(text);
+    if (start.empty() || Contains("[;#", start.substr(0, 1)))
         return false;
-    if (ReadQuoted(rest, line.name) && TrimBlanks(rest).starts_with('=')) {
-        rest = TrimBlanks(rest).substr(1);
-    } else {
-        rest = TrimBlanks(text);
-        const auto equals = rest.find('=');
-        if (equals == std::string_view::npos)
-            return false;
-        line.name = TrimBlanks(rest.substr(0, equals));
-        rest.remove_prefix(equals + 1);
+    std::string_view rest = start;
+    if (!ReadQuoted(rest, line.name) || !SkipBlanks(rest).starts_with('=')) {
+        line.name = TrimBlanks(start.substr(0, start.find('=')));
+        rest = start;
     }
-    const auto blanks = std::min(rest.find_first_not_of(kBlanks), rest.size());
-    line.beforeValue = static_cast<std::size_t>(rest.data() - line.whole.data()) + blanks;
+    const auto equals = rest.find('=');
+    if (equals == std::string_view::npos)
+        return false;
+    rest = SkipBlanks(rest.substr(equals + 1));
+    line.beforeValue = static_cast<std::size_t>(rest.data() - line.whole.data());
     rest = TrimBlanks(rest);
     std::string_view quoted = rest;
     if (!ReadQuoted(quoted, line.value) || !quoted.empty())
