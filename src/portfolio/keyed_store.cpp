@@ -29,6 +29,10 @@ std::size_t Find(std::string_view content, std::string_view pattern) {
 #endif
 }
 
+std::string Head(std::string_view key) {
+    return std::string(kBars).append(key).append(kBars);
+}
+
 /// Where a record lies: its start, its text, and the start of its end mark.
 struct Record {
     std::size_t start, text, end;
@@ -37,7 +41,7 @@ struct Record {
 std::optional<Record> FindRecord(std::string_view content, std::string_view key) {
     if (key.empty())
         return std::nullopt;
-    const std::string head = std::string(kBars).append(key).append(kBars);
+    const std::string head = Head(key);
     const auto start = Find(content, head);
     if (start == kNowhere)
         return std::nullopt;
@@ -46,6 +50,55 @@ std::optional<Record> FindRecord(std::string_view content, std::string_view key)
     if (end == kNowhere)
         return std::nullopt;
     return Record{start, text, end};
+}
+
+/// What FindNote does, for a store that goes by in pieces.
+class NoteSearch {
+public:
+    explicit NoteSearch(std::string_view key) : m_head(key.empty() ? "" : Head(key)) {}
+
+    /// Takes a piece and gives how much of it is used up, none when the note is complete.
+    std::optional<std::size_t> Take(std::string_view piece) {
+        m_sawEnd = m_sawEnd || piece.find(kEnd) != kNowhere;
+        const auto head = m_inNote ? 0 : m_head.empty() ? kNowhere : Find(piece, m_head);
+        if (head == kNowhere)
+            return AllBut(std::max(m_head.size(), kEnd.size()) - 1, piece);
+        const auto start = m_inNote ? 0 : head + m_head.size();
+        m_inNote = true;
+        const auto text = piece.substr(start);
+        const auto end = text.find(kEnd);
+        const auto known = end == kNowhere ? AllBut(kEnd.size() - 1, text) : end;
+        m_note.append(text, 0, known);
+        if (end == kNowhere)
+            return start + known;
+        m_complete = true;
+        return std::nullopt;
+    }
+
+    /// Whether an end mark went by; the store is then of a usable form.
+    bool SawEnd() const { return m_sawEnd; }
+    std::string Note() && { return m_complete ? std::move(m_note) : std::string(); }
+
+private:
+    /// What a mark that begins in this piece and ends in the next leaves to be used up.
+    static std::size_t AllBut(std::size_t kept, std::string_view piece) {
+        return piece.size() - std::min(piece.size(), kept);
+    }
+
+    std::string m_head;
+    std::string m_note;
+    bool m_inNote = false;
+    bool m_complete = false;
+    bool m_sawEnd = false;
+};
+
+std::string Get(const std::filesystem::path& path, std::string_view key) {
+    NoteSearch search(key);
+    if (!ScanFile(path, [&](std::string_view piece) { return search.Take(piece); }))
+        return "";
+    if (!search.SawEnd() && IsUnusable(ReadWholeFile(path)))
+        MoveToBackup(path);
+    return std::move(search).Note();
 }
 
 /// Every run of line ends becomes a single one.
@@ -184,11 +237,7 @@ void TickerNotes(const std::filesystem::path& folder, std::string& result,
     const auto path = PathInFolder(folder, file);
     try {
         if (operation == "GET") {
-            const std::string content = ReadWholeFile(path);
-            if (IsUnusable(content))
-                MoveToBackup(path);
-            else
-                result = FindNote(content, ticker);
+            result = Get(path, ticker);
         } else if (operation == "SET") {
             if (!ticker.empty() && !note.empty())
                 AppendToFile(path, NoteRecord(ticker, note));

@@ -5,6 +5,7 @@
 #include "text/runtime_error.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -125,15 +126,19 @@ Path Beside(const Path& path, const char* suffix) {
     return sibling;
 }
 
+/// Whether an open descriptor is a file; errno says why not.
+bool IsFile(int file, struct stat& status) {
+    if (::fstat(file, &status) != 0)
+        return false;
+    errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return S_ISREG(status.st_mode);
+}
+
 /// Reads an open file to its end; false, with errno set, when it is none or cannot be read.
 bool ReadAll(int file, std::string& content) {
     struct stat status {};
-    if (::fstat(file, &status) != 0)
+    if (!IsFile(file, status))
         return false;
-    if (!S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-        return false;
-    }
     // One byte more than the file holds: its end is then seen without a second block.
     content.resize(static_cast<std::size_t>(status.st_size) + 1);
     std::size_t used = 0;
@@ -162,6 +167,32 @@ std::string ReadWholeFile(const Path& path) {
         // Too large for this machine: it cannot be read.
     }
     return {};
+}
+
+bool ScanFile(const Path& path,
+              const std::function<std::optional<std::size_t>(std::string_view)>& look) {
+    // Small enough to stay in the processor's cache from the reading to the looking.
+    constexpr std::size_t kPiece = 256 * 1024;
+    const Descriptor file = Open(path, O_RDONLY | O_CREAT);
+    struct stat status {};
+    if (!file.IsOpen() || !IsFile(file.Number(), status))
+        return false;
+    std::string buffer(kPiece, '\0');
+    std::size_t held = 0;
+    for (;;) {
+        const auto count = Retry(
+            [&] { return ::read(file.Number(), buffer.data() + held, buffer.size() - held); });
+        if (count <= 0)
+            return count == 0;
+        held += static_cast<std::size_t>(count);
+        const auto used = look(std::string_view(buffer).substr(0, held));
+        if (!used)
+            return true;
+        held -= *used;
+        std::memmove(buffer.data(), buffer.data() + *used, held);
+        if (held > buffer.size() / 2)
+            buffer.resize(buffer.size() * 2);
+    }
 }
 
 std::string ReadExistingFile(const Path& path) {

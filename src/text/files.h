@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,13 @@ namespace tallowmere {
 /// The whole content of a file. A missing file is created empty; one that cannot be read yields
 /// the empty text. Never throws.
 std::string ReadWholeFile(const std::filesystem::path& path);
+
+/// Shows a file to `look` piece by piece, for searches that need not hold all of a large one. Each
+/// piece is what `look` has not used up yet and what follows it; it gives how much is used up now,
+/// none when it has seen enough. Files are opened as by ReadWholeFile; gives false for one that
+/// cannot be read to where `look` wanted.
+bool ScanFile(const std::filesystem::path& path,
+              const std::function<std::optional<std::size_t>(std::string_view)>& look);
 
 /// The whole content of a file, empty when it is missing. Throws RuntimeError when it is there but
 /// cannot be read, so that a caller never takes a locked file for an empty one.

@@ -235,6 +235,27 @@ TEST_F(KeyedStore, TheIndexAgreesWithSingleSearches) {
     }
 }
 
+TEST_F(KeyedStore, GetFindsInAFileWhatASearchFindsInItsContent) {
+    WeirdTexts texts;
+    constexpr std::size_t kPiece = 256 * 1024;
+    for (int round = 0; round < 200; ++round) {
+        // The weird part lies across the place where a large file is cut into pieces.
+        const std::string weird = texts.Next(12);
+        std::string content(kPiece - weird.size() * static_cast<std::size_t>(round % 7) / 6, '.');
+        content += weird;
+        if (round % 10 == 0)
+            content += std::string(2 * kPiece, '-') + "|||||";
+        for (const char* key : {"A", "B", "AB", "x", "\r\n", ""}) {
+            Write(content);
+            ASSERT_EQ(Run("GET", key), FindNote(content, key)) << weird << " / " << key;
+            ASSERT_EQ(exists(Path()), !IsUnusable(content)) << weird;
+        }
+    }
+    const std::string longKey(3 * kPiece, 'K');
+    Write(NoteRecord("A", "x") + NoteRecord(longKey, "found"));
+    EXPECT_EQ(Run("GET", longKey), "found");
+}
+
 TEST_F(KeyedStore, LineEndsCollapseAsByRepeatedReplacement) {
     std::mt19937 random(3);
     for (int round = 0; round < 3000; ++round) {
