@@ -1,0 +1,85 @@
+"""The command line, the first start, the second start and the end of the built program."""
+
+import signal
+import subprocess
+
+import driver
+
+# What is answered before anything is shown needs no display.
+NO_DISPLAY = {"LANG": "C.UTF-8"}
+
+
+class CommandLine(driver.SystemTest):
+    def run_program(self, *arguments, environment=None):
+        return subprocess.run([driver.SystemTest.binary, *map(str, arguments)],
+                              capture_output=True, text=True, timeout=30, env=environment,
+                              stdin=subprocess.DEVNULL)
+
+    def refused(self, *arguments, environment=None):
+        """What the program says on standard error when it refuses its arguments."""
+        result = self.run_program(*arguments, environment=environment)
+        self.assertEqual((result.returncode, result.stdout), (2, ""), result.stderr)
+        self.assertTrue(result.stderr.startswith("tallowmere: "), result.stderr)
+        return result.stderr
+
+    def test_version_is_printed(self):
+        result = self.run_program("--version", environment=NO_DISPLAY)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertRegex(result.stdout, r"^tallowmere \d+\.\d+\.\d+\n$")
+
+    def test_help_names_every_option(self):
+        result = self.run_program("--help", environment=NO_DISPLAY)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        for option in ("--web", "--profile", "--sites", "--version", "--help",
+                       "live", "sample", "direct"):
+            self.assertIn(option, result.stdout)
+
+    def test_wrong_arguments_are_named(self):
+        self.assertIn("'colour'", self.refused("--colour", environment=NO_DISPLAY))
+        self.assertIn("'yesterday'", self.refused("--web", "yesterday"))
+        self.assertIn("'msft'", self.refused("msft"))
+        self.assertIn("sites", self.refused("--sites"))
+        self.assertIn("profile", self.refused("--profile", ""))
+
+    def test_a_site_file_that_is_not_there_is_named(self):
+        path = self.folder / "nowhere.toml"
+        self.assertIn(str(path), self.refused("--profile", self.folder, "--sites", path))
+
+    def test_a_damaged_site_file_is_named_with_its_line(self):
+        path = self.sites('[hosts]\ndefault = "127.0.0.1"\nquote = = "x"\n')
+        self.assertIn(f"{path}:3: ", self.refused("--profile", self.folder, "--sites", path))
+
+    def test_a_host_that_is_no_text_is_named_with_its_line(self):
+        path = self.sites("[hosts]\n\nquote = 5\n")
+        self.assertIn(f"{path}:3: ", self.refused("--profile", self.folder, "--sites", path))
+
+
+class OneProgramPerProfile(driver.SystemTest):
+    def test_a_second_start_raises_the_first_window_and_ends(self):
+        first = self.start(profile="one")
+        first.main_window()
+        other = self.start(profile="two")
+        other.main_window()
+        driver.xdotool("windowactivate", "--sync", other.window_id())
+
+        second = self.start(profile="one")
+        self.assertEqual(second.wait_for_end(), 0, second.errors())
+        driver.wait_for(lambda: driver.xdotool("getactivewindow") == first.window_id(),
+                        "the first window to be the active one")
+        self.assertIsNone(first.process.poll())
+        self.assertIsNone(other.process.poll())
+
+    def test_a_polite_end_by_signal_is_a_close(self):
+        program = self.start(profile="one")
+        program.main_window()
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_for_end(), 0, program.errors())
+        # The close sequence has run: it writes the portfolio's number and the window's place.
+        settings = "".join(path.read_text(errors="replace")
+                           for path in (self.folder / "one").glob("*.ini"))
+        self.assertIn("TickerList=1", settings)
+        self.assertRegex(settings, r"Width=\d+")
+
+
+if __name__ == "__main__":
+    driver.main()
