@@ -18,7 +18,7 @@ constexpr std::string_view kStyle = R"(
 @media (prefers-color-scheme: dark) { :root { --text: #e6edf3; --quiet: #a3adb8; --page: #14181d;
   --line: #39424d; --head: #1f252c; --link: #78b4ff; --up: #5fd080; --down: #ff8f86;
   --note-text: #ffe2a8; --note: #43330f; } }
-body { margin: 0 auto; max-width: 60rem; padding: 0 1rem 1rem; font: 0.95rem/1.45 sans-serif;
+body { margin: 0 auto; max-width: 70rem; padding: 0 1rem 1rem; font: 0.95rem/1.45 sans-serif;
   color: var(--text); background: var(--page); }
 .note { margin: 0 -1rem 1rem; padding: 0.4rem 1rem; font-weight: bold; color: var(--note-text);
   background: var(--note); }
@@ -35,23 +35,38 @@ table.figures { border-collapse: collapse; margin: 0.5rem 0; }
 table.figures th, table.figures td { padding: 0.2rem 0.7rem; text-align: right;
   border-bottom: 1px solid var(--line); font-variant-numeric: tabular-nums; }
 table.figures th { background: var(--head); }
-table.figures th:first-child, table.figures td:first-child { text-align: left; }
+table.figures th:first-child, table.figures td:first-child,
+table.names th:nth-child(2), table.names td:nth-child(2) { text-align: left; }
+table.figures td { white-space: nowrap; }
+.beside { display: flex; flex-wrap: wrap; gap: 0 2rem; align-items: start; }
 svg, img { max-width: 100%; height: auto; }
 nav a { margin-right: 0.9rem; }
-.strip { white-space: nowrap; }
-.strip span { margin-right: 1.4rem; }
+table[border] { border-collapse: collapse; margin: 0.6rem 0; }
+table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
+body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap; }
+.strip .note, .strip p { display: inline; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }
+.strip span { margin-right: 0.7rem; }
 @media print { body { max-width: none; padding: 0; font-size: 10pt; } nav { display: none; }
   .note { margin: 0 0 0.5rem; border: 1px solid; } }
 )";
 
+std::string Page(std::string_view title, std::string_view bodyAttribute, std::string_view note,
+                 std::string_view body) {
+    std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
+    page.append(ShownText(title)).append(" - SAMPLE DATA</title><style>").append(kStyle);
+    page.append("</style></head>\n<body").append(bodyAttribute);
+    page.append("><p class=\"note\">").append(note).append("</p>\n");
+    return page.append(body).append("\n</body></html>\n");
+}
+
 } // namespace
 
 std::string HtmlPage(std::string_view title, std::string_view body) {
-    std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
-    page.append(ShownText(title)).append(" - SAMPLE DATA</title><style>").append(kStyle);
-    page += "</style></head>\n<body><p class=\"note\">SAMPLE DATA: every price and figure on this "
-            "page is invented.</p>\n";
-    return page.append(body).append("\n</body></html>\n");
+    return Page(title, "", "SAMPLE DATA: every price and figure on this page is invented.", body);
+}
+
+std::string HtmlStrip(std::string_view title, std::string_view body) {
+    return Page(title, " class=\"strip\"", "SAMPLE DATA", body);
 }
 
 std::string ShownText(std::string_view text) {

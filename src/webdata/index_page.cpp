@@ -50,7 +50,7 @@ std::string IndexPage(const SampleMarket& market, const std::vector<std::string>
 std::string DetailedIndexPage(const SampleMarket& market, const std::vector<std::string>& symbols,
                               Date today) {
     std::string body = "<h1>Quotes</h1><p class=\"quiet\">" + LastTradingDayText(today) +
-                       ", 4:00PM</p><table class=\"figures\"><tr><th>Symbol</th><th>Name</th>"
+                       ", 4:00PM</p><table class=\"figures names\"><tr><th>Symbol</th><th>Name</th>"
                        "<th>Last</th><th>Change</th><th>%</th><th>Open</th><th>Day's range</th>"
                        "<th>52-week range</th></tr>";
     for (const std::string& symbol : symbols) {

@@ -26,10 +26,6 @@ std::string Heading(std::string_view caption, std::string_view tooltip) {
     return html;
 }
 
-std::string LargeChart(const SampleQuote& quote, Period period, Date today) {
-    return "<p>" + ChartSvg(SampleChart(quote, period, today), ChartSize::Large) + "</p>";
-}
-
 /// What a page says about one ticker, known or not.
 std::string TickerBlock(const SampleMarket& market, std::string_view symbol, Period period,
                         Date today) {
@@ -37,8 +33,7 @@ std::string TickerBlock(const SampleMarket& market, std::string_view symbol, Per
     if (quote == nullptr)
         return "<h2>" + ShownText(symbol) +
                "</h2><p>The sample market has no prices for this ticker.</p>";
-    return QuoteBlock(*quote, today) + LargeChart(*quote, period, today) +
-           SiblingLinks(quote->symbol);
+    return QuoteBlock(*quote, period, today) + SiblingLinks(quote->symbol);
 }
 
 Period PeriodOf(std::string_view code) {
@@ -112,20 +107,24 @@ std::string CompanyPage(const SampleQuote& quote, Date today) {
     return HtmlPage(
         quote.name,
         Heading(quote.name, "Home page of the sample company with the ticker " + quote.symbol) +
-            QuoteBlock(quote, today) + LargeChart(quote, Period::Year, today) +
-            SiblingLinks(quote.symbol));
+            QuoteBlock(quote, Period::Year, today) + SiblingLinks(quote.symbol));
 }
 
 std::string TickerStripPage(const SampleMarket& market) {
+    std::vector<const SampleQuote*> quotes;
+    for (const SampleQuote& quote : market.Quotes())
+        quotes.push_back(&quote);
+    std::stable_partition(quotes.begin(), quotes.end(),
+                          [](const SampleQuote* quote) { return quote->shares == 0; });
     // A click opens a new window, which the program shows in its main pane.
-    std::string body = "<p class=\"strip\">";
-    for (const SampleQuote& quote : market.Quotes()) {
-        const SampleFigures figures = FiguresOf(quote);
-        body += "<span><a target=\"_blank\" href=\"" + EscapeHtml(QuotePath(quote.symbol)) + "\">" +
-                ShownText(quote.symbol) + "</a> " + PriceText(figures.last) + " " +
-                ColouredChange(figures.change, ChangeText(figures.change)) + "</span>";
+    std::string body = "<p>";
+    for (const SampleQuote* quote : quotes) {
+        const SampleFigures figures = FiguresOf(*quote);
+        body += "<span><a target=\"_blank\" href=\"" + EscapeHtml(QuotePath(quote->symbol)) +
+                "\">" + ShownText(quote->symbol) + "</a> " + PriceText(figures.last) + " " +
+                ColouredChange(figures.change, ChangeText(figures.change)) + "</span> ";
     }
-    return HtmlPage("Ticker", body + "</p>");
+    return HtmlStrip("Ticker", body + "</p>");
 }
 
 std::string MarketPage(const SampleMarket& market, std::string_view title) {

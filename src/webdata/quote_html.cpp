@@ -50,14 +50,15 @@ std::string ColouredChange(double change, std::string_view text) {
     return "<span class=\"" + std::string(direction) + "\">" + std::string(text) + "</span>";
 }
 
-std::string QuoteBlock(const SampleQuote& quote, Date today) {
+std::string QuoteBlock(const SampleQuote& quote, Period period, Date today) {
     const SampleFigures figures = FiguresOf(quote);
     std::string html = "<h2>" + ShownText(quote.name) + " (" + ShownText(quote.symbol) + ")</h2>";
     html += "<p><span class=\"price\">" + PriceText(figures.last) + "</span> " +
             ColouredChange(figures.change,
                            ChangeText(figures.change) + " (" + PercentText(figures.percent) + ")") +
             " <span class=\"quiet\">" + LastTradingDayText(today) + ", 4:00PM</span></p>";
-    html += "<table class=\"figures\">" + Row("Previous close", PriceText(figures.previous)) +
+    html += "<div class=\"beside\"><table class=\"figures\">" +
+            Row("Previous close", PriceText(figures.previous)) +
             Row("Open", PriceText(figures.open)) +
             Row("Day's range", PriceText(figures.dayLow) + " - " + PriceText(figures.dayHigh)) +
             Row("52-week range", PriceText(figures.yearLow) + " - " + PriceText(figures.yearHigh));
@@ -70,12 +71,14 @@ std::string QuoteBlock(const SampleQuote& quote, Date today) {
                 Row("Dividend per share", OrDash(figures.dividend, PriceText(figures.dividend))) +
                 Row("Yield", OrDash(figures.yield, FixedText(figures.yield, 2) + "%"));
     }
-    return html + "</table>";
+    return html + "</table>" + ChartSvg(SampleChart(quote, period, today), ChartSize::Large) +
+           "</div>";
 }
 
 std::string QuoteTable(const SampleMarket& market, const std::vector<std::string>& symbols) {
-    std::string html = "<table class=\"figures\"><tr><th>Symbol</th><th>Name</th><th>Last</th>"
-                       "<th>Change</th><th>%</th><th>Volume</th><th>Market cap</th></tr>";
+    std::string html =
+        "<table class=\"figures names\"><tr><th>Symbol</th><th>Name</th><th>Last</th>"
+        "<th>Change</th><th>%</th><th>Volume</th><th>Market cap</th></tr>";
     for (const std::string& symbol : symbols) {
         const SampleQuote* quote = market.Find(symbol);
         if (quote == nullptr) {

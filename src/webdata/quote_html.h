@@ -12,8 +12,8 @@
 /// Pieces of the portal's pages for people.
 namespace tallowmere {
 
-/// Name and ticker, the last price with its change, and a table of figures.
-std::string QuoteBlock(const SampleQuote& quote, Date today);
+/// Name and ticker, the last price with its change, a table of figures and the chart of a period.
+std::string QuoteBlock(const SampleQuote& quote, Period period, Date today);
 
 /// A table with a row per ticker: last price, change, volume, capitalisation. Unknown tickers have
 /// a row that says so.

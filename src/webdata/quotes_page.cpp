@@ -4,7 +4,6 @@
 #include "text/bytes.h"
 #include "webdata/html_page.h"
 #include "webdata/number_text.h"
-#include "webdata/quote_html.h"
 #include "webdata/sample_figures.h"
 #include "webdata/sample_series.h"
 
@@ -22,8 +21,10 @@ constexpr std::string_view kTableStart =
 constexpr std::string_view kDelay =
     "<p class=\"quiet\">Quotes delayed 15 minutes for all exchanges.</p>";
 
+/// Values of neighbours would touch without the blanks: the cells have no padding.
 std::string Cell(std::string_view name, std::string_view value) {
-    return "<td nowrap>" + std::string(name) + "<br>\n" + std::string(value) + "</td>";
+    return "<td nowrap>" + std::string(name) + "&nbsp;<br>\n" + std::string(value) +
+           "&nbsp;&nbsp;</td>";
 }
 
 std::string HeaderRow(std::string_view symbol, std::string_view name) {
@@ -33,6 +34,17 @@ std::string HeaderRow(std::string_view symbol, std::string_view name) {
            "</b></a> " + ShownText(name) + " SAMPLE DATA - More Info: <a href=\"/n/" + page +
            "\">News</a>/<a href=\"/p/" + page + "\">Profile</a>/<a href=\"/z/a/" + page +
            "\">Research</a></td></tr>\n";
+}
+
+/// A change in the colour of its direction. The condensed page has no stylesheet, so the colour
+/// stands in the tag too.
+std::string ChangeHtml(const SampleFigures& figures) {
+    const std::string text = ChangeText(figures.change) + " (" + PercentText(figures.percent) + ")";
+    if (figures.change == 0)
+        return text;
+    return (figures.change < 0 ? "<font class=\"down\" color=\"#b3261e\">"
+                               : "<font class=\"up\" color=\"#14692f\">") +
+           text + "</font>";
 }
 
 /// Image address of the small chart of a view.
@@ -51,10 +63,8 @@ std::string FigureRows(const SampleQuote& quote, std::string_view chart) {
     const SampleFigures figures = FiguresOf(quote);
     const bool isIndex = quote.shares == 0;
     const auto orNone = [&](const std::string& text) { return isIndex ? "N/A" : text; };
-    const std::string change = ColouredChange(
-        figures.change, ChangeText(figures.change) + " (" + PercentText(figures.percent) + ")");
     return "<tr valign=bottom><td nowrap colspan=2>Last Trade &#183; 4:00PM<br>\n <b>" +
-           PriceText(figures.last) + "</b></td>" + Cell("Change", change) +
+           PriceText(figures.last) + "</b>&nbsp;&nbsp;</td>" + Cell("Change", ChangeHtml(figures)) +
            Cell("Prev Cls", PriceText(figures.previous)) +
            Cell("Volume", orNone(ShortText(figures.volume))) + Cell("Div Date", "N/A") +
            "<td nowrap rowspan=3 align=center valign=middle><a href=\"/q?s=" +
@@ -88,9 +98,7 @@ std::string BasicTable(const SampleMarket& market, const std::vector<std::string
         }
         const SampleFigures figures = FiguresOf(*quote);
         html += "<td nowrap>" + ShownText(quote->name) + "</td><td nowrap><b>" +
-                PriceText(figures.last) + "</b></td><td nowrap>" +
-                ColouredChange(figures.change, ChangeText(figures.change) + " (" +
-                                                   PercentText(figures.percent) + ")") +
+                PriceText(figures.last) + "</b></td><td nowrap>" + ChangeHtml(figures) +
                 "</td><td nowrap>" + (quote->shares == 0 ? "N/A" : ShortText(figures.volume)) +
                 "</td></tr>\n";
     }

@@ -107,7 +107,7 @@ TEST_F(Portal, AnswersThePortfolioThatTheCondensedPageIsCutFrom) {
         for (const char* removed : {"More Info", "Small", "Div Date", "Ex-Div", "Yield", "4:00PM",
                                     "Avg Vol", "Prev Cls", "rowspan", "Quotes delayed", "\"/q?s="})
             EXPECT_THAT(*condensed, Not(HasSubstr(removed)));
-        for (const char* kept : {"AvgVol", "PrevCls", "E/Sh", "MktCap", "52-week<br>", "P/E",
+        for (const char* kept : {"AvgVol", "PrevCls", "E/Sh", "MktCap", "52-week&nbsp;<br>", "P/E",
                                  "http://quote.yahoo.com/q?s=msft"})
             EXPECT_THAT(*condensed, HasSubstr(kept));
     }
