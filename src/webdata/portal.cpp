@@ -1,12 +1,12 @@
 #include "webdata/portal.h"
 
-#include "links/address.h"
 #include "links/catalogue.h"
 #include "text/bytes.h"
 #include "webdata/index_page.h"
 #include "webdata/portal_pages.h"
 #include "webdata/quotes_page.h"
 #include "webdata/sample_series.h"
+#include "webdata/web_address.h"
 #include "webdata/web_address.h"
 
 #include <algorithm>
