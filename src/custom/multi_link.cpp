@@ -1,6 +1,7 @@
 #include "custom/multi_link.h"
 
 #include "text/bytes.h"
+#include "text/rare_byte_search.h"
 
 #include <algorithm>
 #include <array>
@@ -38,18 +39,8 @@ bool StaysInFolder(std::string_view name) {
            name.find_first_of(std::string_view("/\\\0", 3)) == std::string_view::npos;
 }
 
-// Every placeholder holds one T, and hardly anything else on such a page does: a walk from T to T
-// meets them all.
-constexpr char kMark = 'T';
-
-struct Placeholder {
-    std::string_view word;
-    std::string TickerForms::*form;
-};
-
-constexpr std::array<Placeholder, 3> kPlaceholders{{{"LCASETICK", &TickerForms::lower},
-                                                    {"UCASETICK", &TickerForms::upper},
-                                                    {"LEFTONE", &TickerForms::first}}};
+constexpr std::string_view kCased = "CASETICK"; // behind "L" or "U"
+constexpr std::string_view kFirst = "LEFTONE";
 
 } // namespace
 
@@ -90,21 +81,32 @@ bool IsRecordable(int index, Area tag, std::string_view customAddress, bool enab
 }
 
 std::string ExpandMultiLink(std::string_view page, const TickerForms& forms) {
+    const ByteSample sample(page);
+    const Pattern cased(kCased, sample);
+    const Pattern first(kFirst, sample);
     std::string expanded;
     expanded.reserve(page.size());
     std::size_t from = 0;
-    for (auto mark = page.find(kMark); mark != std::string_view::npos;
-         mark = page.find(kMark, mark + 1)) {
-        for (const auto& [word, form] : kPlaceholders) {
-            const std::size_t lead = word.find(kMark);
-            if (mark < from + lead || page.substr(mark - lead, word.size()) != word)
-                continue;
-            expanded.append(page, from, mark - lead - from).append(forms.*form);
-            from = mark - lead + word.size();
-            break;
+    const auto put = [&](std::size_t start, std::size_t end, std::string_view form) {
+        expanded.append(page, from, start - from).append(form);
+        from = end;
+    };
+    auto nextCased = cased.FindIn(page);
+    auto nextFirst = first.FindIn(page);
+    while (nextCased != nextFirst) { // both are npos at the end
+        if (nextFirst < nextCased) {
+            put(nextFirst, nextFirst + kFirst.size(), forms.first);
+            nextFirst = first.FindIn(page, from);
+            continue;
         }
+        const std::size_t end = nextCased + kCased.size();
+        const char before = nextCased > from ? page[nextCased - 1] : '\0';
+        if (before == 'L' || before == 'U')
+            put(nextCased - 1, end, before == 'L' ? forms.lower : forms.upper);
+        nextCased = cased.FindIn(page, end);
     }
-    return expanded.append(page, from);
+    expanded.append(page, from);
+    return expanded;
 }
 
 std::vector<std::string> RecordedAddresses(std::string_view page) {

@@ -187,7 +187,8 @@ void RemoveDots(std::string& text) {
         }
         searched = at + 1;
     }
-    text = result.append(text, from);
+    result.append(text, from);
+    text.swap(result);
 }
 
 /// Puts the tables into a grid of three to a row.

@@ -71,7 +71,8 @@ std::string ReplaceAll(std::string_view text, std::string_view find, std::string
             from = at + find.size();
         }
     }
-    return result.append(text, from);
+    result.append(text, from);
+    return result;
 }
 
 std::vector<std::string_view> Split(std::string_view text, char separator) {
