@@ -303,11 +303,23 @@ def press(*keys):
     xdotool("key", "--delay", 15, *keys)
 
 
-def screenshot(path):
-    """Writes a picture of the whole display."""
+def screenshot(path, window="root"):
+    """Writes a picture of a window, or of the whole display."""
     path = Path(path)
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["import", "-window", "root", str(path)], check=True)
+    subprocess.run(["import", "-window", window, str(path)], check=True)
+
+
+def screenshot_at_rest(path, window):
+    """Writes a picture of a window once nothing in it moves any more."""
+    seen = []
+
+    def at_rest():
+        screenshot(path, window)
+        seen.append(subprocess.run(["identify", "-format", "%#", str(path)], check=True,
+                                   capture_output=True).stdout)
+        return len(seen) > 2 and seen[-1] == seen[-2] == seen[-3]
+    wait_for(at_rest, "the window to come to rest")
 
 
 class Program:
