@@ -1,5 +1,6 @@
 #include "webdata/web_address.h"
 
+#include "custom/multi_link.h"
 #include "text/bytes.h"
 
 #include <algorithm>
@@ -18,7 +19,6 @@ constexpr std::array<std::string_view, 7> kOpaqueSchemes = {
 
 constexpr std::array<std::string_view, 5> kFixedPages = {"ycs.htm", "ycl.htm", "ycprint.html",
                                                          "report.html", "multiweb.html"};
-constexpr std::string_view kStoredPageEnding = ".mlnk";
 
 } // namespace
 
@@ -47,9 +47,8 @@ std::string WithScheme(std::string_view address) {
 bool IsGeneratedPageName(std::string_view name) {
     if (std::ranges::find(kFixedPages, name) != kFixedPages.end())
         return true;
-    return name.size() > kStoredPageEnding.size() && name.ends_with(kStoredPageEnding) &&
-           name.front() != '.' &&
-           name.find_first_of(std::string_view("/\\\0", 3)) == std::string_view::npos;
+    return name.ends_with(kMultiLinkSuffix) &&
+           MultiLinkPageName(name.substr(0, name.size() - kMultiLinkSuffix.size())) == name;
 }
 
 std::string_view GeneratedPageIn(std::string_view folder, std::string_view address) {

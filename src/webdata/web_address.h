@@ -14,7 +14,7 @@ std::string SchemeOf(std::string_view address);
 std::string WithScheme(std::string_view address);
 
 /// Whether `name` is that of a page which the program writes into its folder and shows: one of the
-/// fixed names or a stored multi-link. A name with a slash, a backslash or a leading point is none.
+/// fixed names or a stored multi-link. A name that leads out of the folder is none.
 bool IsGeneratedPageName(std::string_view name);
 
 /// The name of the generated page that `address` is the path of: `folder`, a slash or backslash,

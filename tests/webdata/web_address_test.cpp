@@ -34,17 +34,17 @@ constexpr SchemeCase kSchemeCases[] = {
 };
 // clang-format on
 
-TEST(WebAddress, TheSchemeIsReadFromTheFrontOnly) {
+TEST(AddressText, TheSchemeIsReadFromTheFrontOnly) {
     for (const SchemeCase& row : kSchemeCases)
         EXPECT_EQ(SchemeOf(row.address), row.scheme) << row.address;
 }
 
-TEST(WebAddress, HttpIsPutBeforeAnAddressWithoutAScheme) {
+TEST(AddressText, HttpIsPutBeforeAnAddressWithoutAScheme) {
     for (const SchemeCase& row : kSchemeCases)
         EXPECT_EQ(WithScheme(row.address), row.completed) << row.address;
 }
 
-TEST(WebAddress, OnlyThePagesThatTheProgramWritesAreGeneratedPages) {
+TEST(AddressText, OnlyThePagesThatTheProgramWritesAreGeneratedPages) {
     for (const std::string_view name : {"ycs.htm", "ycl.htm", "ycprint.html", "report.html",
                                         "multiweb.html", "My chips.mlnk", "a.b.mlnk"})
         EXPECT_TRUE(IsGeneratedPageName(name)) << name;
@@ -55,7 +55,7 @@ TEST(WebAddress, OnlyThePagesThatTheProgramWritesAreGeneratedPages) {
     EXPECT_FALSE(IsGeneratedPageName(std::string_view("a\0.mlnk", 7)));
 }
 
-TEST(WebAddress, AGeneratedPageIsNamedByItsPathInTheFolder) {
+TEST(AddressText, AGeneratedPageIsNamedByItsPathInTheFolder) {
     EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t/report.html"), "report.html");
     EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t\\ycs.htm"), "ycs.htm");
     EXPECT_EQ(GeneratedPageIn("C:\\t", "C:\\t\\Two words.mlnk"), "Two words.mlnk");
