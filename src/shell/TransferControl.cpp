@@ -1,38 +1,158 @@
 #include "shell/TransferControl.h"
 
+#include "text/runtime_error.h"
+#include "webdata/PortalScheme.h"
 #include "webdata/WebAccess.h"
 
 #include <QEventLoop>
+#include <QNetworkProxy>
+#include <QNetworkReply>
+#include <QNetworkRequest>
 
 namespace tallowmere {
 
-TransferControl::TransferControl(const WebAccess& access) : m_access(access) {}
+using namespace Qt::StringLiterals;
 
-QByteArray TransferControl::OpenURL(const QString& address) {
-    const QUrl url = UrlFromAddress(address);
-    if (const auto portalUrl = m_access.Resolve(url)) {
-        const auto answer = m_access.Answer(*portalUrl);
-        return answer ? QByteArray::fromStdString(answer->body) : QByteArray();
+namespace {
+
+constexpr int kRedirectLimit = 20;
+
+/// Leaves the choice to what the user set for the whole system.
+class SystemProxies : public QNetworkProxyFactory {
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
+        return systemProxyForQuery(query);
     }
-    QEventLoop loop;
-    m_reply = m_network.get(QNetworkRequest(url));
-    connect(m_reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    connect(m_reply, &QObject::destroyed, &loop, &QEventLoop::quit);
-    loop.exec();
-    if (!m_reply)
-        return {};
-    const QByteArray text = m_reply->readAll();
-    m_reply->deleteLater();
-    return text;
+};
+
+QNetworkProxy NamedProxy(const QString& text) {
+    const QUrl url(text.contains(u"://"_s) ? text.trimmed() : u"http://"_s + text.trimmed());
+    const bool isSocks = url.scheme().startsWith(u"socks"_s);
+    return QNetworkProxy(isSocks ? QNetworkProxy::Socks5Proxy : QNetworkProxy::HttpProxy,
+                         url.host(), static_cast<quint16>(url.port(isSocks ? 1080 : 80)),
+                         url.userName(), url.password());
 }
 
-QByteArray TransferControl::GetChunk(int) {
-    return {};
+} // namespace
+
+TransferControl::TransferControl(const WebAccess& access, QObject* parent,
+                                 std::chrono::milliseconds stallLimit)
+    : QObject(parent), m_access(access), m_stallLimit(stallLimit) {}
+
+TransferControl::~TransferControl() {
+    if (m_reply)
+        m_reply->disconnect(this);
+}
+
+void TransferControl::ApplyProxy() {
+    if (m_accessType == kNamedProxy && !m_proxy.trimmed().isEmpty())
+        m_network.setProxy(NamedProxy(m_proxy));
+    else
+        m_network.setProxyFactory(new SystemProxies);
+}
+
+void TransferControl::Open(const QString& address) {
+    if (m_isBusy)
+        throw RuntimeError("The transfer is still busy with another address");
+    m_data.clear();
+    m_received = 0;
+    m_isBusy = true;
+    m_hasFailed = false;
+
+    QUrl url = UrlFromAddress(address);
+    if (const auto target = m_access.Resolve(url))
+        url = *target;
+    if (url.scheme() == PortalScheme::Name()) {
+        const auto answer = m_access.Answer(url);
+        if (answer) {
+            m_data = QByteArray::fromStdString(answer->body);
+            Q_EMIT StateChanged(kResponseReceived);
+        }
+        End(!answer);
+        return;
+    }
+    if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty()) {
+        End(true);
+        return;
+    }
+    ApplyProxy();
+    QNetworkRequest request(url);
+    request.setMaximumRedirectsAllowed(kRedirectLimit);
+    request.setTransferTimeout(static_cast<int>(m_stallLimit.count()));
+    request.setHeader(QNetworkRequest::UserAgentHeader,
+                      u"Mozilla/5.0 Tallowmere/" TALLOWMERE_VERSION ""_s);
+    m_reply = m_network.get(request);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this,
+            [this] { Q_EMIT StateChanged(kResponseReceived); });
+    connect(m_reply, &QNetworkReply::readyRead, this, &TransferControl::OnData);
+    connect(m_reply, &QNetworkReply::finished, this, &TransferControl::OnFinished);
+}
+
+QByteArray TransferControl::OpenURL(const QString& address) {
+    Open(address);
+    const QPointer<TransferControl> guard(this);
+    if (m_isBusy) {
+        QEventLoop loop;
+        connect(this, &TransferControl::Finished, &loop, &QEventLoop::quit);
+        connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    if (!guard)
+        return {};
+    // The whole program ends: nobody waits for the rest.
+    if (m_isBusy)
+        Cancel();
+    return m_hasFailed ? QByteArray() : std::exchange(m_data, {});
+}
+
+QByteArray TransferControl::GetChunk(qsizetype size) {
+    if (size >= m_data.size())
+        return std::exchange(m_data, {});
+    const QByteArray chunk = m_data.left(size);
+    m_data.remove(0, size);
+    return chunk;
 }
 
 void TransferControl::Cancel() {
-    if (m_reply)
+    if (!m_isBusy)
+        return;
+    m_data.clear();
+    End(true);
+}
+
+void TransferControl::OnData() {
+    const QByteArray piece = m_reply->read(kSizeLimit - m_received);
+    m_received += piece.size();
+    m_data += piece;
+    if (m_received >= kSizeLimit) {
+        End(false);
+        return;
+    }
+    Q_EMIT DataArrived();
+}
+
+void TransferControl::OnFinished() {
+    // A server that answered has answered, with whatever status and however short it fell.
+    const bool hasAnswered =
+        m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid() &&
+        m_reply->error() != QNetworkReply::InsecureRedirectError &&
+        m_reply->error() != QNetworkReply::TooManyRedirectsError &&
+        m_reply->error() != QNetworkReply::OperationCanceledError;
+    if (!hasAnswered)
+        m_data.clear();
+    End(!hasAnswered);
+}
+
+void TransferControl::End(bool hasFailed) {
+    if (m_reply) {
+        m_reply->disconnect(this);
         m_reply->abort();
+        m_reply->deleteLater();
+        m_reply = nullptr;
+    }
+    m_isBusy = false;
+    m_hasFailed = hasFailed;
+    Q_EMIT Finished();
 }
 
 } // namespace tallowmere

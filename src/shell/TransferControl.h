@@ -1,35 +1,79 @@
 #pragma once
 
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
+
+#include <chrono>
+
+class QNetworkReply;
 
 namespace tallowmere {
 
 class WebAccess;
 
-/// An internet transfer control: fetches a page's text while the window stays responsive.
+/// An internet transfer control (`TMNet`, `SpooNet`, the elements of `Inet`): fetches one document
+/// at a time, as bytes. Fetching keeps the window alive. Only http and https are fetched, never
+/// more than 64 MB, and a transfer that makes no progress for too long has failed.
 class TransferControl : public QObject {
     Q_OBJECT
 public:
-    explicit TransferControl(const WebAccess& access);
+    /// Values of the access type and of the state that are used here.
+    static constexpr int kNamedProxy = 2;
+    static constexpr int kResponseReceived = 8;
+    static constexpr qint64 kSizeLimit = 64 * 1024 * 1024;
 
-    /// The text of a page; what arrived of it when the transfer fails.
-    QByteArray OpenURL(const QString& address);
-    /// What arrived of the document since; empty when there is no more.
-    QByteArray GetChunk(int size);
-    void SetProxy(const QString& server) { m_proxy = server; }
-    /// 2 uses the named proxy server, anything else the system's way to the network.
+    explicit TransferControl(const WebAccess& access, QObject* parent = nullptr,
+                             std::chrono::milliseconds stallLimit = std::chrono::seconds(60));
+    ~TransferControl() override;
+
+    /// The proxy for the access type "named proxy": "host:port", with "http://" or "socks5://"
+    /// before it or not.
+    void SetProxy(const QString& proxy) { m_proxy = proxy; }
+    /// 2 for the named proxy, anything else for the system's settings.
     void SetAccessType(int type) { m_accessType = type; }
+
+    /// Fetches a document and gives what arrived of it by its end; nothing when it fails or is
+    /// cancelled. Throws RuntimeError while another document is under way.
+    QByteArray OpenURL(const QString& address);
+
+    /// Up to `size` further bytes of the document that were not given yet, without waiting.
+    QByteArray GetChunk(qsizetype size);
+
+    /// Begins to fetch a document and returns. Throws as OpenURL does.
+    void Open(const QString& address);
+    /// Breaks off what is under way.
     void Cancel();
 
+    /// Whether a document is under way.
+    bool IsBusy() const { return m_isBusy; }
+    /// Whether the last document could not be had at all: no server answered, or not securely, or
+    /// it was cancelled.
+    bool HasFailed() const { return m_hasFailed; }
+
+Q_SIGNALS:
+    /// `state` is 8 when the server's response was received.
+    void StateChanged(int state);
+    void DataArrived();
+    /// The document ended, whole or not, or failed.
+    void Finished();
+
 private:
+    void OnData();
+    void OnFinished();
+    void End(bool hasFailed);
+    void ApplyProxy();
+
     const WebAccess& m_access;
+    std::chrono::milliseconds m_stallLimit;
     QNetworkAccessManager m_network;
     QPointer<QNetworkReply> m_reply;
     QString m_proxy;
     int m_accessType = 0;
+    QByteArray m_data; ///< what arrived and was not given yet
+    qint64 m_received = 0;
+    bool m_isBusy = false;
+    bool m_hasFailed = false;
 };
 
 } // namespace tallowmere

@@ -1,38 +1,137 @@
 #include "shell/modMain.h"
 
-#include "shell/QtText.h"
 #include "shell/TransferControl.h"
+#include "shell/closing_tag.h"
 #include "shell/conversion.h"
-#include "shell/window_layout.h"
+#include "text/runtime_error.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
 
 namespace tallowmere {
 
+namespace {
+
+constexpr float kTwipsToPixel = 15;
+constexpr int kTitleBarHeight = 30; // what must be in view of a window for the user to move it
+constexpr int kTitleBarWidth = 60;
+
+int ReadPixels(const SettingsStore& settings, const std::string& section, const char* key,
+               const char* fallback) {
+    // Beyond this no screen lies, and arithmetic on rectangles stays within its range.
+    constexpr float farthest = std::numeric_limits<short>::max();
+    try {
+        const float twips = ToSingle(settings.GetSetting(section, key, fallback));
+        return qRound(std::clamp(twips / kTwipsToPixel, -farthest, farthest));
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(std::string(error.what()) + ": setting " + section + "/" + key);
+    }
+}
+
+void PullOntoScreen(QWidget& form) {
+    const QRect titleBar(form.pos(), QSize(form.width(), kTitleBarHeight));
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect seen = screen->availableGeometry().intersected(titleBar);
+        if (seen.width() >= std::min(kTitleBarWidth, form.width()) && !seen.isEmpty() &&
+            titleBar.top() >= screen->availableGeometry().top())
+            return;
+    }
+    const QScreen* screen = QGuiApplication::screenAt(form.geometry().center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const QRect room = screen->availableGeometry();
+    form.move(
+        std::clamp(form.x(), room.left(), std::max(room.left(), room.right() - form.width())),
+        std::clamp(form.y(), room.top(), std::max(room.top(), room.bottom() - form.height())));
+}
+
+} // namespace
+
+TransferPool::TransferPool(const WebAccess& access, QObject* parent,
+                           std::chrono::milliseconds closingTagWait)
+    : QObject(parent), m_access(access), m_closingTagWait(closingTagWait) {}
+
+TransferPool::Slot& TransferPool::Take() {
+    const auto slot = std::ranges::find(m_slots, false, &Slot::isTaken);
+    if (slot == m_slots.end())
+        throw RuntimeError("Subscript out of range: all transfer controls are in use");
+    if (!slot->control)
+        slot->control = new TransferControl(m_access, this);
+    slot->control->SetProxy(m_proxy);
+    slot->control->SetAccessType(m_accessType);
+    slot->isTaken = true;
+    return *slot;
+}
+
 QByteArray TransferPool::FetchPage(const QString& address) {
-    TransferControl control(m_access);
-    control.SetProxy(m_proxy);
-    control.SetAccessType(m_accessType);
-    return control.OpenURL(address);
+    Slot& slot = Take();
+    const QPointer<TransferControl> control(slot.control);
+    QByteArray page;
+    ClosingTagWatch tag;
+    QEventLoop loop;
+    QTimer wait;
+    bool hasWaited = false;
+
+    const auto proceed = [&] {
+        if (!control)
+            return;
+        const QByteArray piece = control->GetChunk(TransferControl::kSizeLimit);
+        tag.Add({piece.data(), static_cast<std::size_t>(piece.size())});
+        page += piece;
+        const bool isOver = !control->IsBusy();
+        if (tag.IsAtEnd() || (isOver && (tag.IsFound() || control->HasFailed() || hasWaited)))
+            loop.quit();
+    };
+    const auto endWait = [&] {
+        // The rest of a page that is still arriving gets as long again, and no longer.
+        const bool hasWaitedTwice = std::exchange(hasWaited, true);
+        if (tag.IsFound() || !control->IsBusy() || hasWaitedTwice)
+            loop.quit();
+    };
+    QObject::connect(control, &TransferControl::DataArrived, &loop, proceed);
+    QObject::connect(control, &TransferControl::Finished, &loop, proceed, Qt::QueuedConnection);
+    QObject::connect(control, &QObject::destroyed, &loop, &QEventLoop::quit);
+    QObject::connect(&wait, &QTimer::timeout, &loop, endWait);
+    wait.start(m_closingTagWait);
+    control->Open(address);
+    loop.exec();
+
+    if (!control)
+        return {};
+    control->Cancel();
+    slot.isTaken = false;
+    return page;
+}
+
+void TransferPool::CancelAll() {
+    for (const Slot& slot : m_slots)
+        if (slot.control)
+            slot.control->Cancel();
 }
 
 void LoadFormPosition(QWidget& form, const SettingsStore& settings) {
-    const std::string section = FromQt(form.objectName());
-    const auto pixels = [&](const char* key, const char* fallback) {
-        return qRound(ToSingle(settings.GetSetting(section, key, fallback)) / kTwipsPerPixel);
-    };
-    const int top = pixels("Top", "50");
-    const int left = pixels("Left", "50");
-    const int height = pixels("Height", "8500");
-    const int width = pixels("Width", "10000");
-    form.move(left, top);
-    form.resize(width, height);
+    const std::string section = form.objectName().toStdString();
+    form.move(form.x(), ReadPixels(settings, section, "Top", "50"));
+    form.move(ReadPixels(settings, section, "Left", "50"), form.y());
+    form.resize(form.width(), ReadPixels(settings, section, "Height", "8500"));
+    form.resize(ReadPixels(settings, section, "Width", "10000"), form.height());
+    PullOntoScreen(form);
 }
 
 void SaveFormPosition(const QWidget& form, SettingsStore& settings) {
     if (form.isMinimized())
         return;
-    const std::string section = FromQt(form.objectName());
+    const std::string section = form.objectName().toStdString();
     const auto save = [&](const char* key, int pixels) {
-        settings.SaveSetting(section, key, FromSingle(static_cast<float>(pixels * kTwipsPerPixel)));
+        settings.SaveSetting(section, key, FromSingle(static_cast<float>(pixels) * kTwipsToPixel));
     };
     save("Top", form.y());
     save("Left", form.x());

@@ -2,34 +2,62 @@
 
 #include "shell/settings_store.h"
 
-#include <QByteArray>
-#include <QString>
+#include <QObject>
 #include <QWidget>
 
+#include <array>
+#include <chrono>
+
+/// The routines that several windows share.
 namespace tallowmere {
 
+class TransferControl;
 class WebAccess;
 
-/// The pool of transfer controls that page fetches take theirs from.
-class TransferPool {
+/// The array `Inet`: the transfer controls of page fetches. Fetches that wait at the same time
+/// never share one.
+class TransferPool : public QObject {
+    Q_OBJECT
 public:
-    explicit TransferPool(const WebAccess& access) : m_access(access) {}
-    QByteArray FetchPage(const QString& address);
-    void SetProxy(const QString& server) { m_proxy = server; }
+    static constexpr int kMostControls = 21;
+
+    /// `closingTagWait` is how long a page without its closing tag is waited for.
+    explicit TransferPool(const WebAccess& access, QObject* parent = nullptr,
+                          std::chrono::milliseconds closingTagWait = std::chrono::seconds(60));
+
+    /// The proxy of every fetch from now on, as for a transfer control.
+    void SetProxy(const QString& proxy) { m_proxy = proxy; }
     void SetAccessType(int type) { m_accessType = type; }
-    void CancelAll() {}
+
+    /// The text of a page; the window stays alive meanwhile. A page is complete when it ended and
+    /// holds its closing tag, or ends with it so far. Without the tag it is given after the wait,
+    /// with all that arrived; one that cannot be had at all is the empty text, at once. Throws
+    /// RuntimeError when all controls wait for pages already.
+    QByteArray FetchPage(const QString& address);
+
+    /// Ends every fetch that waits; each gives what arrived so far.
+    void CancelAll();
 
 private:
+    struct Slot {
+        TransferControl* control = nullptr;
+        bool isTaken = false;
+    };
+
+    Slot& Take();
+
     const WebAccess& m_access;
+    std::chrono::milliseconds m_closingTagWait;
     QString m_proxy;
     int m_accessType = 0;
+    std::array<Slot, kMostControls> m_slots;
 };
 
-/// Puts a form where its section of the settings says, in twips. Throws RuntimeError for a value
-/// that is no number.
+/// Puts a form where its section of the settings says, in twips; a form that would lie off every
+/// screen is pulled onto one. Throws RuntimeError naming the key whose value is no number.
 void LoadFormPosition(QWidget& form, const SettingsStore& settings);
 
-/// Writes a form's place and size, unless it is minimised.
+/// Writes a form's place and size in twips, unless it is minimised.
 void SaveFormPosition(const QWidget& form, SettingsStore& settings);
 
 } // namespace tallowmere
