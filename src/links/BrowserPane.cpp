@@ -1,90 +1,362 @@
 #include "links/BrowserPane.h"
 
+#include "links/FindBar.h"
+#include "links/PaneNotice.h"
+#include "links/PanePage.h"
+#include "links/load_errors.h"
 #include "webdata/EngineProfile.h"
 #include "webdata/PortalScheme.h"
 #include "webdata/WebAccess.h"
+#include "webdata/web_address.h"
 
 #include <QEventLoop>
-#include <QFileInfo>
-#include <QWebEnginePage>
-#include <QWebEngineProfile>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineView>
+
+#include <algorithm>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr double kZoomStep = 1.1;
+constexpr double kZoomMinimum = 0.25;
+constexpr double kZoomMaximum = 5;
+constexpr int kProgressMaximum = 100;
+constexpr qsizetype kTextsKept = 256; // several times what the engine's history holds
+
+} // namespace
+
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
-    : QWidget(parent), m_profile(profile), m_prompts(prompts) {
-    setAutoFillBackground(true);
+    : QWidget(parent), m_profile(profile), m_prompts(prompts), m_notice(new PaneNotice(this)),
+      m_findBar(new FindBar(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_notice, 1);
+    layout->addWidget(m_findBar);
+    m_notice->hide();
+    connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
+    connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
+    AddShortcuts();
 }
 
-QWebEngineView* BrowserPane::View() {
-    if (m_view)
-        return m_view;
-    m_view = new QWebEngineView(this);
-    m_view->setPage(new QWebEnginePage(&m_profile.Engine(), m_view));
-    m_view->setGeometry(rect());
-    m_view->show();
-    connect(m_view, &QWebEngineView::loadStarted, this, [this] { m_busy = true; });
-    connect(m_view, &QWebEngineView::loadProgress, this,
-            [this](int progress) { Q_EMIT ProgressChange(progress, 100); });
-    connect(m_view, &QWebEngineView::loadFinished, this, [this] {
-        m_busy = false;
-        Q_EMIT ProgressChange(0, 0);
-        Q_EMIT LoadFinished();
+BrowserPane::~BrowserPane() {
+    delete m_view;
+    delete m_page;
+}
+
+void BrowserPane::AddShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto method) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, method);
+    };
+    add(QKeySequence::Find, &BrowserPane::Find);
+    add(QKeySequence(u"Ctrl++"_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+="_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+-"_s), &BrowserPane::ZoomOut);
+    add(QKeySequence(u"Ctrl+0"_s), &BrowserPane::ZoomReset);
+}
+
+void BrowserPane::EnsurePage() {
+    if (m_page)
+        return;
+    m_page = new PanePage(m_profile, m_prompts);
+    m_view = new QWebEngineView(m_page, this);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_view, 1);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &BrowserPane::ShowContextMenu);
+    connect(m_page, &PanePage::Starting, this, &BrowserPane::OnPageStarting);
+    connect(m_page, &PanePage::FileRefused, this,
+            [this](const QUrl& url) { Refuse(url.toString()); });
+    connect(m_page, &PanePage::WindowWanted, this, &BrowserPane::OnWindowWanted);
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &BrowserPane::OnLoading);
+    connect(m_page, &QWebEnginePage::loadProgress, this, [this](int progress) {
+        if (m_isBusy)
+            Q_EMIT ProgressChange(progress, kProgressMaximum);
     });
-    connect(m_view->page(), &QWebEnginePage::linkHovered, this, &BrowserPane::StatusTextChange);
-    return m_view;
+    connect(m_page, &QWebEnginePage::urlChanged, this, &BrowserPane::OnCommit);
+    connect(m_page, &QWebEnginePage::linkHovered, this,
+            [this](const QString& url) { Q_EMIT StatusTextChange(TextOf(QUrl(url))); });
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
+            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                if (status != QWebEnginePage::NormalTerminationStatus)
+                    OnCrash();
+            });
+    connect(m_findBar, &FindBar::Wanted, m_page, [this](const QString& text, bool isBackward) {
+        m_page->findText(text,
+                         isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+    });
+    connect(m_findBar, &FindBar::Closed, m_view, [this] { m_view->setFocus(); });
 }
 
 void BrowserPane::Navigate(const QString& address) {
-    if (address.isEmpty())
+    if (address.trimmed().isEmpty())
         return;
+    const int navigation = ++m_navigation;
+    const QPointer<BrowserPane> guard(this);
     bool cancel = false;
     Q_EMIT BeforeNavigate2(address, &cancel);
-    if (cancel)
+    if (!guard || cancel || navigation != m_navigation)
         return;
-    m_location = address;
-    const QFileInfo file(address);
-    const bool generated =
-        file.absolutePath() == QFileInfo(m_profile.ProgramFolder()).absoluteFilePath();
-    View()->load(generated ? PortalScheme::PageUrl(file.fileName().toStdString())
-                           : UrlFromAddress(address));
+    // The engine must not be sent elsewhere while it asks whether it may go on.
+    if (m_isInPageHook)
+        QMetaObject::invokeMethod(
+            this, [this, address] { Load(address); }, Qt::QueuedConnection);
+    else
+        Load(address);
+}
+
+void BrowserPane::Load(const QString& address) {
+    const std::string page(
+        GeneratedPageIn(m_profile.ProgramFolder().toStdString(), address.toStdString()));
+    const QUrl url = page.empty() ? UrlFromAddress(address) : PortalScheme::PageUrl(page);
+    const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
+    if (page.empty() && !isWeb && url != QUrl(u"about:blank"_s)) {
+        Refuse(address);
+        return;
+    }
+    EnsurePage();
+    ShowPage();
+    m_pendingAddress = address;
+    Begin(address);
+    m_page->load(url);
 }
 
 void BrowserPane::GoBack() {
-    if (m_view)
-        m_view->back();
+    const bool isOverIntactPage = m_shown == Shown::Failure || m_shown == Shown::Refusal;
+    if (isOverIntactPage && m_page && m_page->history()->count() > 0)
+        ShowPage();
+    else if (m_page)
+        m_page->triggerAction(QWebEnginePage::Back);
 }
 
 void BrowserPane::GoForward() {
-    if (m_view)
-        m_view->forward();
+    if (m_page)
+        m_page->triggerAction(QWebEnginePage::Forward);
 }
 
 void BrowserPane::Stop() {
-    if (m_view)
-        m_view->stop();
+    if (!m_page || !m_isBusy)
+        return;
+    m_page->triggerAction(QWebEnginePage::Stop);
+    // A load that the engine has not begun yet ends without a word from it.
+    if (m_isBusy)
+        End(false);
 }
 
 void BrowserPane::Refresh() {
-    if (m_view)
-        m_view->reload();
+    if (m_shown == Shown::Failure)
+        Load(QString(m_failedAddress));
+    else if (m_page && m_shown != Shown::Refusal)
+        m_page->triggerAction(QWebEnginePage::Reload);
 }
 
 void BrowserPane::WaitWhileBusy() {
-    if (!m_busy)
+    if (!m_isBusy)
         return;
     QEventLoop loop;
-    connect(this, &BrowserPane::LoadFinished, &loop, &QEventLoop::quit);
+    connect(this, &BrowserPane::DocumentComplete, &loop, [this, &loop] {
+        if (!m_isBusy)
+            loop.quit();
+    });
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
-void BrowserPane::resizeEvent(QResizeEvent*) {
+QString BrowserPane::LocationURL() const {
+    if (m_shown == Shown::Failure)
+        return m_failedAddress;
+    if (!m_page || m_page->history()->count() == 0)
+        return {};
+    const auto text = m_builtTexts.constFind(m_page->history()->currentItem().originalUrl());
+    return text != m_builtTexts.cend() ? *text : TextOf(m_page->url());
+}
+
+// The text that stands for an address which the engine named.
+QString BrowserPane::TextOf(const QUrl& url) const {
+    if (url.scheme() == PortalScheme::Name() && url.host() == PortalScheme::PagesHost())
+        return m_profile.ProgramFolder() + url.path(QUrl::FullyDecoded);
+    return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
+}
+
+void BrowserPane::Begin(const QString& address) {
+    m_isBusy = true;
+    Q_EMIT StatusTextChange(tr("Loading %1").arg(address));
+    Q_EMIT ProgressChange(0, kProgressMaximum);
+}
+
+void BrowserPane::End(bool isLoaded) {
+    m_isBusy = false;
+    m_pendingAddress.clear();
+    Q_EMIT StatusTextChange({});
+    Q_EMIT ProgressChange(0, 0);
+    Q_EMIT DocumentComplete(isLoaded);
+}
+
+void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        ShowPage();
+        if (!m_isBusy)
+            Begin(TextOf(info.url()));
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+        ShowPage();
+        OnCommit();
+        End(true);
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus:
+        End(false);
+        break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        // The page that comes with a status such as 404 is the site's own, and is shown.
+        if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain) {
+            OnCommit();
+            TellOfEmptyAnswer(info.errorCode());
+            End(true);
+        } else {
+            OnFailure(info.url(), info.errorString());
+        }
+        break;
+    }
+}
+
+// A page of this pane's own arrived: from now on its address has the text that asked for it.
+void BrowserPane::OnCommit() {
+    if (m_pendingAddress.isEmpty())
+        return;
+    ForgetOldTexts();
+    m_builtTexts.insert(m_page->history()->currentItem().originalUrl(), m_pendingAddress);
+    SetZoom(m_zoom);
+}
+
+void BrowserPane::ForgetOldTexts() {
+    if (m_builtTexts.size() < kTextsKept)
+        return;
+    QHash<QUrl, QString> kept;
+    for (const QWebEngineHistoryItem& item : m_page->history()->items())
+        if (const auto text = m_builtTexts.constFind(item.originalUrl());
+            text != m_builtTexts.cend())
+            kept.insert(text.key(), *text);
+    m_builtTexts = kept;
+}
+
+void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
+    const QScopedValueRollback<bool> inHook(m_isInPageHook, true);
+    const QString address = TextOf(url);
+    const int navigation = ++m_navigation;
+    Q_EMIT BeforeNavigate2(address, cancel);
+    *cancel = *cancel || navigation != m_navigation;
+    if (!*cancel) {
+        m_pendingAddress.clear();
+        Begin(address);
+    }
+}
+
+void BrowserPane::OnWindowWanted(const QUrl& url) {
+    BrowserPane* target = m_newWindowTarget ? m_newWindowTarget.data() : this;
+    const QString address = TextOf(url);
+    QMetaObject::invokeMethod(
+        target, [target, address] { target->Navigate(address); }, Qt::QueuedConnection);
+}
+
+void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
+    m_failedAddress = m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url))
+                                                 : m_pendingAddress;
+    m_shown = Shown::Failure;
+    m_notice->Tell(tr("This page cannot be shown"),
+                   QString::fromStdString(LoadErrorText(error.toStdString())), m_failedAddress,
+                   PaneNotice::Offer::TryAgainOrSearch);
+    m_view->hide();
+    m_notice->show();
+    End(false);
+}
+
+void BrowserPane::TellOfEmptyAnswer(int status) {
+    const QString address = LocationURL();
+    m_page->toHtml([guard = QPointer<BrowserPane>(this), status, address](const QString& html) {
+        if (!guard || guard->m_isBusy || html != u"<html><head></head><body></body></html>")
+            return;
+        guard->m_failedAddress = address;
+        guard->m_shown = Shown::Failure;
+        guard->m_notice->Tell(tr("This page is empty"),
+                              tr("The server answered with status %1 and no page.").arg(status),
+                              address, PaneNotice::Offer::TryAgainOrSearch);
+        guard->m_view->hide();
+        guard->m_notice->show();
+    });
+}
+
+void BrowserPane::OnCrash() {
+    const QString address = m_pendingAddress.isEmpty() ? LocationURL() : m_pendingAddress;
+    m_failedAddress = m_pendingAddress;
+    m_shown = m_pendingAddress.isEmpty() ? Shown::Crash : Shown::Failure;
+    m_notice->Tell(tr("This page crashed"),
+                   tr("The program goes on. Refresh or \"Try again\" brings the page back."),
+                   address, PaneNotice::Offer::TryAgain);
+    m_view->hide();
+    m_notice->show();
+    if (m_isBusy)
+        End(false);
+}
+
+void BrowserPane::Refuse(const QString& address) {
+    m_shown = Shown::Refusal;
+    m_notice->Tell(tr("This address is not shown"),
+                   tr("Only pages of the web (http and https) and the program's own pages are "
+                      "shown here."),
+                   address, PaneNotice::Offer::Nothing);
     if (m_view)
-        m_view->setGeometry(rect());
+        m_view->hide();
+    m_notice->show();
+}
+
+void BrowserPane::ShowPage() {
+    m_shown = Shown::Page;
+    m_notice->hide();
+    m_view->show();
+}
+
+void BrowserPane::ShowContextMenu(QPoint position) {
+    QMenu* menu = m_view->createStandardContextMenu();
+    for (const auto action :
+         {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewWindow,
+          QWebEnginePage::OpenLinkInNewTab, QWebEnginePage::OpenLinkInNewBackgroundTab})
+        menu->removeAction(m_page->action(action));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(m_view->mapToGlobal(position));
+}
+
+void BrowserPane::Find() {
+    if (m_page && m_shown == Shown::Page)
+        m_findBar->Open();
+}
+
+void BrowserPane::ZoomIn() {
+    SetZoom(m_zoom * kZoomStep);
+}
+
+void BrowserPane::ZoomOut() {
+    SetZoom(m_zoom / kZoomStep);
+}
+
+void BrowserPane::ZoomReset() {
+    SetZoom(1);
+}
+
+void BrowserPane::SetZoom(double factor) {
+    m_zoom = std::clamp(factor, kZoomMinimum, kZoomMaximum);
+    if (m_page)
+        m_page->setZoomFactor(m_zoom);
 }
 
 } // namespace tallowmere

@@ -1,57 +1,106 @@
 #pragma once
 
+#include <QHash>
+#include <QPointer>
+#include <QUrl>
 #include <QWidget>
 
+class QWebEngineLoadingInfo;
 class QWebEngineView;
 
 namespace tallowmere {
 
 class EngineProfile;
+class FindBar;
+class PaneNotice;
+class PanePage;
 class Prompts;
 
-/// One embedded browser. The engine's view is made by the first navigation.
+/// An embedded browser pane: `Web`, `WebB`, `WebTick` and the one of the watch window. Addresses
+/// go in and come out as text, as they were built, wherever they lead today. The engine behind it
+/// is started by the first navigation.
 class BrowserPane : public QWidget {
     Q_OBJECT
 public:
-    BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent);
+    BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent = nullptr);
+    ~BrowserPane() override;
 
-    /// Loads an address, given as text as it was built; one without a scheme is an http address.
+    /// Shows an address, or the path of a generated page, unless a receiver of BeforeNavigate2
+    /// cancels it. An empty address is ignored. What is no web address is refused in the pane.
     void Navigate(const QString& address);
     void GoBack();
     void GoForward();
     void Stop();
+    /// Loads the page again; after a failure or a crash the page that should be there.
     void Refresh();
-    bool Busy() const { return m_busy; }
 
-    /// Returns when the pane is no longer busy, or is gone.
+    /// Whether a page is being loaded.
+    bool Busy() const { return m_isBusy; }
+    /// Keeps the window alive until no page is being loaded, or the pane is gone.
     void WaitWhileBusy();
 
-    /// The address of the page, as it was built.
-    QString LocationURL() const { return m_location; }
+    /// The address of what the pane shows, as built: no stand-in and no redirect changes it. Where
+    /// the user followed links it is the page's own. Empty before the first page.
+    QString LocationURL() const;
 
-    /// Where pages that open in a new window are loaded.
-    void SetNewWindowTarget(BrowserPane* pane) { m_newWindows = pane; }
+    /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
+    void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
+
+    /// Opens the search bar.
+    void Find();
+    void ZoomIn();
+    void ZoomOut();
+    void ZoomReset();
 
 Q_SIGNALS:
-    /// A page is about to load; setting `cancel` keeps it from loading.
+    /// Raised once for every navigation that `Navigate` or the page itself starts, with the address
+    /// as it was given. It is not raised for redirects, Back, Forward and Refresh. A receiver that
+    /// calls `Navigate` replaces the navigation.
     void BeforeNavigate2(const QString& address, bool* cancel);
     void StatusTextChange(const QString& text);
-    /// 0 of 0 when nothing loads.
+    /// 0 to 100 of 100 during a load, 0 of 0 when it is over.
     void ProgressChange(int progress, int maximum);
-    void LoadFinished();
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
+    /// A load is over; `isLoaded` is false when it failed or was stopped.
+    void DocumentComplete(bool isLoaded);
 
 private:
-    QWebEngineView* View();
+    void EnsurePage();
+    void AddShortcuts();
+    void Load(const QString& address);
+    void Begin(const QString& address);
+    void End(bool isLoaded);
+    void OnLoading(const QWebEngineLoadingInfo& info);
+    void OnPageStarting(const QUrl& url, bool* cancel);
+    void OnFailure(const QUrl& url, const QString& error);
+    void OnCommit();
+    void OnCrash();
+    void OnWindowWanted(const QUrl& url);
+    void TellOfEmptyAnswer(int status);
+    void ShowContextMenu(QPoint position);
+    void ShowPage();
+    void Refuse(const QString& address);
+    void ForgetOldTexts();
+    void SetZoom(double factor);
+    QString TextOf(const QUrl& url) const;
+
+    enum class Shown { Page, Failure, Refusal, Crash };
 
     EngineProfile& m_profile;
     Prompts& m_prompts;
+    QPointer<PanePage> m_page;
+    QPointer<BrowserPane> m_newWindowTarget;
     QWebEngineView* m_view = nullptr;
-    BrowserPane* m_newWindows = nullptr;
-    bool m_busy = false;
-    QString m_location;
+    PaneNotice* m_notice;
+    FindBar* m_findBar;
+
+    Shown m_shown = Shown::Page;
+    QString m_failedAddress;
+    QString m_pendingAddress;          ///< of a load by `Navigate` that has not arrived yet
+    QHash<QUrl, QString> m_builtTexts; ///< the text of each requested address
+    int m_navigation = 0;              ///< tells a navigation from one that replaced it
+    bool m_isBusy = false;
+    bool m_isInPageHook = false;
+    double m_zoom = 1;
 };
 
 } // namespace tallowmere

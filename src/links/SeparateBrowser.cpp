@@ -1,55 +1,73 @@
 #include "links/SeparateBrowser.h"
 
 #include "shell/Prompts.h"
-#include "shell/QtText.h"
 #include "webdata/WebAccess.h"
 
 #include <QDesktopServices>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QUrl>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The calculators of the usual desktops; the first that is installed is taken.
+QStringList UsualCalculators() {
+#ifdef _WIN32
+    return {u"calc.exe"_s};
+#else
+    return {u"gnome-calculator"_s, u"kcalc"_s, u"galculator"_s, u"xcalc"_s, u"qalculate-gtk"_s};
+#endif
+}
+
+bool Start(QStringList command) {
+    if (command.isEmpty())
+        return false;
+    const QString program = command.takeFirst();
+    return QProcess::startDetached(program, command);
+}
+
+} // namespace
+
 SeparateBrowser::SeparateBrowser(const SiteTable& sites, Prompts& prompts, QObject* parent)
     : QObject(parent), m_sites(sites), m_prompts(prompts) {}
 
+bool SeparateBrowser::StartOrOpen(std::string_view program, const QUrl& url) const {
+    const QString text = QString::fromStdString(std::string(m_sites.Program(program)));
+    const QStringList command = QProcess::splitCommand(text);
+    if (command.isEmpty())
+        return QDesktopServices::openUrl(url);
+    return Start(command + QStringList{url.toString(QUrl::FullyEncoded)});
+}
+
 void SeparateBrowser::Open(const QString& address) {
     const QUrl url = UrlFromAddress(address);
-    if (!IsWebUrl(url)) {
-        m_prompts.Message(u"This address cannot be opened: "_s + address, MessageTitle());
-        return;
-    }
-    QStringList command = QProcess::splitCommand(ToQt(m_sites.Program("browser")));
-    bool opened = false;
-    if (command.isEmpty()) {
-        opened = QDesktopServices::openUrl(url);
-    } else {
-        const QString program = command.takeFirst();
-        opened = QProcess::startDetached(program, command << url.toString(QUrl::FullyEncoded));
-    }
-    if (!opened)
-        m_prompts.Message(u"No browser could be started for "_s + address, MessageTitle());
+    if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty())
+        m_prompts.Message(
+            tr("Only pages of the web open in a separate browser, not %1").arg(address),
+            MessageTitle());
+    else if (!StartOrOpen("browser", url))
+        m_prompts.Message(tr("No browser could be started for %1").arg(address), MessageTitle());
+}
+
+void SeparateBrowser::WriteMail(const QString& address) {
+    const QUrl url(address);
+    if (url.scheme() != u"mailto" || !StartOrOpen("mail", url))
+        m_prompts.Message(tr("No mail program could be started for %1").arg(address),
+                          MessageTitle());
 }
 
 void SeparateBrowser::StartCalculator() {
-    QStringList candidates;
-    if (const QString own = ToQt(m_sites.Program("calculator")); !own.isEmpty())
-        candidates << own;
-#ifdef _WIN32
-    candidates << u"calc.exe"_s;
-#endif
-    candidates << u"gnome-calculator"_s << u"kcalc"_s << u"qalculate-gtk"_s << u"galculator"_s
-               << u"xcalc"_s;
-    for (const QString& candidate : candidates) {
-        QStringList command = QProcess::splitCommand(candidate);
-        const QString program = command.takeFirst();
-        if (!QStandardPaths::findExecutable(program).isEmpty() &&
-            QProcess::startDetached(program, command))
+    const QString own = QString::fromStdString(std::string(m_sites.Program("calculator")));
+    if (Start(QProcess::splitCommand(own)))
+        return;
+    for (const QString& name : UsualCalculators())
+        if (!QStandardPaths::findExecutable(name).isEmpty() && Start({name}))
             return;
-    }
-    m_prompts.Message(u"No calculator program was found."_s, MessageTitle());
+    m_prompts.Message(tr("No calculator program was found."), MessageTitle());
 }
 
 } // namespace tallowmere

@@ -8,17 +8,22 @@ namespace tallowmere {
 
 class Prompts;
 
-/// The programs that are started outside: the user's browser, calculator and mail program.
+/// Starts what runs outside the program: the user's browser, calculator and mail program. Each is
+/// the one that the site table names, else the desktop's own. What cannot be started is reported.
 class SeparateBrowser : public QObject {
     Q_OBJECT
 public:
-    SeparateBrowser(const SiteTable& sites, Prompts& prompts, QObject* parent);
+    SeparateBrowser(const SiteTable& sites, Prompts& prompts, QObject* parent = nullptr);
 
-    /// Opens an http(s) address.
+    /// Opens an http(s) address, and nothing else, in a browser of its own.
     void Open(const QString& address);
     void StartCalculator();
+    /// Begins a mail; `address` starts with "mailto:".
+    void WriteMail(const QString& address);
 
 private:
+    bool StartOrOpen(std::string_view program, const QUrl& url) const;
+
     const SiteTable& m_sites;
     Prompts& m_prompts;
 };
