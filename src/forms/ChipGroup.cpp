@@ -6,6 +6,7 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollArea>
 
 namespace tallowmere {
 
@@ -50,9 +51,21 @@ void ChipGroup::MakeEntry(Chip* chip) {
         other->setFocusPolicy(other == chip ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
+void ChipGroup::ScrollTo(Chip* chip) {
+    for (QWidget* ancestor = parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
+            area->ensureWidgetVisible(chip, chip->height(), chip->height());
+            return;
+        }
+    }
+}
+
 bool ChipGroup::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn)
-        MakeEntry(static_cast<Chip*>(watched));
+    if (event->type() == QEvent::FocusIn) {
+        auto* chip = static_cast<Chip*>(watched);
+        MakeEntry(chip);
+        ScrollTo(chip);
+    }
     return QWidget::eventFilter(watched, event);
 }
 

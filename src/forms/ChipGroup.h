@@ -23,6 +23,7 @@ protected:
 private:
     Chip* Neighbour(const Chip* from, int key) const;
     void MakeEntry(Chip* chip);
+    void ScrollTo(Chip* chip);
 
     QList<Chip*> m_chips;
     QLayout* m_flow;

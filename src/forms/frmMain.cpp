@@ -2,14 +2,15 @@
 
 #include "forms/ChipGroup.h"
 #include "forms/Grip.h"
+#include "forms/TopBar.h"
 #include "links/BrowserPane.h"
 #include "links/link_areas.h"
 #include "shell/QtText.h"
 
 #include <QCloseEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace tallowmere {
 
@@ -93,13 +94,14 @@ void frmMain::BuildPortfolioControls() {
     List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_body);
 }
 
-QScrollArea* frmMain::MakePanel(const QString& name, const QString& accessibleName) {
-    auto* panel = new QScrollArea(m_body);
+QScrollArea* frmMain::MakePanel(QScrollArea* panel, const QString& name,
+                                const QString& accessibleName) {
     panel->setObjectName(name);
     panel->setAccessibleName(accessibleName);
     panel->setFrameShape(QFrame::NoFrame);
     panel->setWidgetResizable(true);
     panel->setFocusPolicy(Qt::NoFocus);
+    panel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* content = new QWidget(panel);
     content->setMouseTracking(true);
     panel->setWidget(content);
@@ -107,14 +109,9 @@ QScrollArea* frmMain::MakePanel(const QString& name, const QString& accessibleNa
 }
 
 void frmMain::BuildLinks() {
-    fraTop = MakePanel(u"fraTop"_s, u"Top link bar"_s);
-    fraLeft = MakePanel(u"fraLeft"_s, u"Left panel"_s);
-    fraRight = MakePanel(u"fraRight"_s, u"Right panel"_s);
-    fraTop->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    fraTop->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    fraTop->viewport()->installEventFilter(this);
-    for (QScrollArea* panel : {fraLeft, fraRight})
-        panel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    fraTop = MakePanel(new TopBar(m_body), u"fraTop"_s, u"Top link bar"_s);
+    fraLeft = MakePanel(new QScrollArea(m_body), u"fraLeft"_s, u"Left panel"_s);
+    fraRight = MakePanel(new QScrollArea(m_body), u"fraRight"_s, u"Right panel"_s);
 
     QFont font = this->font();
     font.setPointSizeF(font.pointSizeF() * 0.88);
@@ -297,18 +294,17 @@ void frmMain::changeEvent(QEvent* event) {
         LayOut();
 }
 
+// The panes swallow the pointer's moves; the native window sees them all.
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    windowHandle()->installEventFilter(this);
+}
+
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_body && event->type() == QEvent::Resize)
         LayOut();
-    else if (watched == m_body && event->type() == QEvent::MouseMove)
+    else if (event->type() == QEvent::MouseMove)
         TellPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
-    else if (watched == fraTop->viewport() && event->type() == QEvent::Wheel) {
-        // The top bar is one row: the wheel moves it sideways.
-        const QPoint turn = static_cast<QWheelEvent*>(event)->angleDelta();
-        QScrollBar* bar = fraTop->horizontalScrollBar();
-        bar->setValue(bar->value() - (turn.y() != 0 ? turn.y() : turn.x()));
-        return true;
-    }
     return QMainWindow::eventFilter(watched, event);
 }
 

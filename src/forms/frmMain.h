@@ -88,13 +88,14 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildPortfolioControls();
     void BuildLinks();
     void BuildPanes(EngineProfile& profile, Prompts& prompts);
-    QScrollArea* MakePanel(const QString& name, const QString& accessibleName);
+    QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
     void LayOutPortfolio(const QRect& area);
     int PortfolioHeight() const;
     void ConnectGrips();
