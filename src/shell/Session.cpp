@@ -248,6 +248,10 @@ void Session::Close() {
     QCoreApplication::quit();
 }
 
+void Session::SendAll(const QString& site) {
+    m_links->SendAll(site);
+}
+
 void Session::Raise() {
     m_form->setWindowState((m_form->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
     m_form->show();

@@ -56,6 +56,9 @@ public:
     /// Brings the window to the front.
     void Raise();
 
+    /// Opens one page of `site` for all tickers of the list.
+    void SendAll(const QString& site);
+
     frmMain& Form() { return *m_form; }
     MainState& State() { return m_state; }
     SettingsStore& Settings() { return m_settings; }

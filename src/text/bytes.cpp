@@ -56,7 +56,8 @@ std::size_t CountOccurrences(std::string_view text, std::string_view pattern) {
     std::size_t count = 0;
     if (pattern.empty())
         return count;
-    for (auto at = text.find(pattern); at != std::string_view::npos; at = text.find(pattern, at + 1))
+    for (auto at = text.find(pattern); at != std::string_view::npos;
+         at = text.find(pattern, at + 1))
         ++count;
     return count;
 }

@@ -21,7 +21,8 @@ public:
 
     TestPrompts prompts;
     TestClock clock;
-    QStringList asked; ///< addresses that the portal was asked for
+    std::string programs; ///< further text of the table of sites
+    QStringList asked;    ///< addresses that the portal was asked for
     /// What the built-in portal answers; a plain page unless the test says otherwise.
     std::function<PortalAnswer(const std::string&, const std::string&)> portal =
         [](const std::string&, const std::string&) {
@@ -46,7 +47,8 @@ public:
         };
         m_session.reset(new Session(
             {folders, m_mode,
-             SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n", "sites.toml"),
+             SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs,
+                              "sites.toml"),
              MenuTable::Parse("", "menus.toml"), answer, prompts, clock}));
         m_session->Start();
         return *m_session;
