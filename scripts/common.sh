@@ -16,7 +16,7 @@ displayPackages=(
 )
 # Debian's own: another python3 may come first in the path and has no python3-gi.
 python=/usr/bin/python3
-testPackages=(libgtest-dev libgmock-dev "${displayPackages[@]}")
+testPackages=(libgtest-dev libgmock-dev poppler-utils "${displayPackages[@]}")
 
 Say() { echo "$(basename "$0"): $*"; }
 Fail() {

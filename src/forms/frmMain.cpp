@@ -263,6 +263,12 @@ void frmMain::ShowCustomLink(const CustomLinkRecord& record, int slot) {
                                    (unused ? u", empty"_s : QString()));
 }
 
+void frmMain::PopUp(QMenu* menu) {
+    const QWidget* focus = focusWidget();
+    const bool byPointer = !focus || focus->underMouse();
+    menu->popup(byPointer ? QCursor::pos() : focus->mapToGlobal(focus->rect().bottomLeft()));
+}
+
 void frmMain::ShowTicker(bool shown) {
     fraTick->setVisible(shown);
     LayOut();

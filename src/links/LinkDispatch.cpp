@@ -165,6 +165,7 @@ void LinkDispatch::RunPageTool(const LinkRow& row) {
         break;
     case LinkAction::Stop:
         pane->Stop();
+        m_transfers.CancelAll();
         break;
     case LinkAction::CopyAddress:
         QGuiApplication::clipboard()->setText(pane->LocationURL());

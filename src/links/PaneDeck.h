@@ -35,6 +35,9 @@ public:
     /// Shows a text in the status line.
     void ShowStatus(const QString& text);
 
+    /// Draws the progress bar; 0 of anything empties it.
+    void ShowProgress(int progress, int maximum);
+
 Q_SIGNALS:
     /// A page is about to load: the edge panels make room.
     void BrowsingStarts();
@@ -42,7 +45,6 @@ Q_SIGNALS:
 private:
     void BeforeFirst(const QString& address, bool* cancel);
     void BeforeEither(const QString& address, bool* cancel);
-    void ShowProgress(int progress, int maximum);
 
     frmMain& m_form;
     MainState& m_state;

@@ -6,7 +6,6 @@
 #include "links/site_menus.h"
 #include "shell/QtText.h"
 
-#include <QCursor>
 #include <QMenu>
 
 namespace tallowmere {
@@ -71,12 +70,8 @@ void SitePopups::AddArray(QMenu* menu, std::string_view array) {
 }
 
 void SitePopups::PopUp(const QString& name) {
-    QMenu* menu = Menu(name);
-    if (!menu)
-        return;
-    const QWidget* focus = m_form.focusWidget();
-    const bool byPointer = !focus || focus->underMouse();
-    menu->popup(byPointer ? QCursor::pos() : focus->mapToGlobal(focus->rect().bottomLeft()));
+    if (QMenu* menu = Menu(name))
+        m_form.PopUp(menu);
 }
 
 void SitePopups::Choose(const QString& array, int index) {

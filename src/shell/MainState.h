@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/Chip.h"
+#include "portfolio/portfolio_menu.h"
 #include "portfolio/stored_portfolio.h"
 
 #include <QString>
@@ -39,9 +40,7 @@ struct MainState {
     int currentCustomSlot = kNoSlot;
     ColorPair copiedColors; ///< text 0: nothing was copied
 
-    QString pendingView = QStringLiteral("Skip"); ///< view code of the portfolio query
-    bool allPortfolios = false;                   ///< scope of the condensed page
-    int lastPortfolioEntry = 2; ///< the entry of the portfolio menu that was chosen last
+    PortfolioView portfolioView; ///< what was chosen in the portfolio menu
 
     static constexpr int kNoSlot = 0;
 };

@@ -10,7 +10,11 @@
 #include "market/ActiveEdges.h"
 #include "market/IndexStrip.h"
 #include "market/index_strip.h"
+#include "portfolio/PortfolioCommands.h"
 #include "portfolio/Portfolios.h"
+#include "portfolio/QuoteMenus.h"
+#include "portfolio/QuotePage.h"
+#include "portfolio/Reports.h"
 #include "portfolio/TickerBox.h"
 #include "shell/QtText.h"
 #include "shell/TransferControl.h"
@@ -61,6 +65,10 @@ Session::Session(SessionSetup setup)
     m_strip = new IndexStrip(form, m_services, *m_panes, *m_spooNet);
     m_edges = new ActiveEdges(form, m_state, m_services);
     m_colors = new ColorConfig(form, m_services, *m_portfolios);
+    m_portfolioCommands = new PortfolioCommands(form, m_state, m_services, *m_portfolios);
+    m_quotePage = new QuotePage(form, m_state, m_services, *m_dispatch, *m_panes, *m_inet);
+    m_quoteMenus = new QuoteMenus(form, m_state, m_services, *m_panes, *m_links, *m_quotePage);
+    m_reports = new Reports(form, m_services, *m_dispatch);
     Connect();
 }
 
@@ -74,6 +82,8 @@ void Session::Connect() {
     const auto hold = [this](bool held) { m_state.edgesHeld = held; };
     connect(m_links, &LinkPanel::Held, this, hold);
     connect(m_popups, &SitePopups::Held, this, hold);
+    connect(m_quoteMenus, &QuoteMenus::Held, this, hold);
+    connect(m_dispatch, &LinkDispatch::PortfolioMenuRequested, m_quoteMenus, &QuoteMenus::PopUp);
     connect(m_dispatch, &LinkDispatch::CalculatorRequested, m_outside,
             &SeparateBrowser::StartCalculator);
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);

@@ -22,7 +22,11 @@ class IndexStrip;
 class LinkDispatch;
 class LinkPanel;
 class PaneDeck;
+class PortfolioCommands;
 class Portfolios;
+class QuoteMenus;
+class QuotePage;
+class Reports;
 class SeparateBrowser;
 class SitePopups;
 class TickerBox;
@@ -106,6 +110,10 @@ private:
     IndexStrip* m_strip = nullptr;
     ActiveEdges* m_edges = nullptr;
     ColorConfig* m_colors = nullptr;
+    PortfolioCommands* m_portfolioCommands = nullptr;
+    QuotePage* m_quotePage = nullptr;
+    QuoteMenus* m_quoteMenus = nullptr;
+    Reports* m_reports = nullptr;
 };
 
 } // namespace tallowmere
