@@ -100,6 +100,7 @@ QByteArray TransferPool::FetchPage(const QString& address) {
     QObject::connect(control, &TransferControl::Finished, &loop, proceed, Qt::QueuedConnection);
     QObject::connect(control, &QObject::destroyed, &loop, &QEventLoop::quit);
     QObject::connect(&wait, &QTimer::timeout, &loop, endWait);
+    wait.setTimerType(Qt::PreciseTimer);
     wait.start(m_closingTagWait);
     control->Open(address);
     loop.exec();
