@@ -57,12 +57,16 @@ bool MaySaveCustomLink(std::string_view title, std::string_view address) {
     return !title.empty() && !(IsUnusedSlot(title) && !Trim(address).empty());
 }
 
-LinkColors StorableColors(LinkColors colors) {
-    return {colors.fore == 0 ? kNearBlack : colors.fore,
-            colors.back == 0 ? kNearBlack : colors.back};
+ColorPair StorableColors(ColorPair colors) {
+    return ColorsOver({kNearBlack, kNearBlack}, colors);
 }
 
-LinkColors CustomAreaColors(const SettingsStore& settings) {
+ColorPair ColorsOver(ColorPair shown, ColorPair record) {
+    return {record.text == 0 ? shown.text : record.text,
+            record.background == 0 ? shown.background : record.background};
+}
+
+ColorPair CustomAreaColors(const SettingsStore& settings) {
     return {AreaColor(settings, TextColorKey("CUST"), kSystemWindowText),
             AreaColor(settings, BackgroundColorKey("CUST"), kEditedCustomBackground)};
 }
@@ -79,9 +83,9 @@ void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& r
     SaveLinkColors(settings, slot, StorableColors(record.colors));
 }
 
-void SaveLinkColors(SettingsStore& settings, int slot, LinkColors colors) {
-    Save(settings, kFore, slot, FromColor(colors.fore));
-    Save(settings, kBack, slot, FromColor(colors.back));
+void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors) {
+    Save(settings, kFore, slot, FromColor(colors.text));
+    Save(settings, kBack, slot, FromColor(colors.background));
 }
 
 void ResetCustomLink(SettingsStore& settings, int slot) {

@@ -2,6 +2,7 @@
 
 #include "links/catalogue.h"
 #include "shell/settings_store.h"
+#include "tools/color_config.h"
 
 #include <array>
 #include <cstdint>
@@ -11,18 +12,10 @@
 /// The seventy links of the user's own: what the store holds of each, and the rules of the editor.
 namespace tallowmere {
 
-/// Text and background, 0x00BBGGRR or a system colour with the top bit set. In a record 0 means not
-/// set: the colour of the area shows.
-struct LinkColors {
-    std::uint32_t fore = 0;
-    std::uint32_t back = 0;
-    friend bool operator==(const LinkColors&, const LinkColors&) = default;
-};
-
 struct CustomLinkRecord {
     std::string address; ///< as typed, or "MULTILINK:" and the name of a page file
     std::string title{kEmptyCustomCaption};
-    LinkColors colors;
+    ColorPair colors; ///< 0: not set, the label keeps what it shows
 };
 
 constexpr std::size_t kLongestTitle = 12; ///< in characters
@@ -66,10 +59,13 @@ std::string_view CutTitle(std::string_view title);
 bool MaySaveCustomLink(std::string_view title, std::string_view address);
 
 /// The colours with black made the darkest colour that can be stored.
-LinkColors StorableColors(LinkColors colors);
+ColorPair StorableColors(ColorPair colors);
+
+/// What a label shows in `shown` after a record's colours were put on it: those that are set.
+ColorPair ColorsOver(ColorPair shown, ColorPair record);
 
 /// The colours of unused slots and of links without colours of their own.
-LinkColors CustomAreaColors(const SettingsStore& settings);
+ColorPair CustomAreaColors(const SettingsStore& settings);
 
 /// The record of a slot (101 to 170). A colour that cannot be read counts as not set.
 CustomLinkRecord LoadCustomLink(const SettingsStore& settings, int slot);
@@ -78,7 +74,7 @@ CustomLinkRecord LoadCustomLink(const SettingsStore& settings, int slot);
 void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& record);
 
 /// Writes only the colours of a slot, as they are.
-void SaveLinkColors(SettingsStore& settings, int slot, LinkColors colors);
+void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors);
 
 /// Empties a slot: no address, the caption of an unused slot and the area's colours written out.
 void ResetCustomLink(SettingsStore& settings, int slot);

@@ -19,6 +19,9 @@ constexpr std::string_view kMultiLinkTail = "</body></html>";
 constexpr std::string_view kMultiLinkPrefix = "MULTILINK:";
 constexpr std::string_view kMultiLinkSuffix = ".mlnk";
 
+/// The page in the program folder in which a multi-link is shown.
+constexpr std::string_view kDisplayPage = "multiweb.html";
+
 constexpr std::string_view kMultiLinkTitleMissing =
     "Enter a title before using the Multi-Link feature.";
 constexpr std::string_view kMultiLinkTitleInvalid =

@@ -44,6 +44,11 @@ QColor ScreenColor(std::uint32_t color, const QPalette& palette) {
     }
 }
 
+std::uint32_t StoredColor(const QColor& color) {
+    const auto [red, green, blue] = std::array{color.red(), color.green(), color.blue()};
+    return static_cast<std::uint32_t>(red | green << 8 | blue << 16);
+}
+
 Chip::Chip(const QString& array, int index, const QString& caption, QWidget* parent)
     : QAbstractButton(parent), m_index(index) {
     setObjectName(index < 0 ? array : array + QString::number(index));

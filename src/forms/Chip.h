@@ -9,6 +9,9 @@ namespace tallowmere {
 /// A colour as the window system takes it; system colours follow the palette.
 QColor ScreenColor(std::uint32_t color, const QPalette& palette);
 
+/// A colour of the window system as it is stored, 0x00BBGGRR.
+std::uint32_t StoredColor(const QColor& color);
+
 /// A small flat label that is clicked: a research link, a portfolio number, a caption. It tells of
 /// the mouse before it tells of the click, as `MouseDown`, `MouseMove`, `MouseUp`, `clicked`.
 class Chip : public QAbstractButton {

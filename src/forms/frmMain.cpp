@@ -250,14 +250,9 @@ void frmMain::LayOutPortfolio(const QRect& area) {
 
 void frmMain::ShowCustomLink(const CustomLinkRecord& record, int slot) {
     Chip* link = lbllink.at(static_cast<std::size_t>(slot));
-    ColorPair colors = link->Colors();
-    if (record.colors.fore != 0)
-        colors.text = record.colors.fore;
-    if (record.colors.back != 0)
-        colors.background = record.colors.back;
     const bool unused = IsUnusedSlot(record.title);
     link->SetCaption(tallowmere::ToQt(record.title));
-    link->SetColors(colors);
+    link->SetColors(ColorsOver(link->Colors(), record.colors));
     link->SetQuiet(unused);
     link->setAccessibleDescription(u"Custom link "_s + QString::number(slot) +
                                    (unused ? u", empty"_s : QString()));

@@ -298,9 +298,9 @@ void LinkDispatch::ShowMultiLink(const QString& target, const TickerForms& forms
     const std::optional<std::string> name = StoredPageName(FromQt(target));
     if (!name)
         return;
-    const std::string page = ReadWholeFile(m_services.programFolder / *name);
+    const std::string page = ReadWholeFile(m_services.programFolder / ToPath(ToQt(*name)));
     if (!page.empty())
-        ShowGenerated("multiweb.html", ExpandMultiLink(page, forms));
+        ShowGenerated(std::string(kDisplayPage), ExpandMultiLink(page, forms));
 }
 
 } // namespace tallowmere

@@ -139,12 +139,14 @@ void LinkPanel::RestoreColors(Chip* link) {
 void LinkPanel::Drop(Chip* target, int source) {
     if (source == target->Index() || !IsCustomSlot(source))
         return;
-    const QString caption = target->Caption();
     if (!IsUnusedSlot(target) &&
-        !m_services.prompts.Ask(u"Do you want to overwrite the '"_s + caption + u"' link?"_s,
-                                u"Move Custom Link"_s))
+        !m_services.prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))),
+                                ToQt(kMoveLinkCaption)))
         return;
     MoveCustomLink(m_services.settings, source, target->Index());
+    Chip* emptied = m_form.lbllink.at(static_cast<std::size_t>(source));
+    target->SetColors(emptied->Colors());
+    emptied->SetColors(CustomAreaColors(m_services.settings));
     m_form.ShowCustomLink(LoadCustomLink(m_services.settings, target->Index()), target->Index());
     m_form.ShowCustomLink(LoadCustomLink(m_services.settings, source), source);
 }
@@ -157,6 +159,8 @@ void LinkPanel::EnableLinks() {
     m_form.List1->setEnabled(true);
     m_form.txtStock->setEnabled(true);
     m_form.Label1->setEnabled(true);
+    for (const auto& command : m_form.menus->links)
+        command.first->setEnabled(true);
 }
 
 void LinkPanel::SendAll(const QString& site) {

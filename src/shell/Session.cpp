@@ -1,5 +1,8 @@
 #include "shell/Session.h"
 
+#include "custom/CustomEditor.h"
+#include "custom/CustomMenu.h"
+#include "custom/MultiLinks.h"
 #include "forms/frmMain.h"
 #include "links/BrowserPane.h"
 #include "links/LinkDispatch.h"
@@ -69,6 +72,9 @@ Session::Session(SessionSetup setup)
     m_quotePage = new QuotePage(form, m_state, m_services, *m_dispatch, *m_panes, *m_inet);
     m_quoteMenus = new QuoteMenus(form, m_state, m_services, *m_panes, *m_links, *m_quotePage);
     m_reports = new Reports(form, m_services, *m_dispatch);
+    m_editor = new CustomEditor(form, m_state, m_services, *m_dispatch);
+    new CustomMenu(form, m_state, m_services, *m_links, *m_dispatch, *m_editor);
+    m_multiLinks = new MultiLinks(form, m_state, m_services, *m_dispatch, *m_links, *m_colors);
     Connect();
 }
 

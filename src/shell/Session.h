@@ -16,11 +16,13 @@ namespace tallowmere {
 
 class ActiveEdges;
 class ColorConfig;
+class CustomEditor;
 class EngineProfile;
 class frmMain;
 class IndexStrip;
 class LinkDispatch;
 class LinkPanel;
+class MultiLinks;
 class PaneDeck;
 class PortfolioCommands;
 class Portfolios;
@@ -69,6 +71,8 @@ public:
     IndexStrip& Strip() { return *m_strip; }
     LinkDispatch& Dispatch() { return *m_dispatch; }
     SitePopups& Popups() { return *m_popups; }
+    CustomEditor& Editor() { return *m_editor; }
+    MultiLinks& Recording() { return *m_multiLinks; }
 
 private:
     void Connect();
@@ -114,6 +118,8 @@ private:
     QuotePage* m_quotePage = nullptr;
     QuoteMenus* m_quoteMenus = nullptr;
     Reports* m_reports = nullptr;
+    CustomEditor* m_editor = nullptr;
+    MultiLinks* m_multiLinks = nullptr;
 };
 
 } // namespace tallowmere

@@ -14,10 +14,10 @@
 /// Which colours each control of the main window takes.
 namespace tallowmere {
 
-/// A text colour and the background under it.
+/// A text colour and the background under it, 0x00BBGGRR or a system colour with the top bit set.
 struct ColorPair {
-    std::uint32_t text;
-    std::uint32_t background;
+    std::uint32_t text = 0;
+    std::uint32_t background = 0;
     friend bool operator==(const ColorPair&, const ColorPair&) = default;
 };
 

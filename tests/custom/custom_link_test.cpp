@@ -34,7 +34,7 @@ TEST_F(CustomLink, AnAbsentRecordIsAnUnusedSlot) {
     const CustomLinkRecord record = LoadCustomLink(settings, 101);
     EXPECT_EQ(record.address, "");
     EXPECT_EQ(record.title, "< Custom >");
-    EXPECT_EQ(record.colors, (LinkColors{0, 0}));
+    EXPECT_EQ(record.colors, (ColorPair{0, 0}));
     EXPECT_TRUE(IsUnusedSlot(record.title));
 }
 
@@ -48,14 +48,20 @@ TEST_F(CustomLink, ARecordIsKeptUnderFourKeys) {
     const CustomLinkRecord record = LoadCustomLink(settings, 135);
     EXPECT_EQ(record.address, "http://x.test/?s=LCASETICK ");
     EXPECT_EQ(record.title, "Abc");
-    EXPECT_EQ(record.colors, (LinkColors{255, 0x80000005}));
+    EXPECT_EQ(record.colors, (ColorPair{255, 0x80000005}));
 }
 
 TEST_F(CustomLink, BlackIsStoredAsTheDarkestColourThatCounts) {
     SaveCustomLink(settings, 101, {"", "Abc", {0, 0}});
     EXPECT_EQ(Stored("CustomF101"), "65793");
     EXPECT_EQ(Stored("CustomB101"), "65793");
-    EXPECT_EQ(StorableColors({1, 0}), (LinkColors{1, 65793}));
+    EXPECT_EQ(StorableColors({1, 0}), (ColorPair{1, 65793}));
+}
+
+TEST_F(CustomLink, OnlyColoursThatAreSetCoverWhatALabelShows) {
+    EXPECT_EQ(ColorsOver({1, 2}, {3, 4}), (ColorPair{3, 4}));
+    EXPECT_EQ(ColorsOver({1, 2}, {0, 4}), (ColorPair{1, 4}));
+    EXPECT_EQ(ColorsOver({1, 2}, {3, 0}), (ColorPair{3, 2}));
 }
 
 TEST_F(CustomLink, PastedColoursAreStoredAsTheyAre) {
@@ -72,7 +78,7 @@ TEST_F(CustomLink, AColourThatIsNoNumberCountsAsNotSet) {
     const CustomLinkRecord record = LoadCustomLink(settings, 102);
     EXPECT_EQ(record.address, "http://x.test/");
     EXPECT_EQ(record.title, "Abc");
-    EXPECT_EQ(record.colors, (LinkColors{0, 0}));
+    EXPECT_EQ(record.colors, (ColorPair{0, 0}));
     EXPECT_EQ(Stored("CustomF102"), "red");
 }
 
@@ -100,7 +106,7 @@ TEST_F(CustomLink, ResetWritesTheColoursOfTheAreaOut) {
 TEST_F(CustomLink, ADamagedColourOfTheAreaIsItsDefault) {
     settings.SaveSetting("Colors", "fCUST", "blue");
     settings.SaveSetting("Colors", "bCUST", "3");
-    EXPECT_EQ(CustomAreaColors(settings), (LinkColors{0x80000008, 3}));
+    EXPECT_EQ(CustomAreaColors(settings), (ColorPair{0x80000008, 3}));
 }
 
 TEST_F(CustomLink, AMovedRecordLeavesAnUnusedSlot) {

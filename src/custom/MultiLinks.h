@@ -1,0 +1,44 @@
+#pragma once
+
+#include "shell/MainState.h"
+#include "shell/Services.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace tallowmere {
+
+class ColorConfig;
+class frmMain;
+class LinkDispatch;
+class LinkPanel;
+
+/// Records several links as one page: link 211 starts it and, blinking, ends it.
+class MultiLinks : public QObject {
+    Q_OBJECT
+public:
+    MultiLinks(frmMain& form, MainState& state, const Services& services, LinkDispatch& dispatch,
+               LinkPanel& panel, ColorConfig& colors);
+
+    /// What a click of link 211 does.
+    void Toggle();
+
+    QTimer Timer4;
+
+private:
+    void Start();
+    void Finish();
+    void EnableRecordable();
+    void Blink();
+    void RestoreColors();
+    void StorePage(std::string page);
+
+    frmMain& m_form;
+    MainState& m_state;
+    Services m_services;
+    LinkDispatch& m_dispatch;
+    LinkPanel& m_panel;
+    ColorConfig& m_colors;
+};
+
+} // namespace tallowmere
