@@ -1,12 +1,10 @@
 #pragma once
 
+#include "text/toml.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
-
-// The tables are only read; the parts of the parser that write TOML would cost compile time.
-#define TOML_ENABLE_FORMATTERS 0
-#include <toml++/toml.h>
 
 /// Tables that people edit by hand, read so that one slip costs one row.
 namespace tallowmere {

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "links/address_tree.h"
+#include "links/today_table.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallowmere {
+
+/// Who asks for an address: some are both shown to people and read by the program, and lead to
+/// different places today.
+enum class AddressUse : std::uint8_t { Page, Reading };
+
+/// Leads the addresses that the catalogue, the menus and the program build to where their pages
+/// live today. The time of a lookup does not depend on the number of rows.
+class SiteResolver {
+public:
+    SiteResolver(const SiteTable& sites, const MenuTable& menus, const TodayTable& today);
+
+    /// Today's address of a built address: on the web, or "portal://" with the address itself for
+    /// what the built-in portal answers. None when the address is not one of ours or has nowhere
+    /// to go; it is then used as it stands.
+    std::optional<std::string> Resolve(std::string_view address, AddressUse use) const;
+
+private:
+    std::vector<std::string> m_targets; ///< by the ids in the trees
+    AddressTree m_pages;
+    AddressTree m_reads;
+};
+
+/// Fills a ticker, or the tickers of a list, into an address of today.
+std::string FillToday(std::string_view addressTemplate, std::string_view value);
+
+} // namespace tallowmere
