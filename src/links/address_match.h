@@ -1,14 +1,12 @@
 #pragma once
 
+#include "links/address_tree.h"
 #include "links/site_table.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
+#include <unordered_set>
 
 namespace tallowmere {
 
@@ -40,30 +38,9 @@ public:
     bool KnowsHost(std::string_view host) const;
 
 private:
-    using NodeIndex = std::uint32_t;
-
-    /// One way to reach a row.
-    struct Entry {
-        int index;
-        std::string path; ///< path and query with fields, decoded
-    };
-
-    /// A byte of a fixed prefix; the prefixes of a host make a tree.
-    struct Node {
-        char byte;
-        NodeIndex firstChild;
-        NodeIndex nextSibling;
-        std::vector<std::size_t> entries; ///< whose prefix ends here
-    };
-
-    NodeIndex AddNode(char byte);
-    NodeIndex FindChild(NodeIndex node, char byte) const;
-    void AddEntry(NodeIndex root, int index, std::string path);
-    std::optional<AddressMatch> Walk(NodeIndex root, std::string_view path) const;
-
-    std::vector<Entry> m_entries;
-    std::vector<Node> m_nodes;
-    std::unordered_map<std::string, NodeIndex> m_rootByHost;
+    AddressTree m_pages; ///< by the numbers of the rows
+    AddressTree m_paths; ///< the same without hosts
+    std::unordered_set<std::string> m_hosts;
 };
 
 } // namespace tallowmere

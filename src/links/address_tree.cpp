@@ -12,8 +12,18 @@ namespace {
 /// A root is nobody's child, so the number of the first stands for no node.
 constexpr std::uint32_t kNoNode = 0;
 
+/// The path decoded, but for the marks that would divide it anew.
+std::string Decoded(std::string_view path) {
+    if (!Contains(path, "%"))
+        return std::string(path);
+    std::string kept = ReplaceAll(path, "%26", "%2526");
+    kept = ReplaceAll(kept, "%23", "%2523");
+    kept = ReplaceAll(kept, "%3f", "%253F");
+    return PercentDecode(ReplaceAll(kept, "%3F", "%253F"));
+}
+
 std::string NormalPath(std::string_view path) {
-    const std::string decoded = PercentDecode(path);
+    const std::string decoded = Decoded(path);
     const std::string_view trimmed = Trim(decoded);
     // A query right behind the host stands for one of the page "/".
     return trimmed.starts_with('/') ? std::string(trimmed) : "/" + std::string(trimmed);
@@ -136,7 +146,7 @@ std::optional<AddressHit> AddressTree::Find(std::string_view address) const {
     for (auto prefix = prefixes.rbegin(); prefix != prefixes.rend(); ++prefix)
         for (const Entry& entry : m_nodes[*prefix].entries)
             if (auto value = ReadValue(path, entry.path))
-                return AddressHit{entry.id, std::move(*value)};
+                return AddressHit{entry.id, PercentDecode(*value)};
     return std::nullopt;
 }
 

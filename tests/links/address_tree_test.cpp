@@ -67,6 +67,7 @@ TEST(AddressTree, TakesNoFurtherPartOfTheQueryForATicker) {
     AddressTree tree;
     tree.Add("a.example/q?s={lower}&d=2b", 1);
     EXPECT_FALSE(tree.Find("a.example/q?s=x&y=1&d=2b"));
+    EXPECT_EQ(tree.Find("a.example/q?s=x%26y&d=2b")->value, "X&Y");
     EXPECT_FALSE(tree.Find("a.example/q?s=a%20b&d=2b")) << "two tickers are not one";
 }
 
