@@ -38,8 +38,8 @@ std::optional<AddressMatch> AddressMatcher::Match(std::string_view address) cons
 
 std::optional<AddressMatch> AddressMatcher::MatchPath(std::string_view pathAndQuery) const {
     // A path without its leading slash would be taken for a host.
-    return Matched(m_paths.Find(pathAndQuery.starts_with('/') ? std::string(pathAndQuery)
-                                                              : "/" + std::string(pathAndQuery)));
+    return Matched(
+        m_paths.Find(std::string(pathAndQuery.starts_with('/') ? "" : "/").append(pathAndQuery)));
 }
 
 bool AddressMatcher::KnowsHost(std::string_view host) const {

@@ -26,7 +26,7 @@ std::string NormalPath(std::string_view path) {
     const std::string decoded = Decoded(path);
     const std::string_view trimmed = Trim(decoded);
     // A query right behind the host stands for one of the page "/".
-    return trimmed.starts_with('/') ? std::string(trimmed) : "/" + std::string(trimmed);
+    return std::string(trimmed.starts_with('/') ? "" : "/").append(trimmed);
 }
 
 std::string_view FixedPrefix(std::string_view pathTemplate) {

@@ -6,6 +6,7 @@
 #include "links/site_menus.h"
 #include "market/index_strip.h"
 #include "shipped_files.h"
+#include "webdata/web_address.h"
 
 #include <gmock/gmock.h>
 
