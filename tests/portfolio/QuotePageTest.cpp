@@ -106,12 +106,12 @@ private Q_SLOTS:
 
     void AnUnusableAnswerEndsQuietlyAndThePageBeforeStays_data() {
         QTest::addColumn<QByteArray>("answer");
-        QTest::newRow("nothing fetched") << QByteArray();
         QTest::newRow("no table") << QByteArray("<html>Service unavailable</html>");
-        QTest::newRow("no end of the tables") << Answer(2).left(Answer(2).indexOf("Quotes"));
-        QTest::newRow("cut in a tag") << Answer(1).left(45);
+        QTest::newRow("no end of the tables")
+            << Answer(2).left(Answer(2).indexOf("Quotes")) + "</html>";
+        QTest::newRow("cut in a tag") << Answer(1).left(45) + "</html>";
         QTest::newRow("a cell without its end")
-            << Table("<tr><td nowrap>Yield<br>1") + "Quotes delayed 15";
+            << Table("<tr><td nowrap>Yield<br>1") + "Quotes delayed 15</html>";
     }
     void AnUnusableAnswerEndsQuietlyAndThePageBeforeStays() {
         QFETCH(QByteArray, answer);
@@ -139,15 +139,37 @@ private Q_SLOTS:
         QCOMPARE(session.prompts.messages, QStringList());
     }
 
-    void AnAnswerThatBreaksOffEndsQuietly() {
+    void AStalledServerIsStoppedByTheStopLinkAndASecondCallIsRefusedMeanwhile() {
         LoopbackServer server;
-        server.Serve(u"/quotes?symbols=ibm&d=1b"_s,
-                     {Answer(3).left(200), CannedPage::Ending::CutShort});
+        server.Serve(u"/quotes?symbols=ibm&d=1b"_s, {Answer(1), CannedPage::Ending::Silent});
         Quotes session(server, "IBM|");
+        connect(&server, &LoopbackServer::Requested, &session.Form(), [&](const QString& request) {
+            if (!request.contains(u"/quotes?"_s))
+                return;
+            session.ShowCondensed();
+            session.ClickLink(100);
+        });
         session.ShowCondensed();
         QCOMPARE(server.CountOf(u"/quotes?symbols=ibm&d=1b"_s), 1);
         QVERIFY(!std::filesystem::exists(session.Page()));
-        QCOMPARE(session.prompts.messages, QStringList());
+        QCOMPARE(session.Status(), QString());
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
+    void TheWindowMayGoWhileThePageIsWaitedFor() {
+        LoopbackServer server;
+        server.Serve(u"/quotes?symbols=ibm&d=1b"_s, {Answer(1), CannedPage::Ending::Silent});
+        Quotes session(server, "IBM|");
+        connect(
+            &server, &LoopbackServer::Requested, &server,
+            [&](const QString& request) {
+                if (request.contains(u"/quotes?"_s))
+                    session.End();
+            },
+            Qt::QueuedConnection);
+        session.ShowCondensed();
+        QVERIFY(!std::filesystem::exists(session.Page()));
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
     }
 
     void APageThatCannotBeWrittenEndsQuietly() {

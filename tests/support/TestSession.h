@@ -54,6 +54,9 @@ public:
         return *m_session;
     }
 
+    /// Ends the run: the window and all that belongs to it are gone.
+    void End() { m_session.reset(); }
+
     Session& operator*() { return *m_session; }
     Session* operator->() { return m_session.get(); }
     frmMain& Form() { return m_session->Form(); }
