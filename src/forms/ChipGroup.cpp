@@ -54,7 +54,8 @@ void ChipGroup::MakeEntry(Chip* chip) {
 void ChipGroup::ScrollTo(Chip* chip) {
     for (QWidget* ancestor = parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
-            area->ensureWidgetVisible(chip, chip->height(), chip->height());
+            // Wide enough a margin that no scroll arrow covers the chip.
+            area->ensureWidgetVisible(chip, 2 * chip->height(), chip->height());
             return;
         }
     }

@@ -45,7 +45,6 @@ BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* pare
     m_notice->hide();
     connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
     connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
-    AddShortcuts();
 }
 
 BrowserPane::~BrowserPane() {
@@ -84,8 +83,10 @@ void BrowserPane::EnsurePage() {
             Q_EMIT ProgressChange(progress, kProgressMaximum);
     });
     connect(m_page, &QWebEnginePage::urlChanged, this, &BrowserPane::OnCommit);
-    connect(m_page, &QWebEnginePage::linkHovered, this,
-            [this](const QString& url) { Q_EMIT StatusTextChange(TextOf(QUrl(url))); });
+    connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& url) {
+        // Off the link, the line says again where the pane is.
+        Q_EMIT StatusTextChange(url.isEmpty() ? LocationURL() : TextOf(QUrl(url)));
+    });
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status) {
                 if (status != QWebEnginePage::NormalTerminationStatus)
@@ -197,7 +198,7 @@ void BrowserPane::Begin(const QString& address) {
 void BrowserPane::End(bool isLoaded) {
     m_isBusy = false;
     m_pendingAddress.clear();
-    Q_EMIT StatusTextChange({});
+    Q_EMIT StatusTextChange(LocationURL());
     Q_EMIT ProgressChange(0, 0);
     Q_EMIT DocumentComplete(isLoaded);
 }
@@ -270,8 +271,8 @@ void BrowserPane::OnWindowWanted(const QUrl& url) {
 }
 
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
-    m_failedAddress = m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url))
-                                                 : m_pendingAddress;
+    m_failedAddress =
+        m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url)) : m_pendingAddress;
     m_shown = Shown::Failure;
     m_notice->Tell(tr("This page cannot be shown"),
                    QString::fromStdString(LoadErrorText(error.toStdString())), m_failedAddress,

@@ -46,6 +46,9 @@ public:
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
 
+    /// Gives the pane keys of its own for searching and zooming, for a window without a menu bar
+    /// that has them.
+    void AddShortcuts();
     /// Opens the search bar.
     void Find();
     void ZoomIn();
@@ -65,7 +68,6 @@ Q_SIGNALS:
 
 private:
     void EnsurePage();
-    void AddShortcuts();
     void Load(const QString& address);
     void Begin(const QString& address);
     void End(bool isLoaded);

@@ -18,6 +18,13 @@ PaneDeck::PaneDeck(frmMain& form, MainState& state, const Services& services,
         connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
     }
     form.WebTick->SetNewWindowTarget(form.Web);
+    const auto front = [this](QAction* action, auto method) {
+        connect(action, &QAction::triggered, this, [this, method] { (Front()->*method)(); });
+    };
+    front(form.menus->findInPage, &BrowserPane::Find);
+    front(form.menus->zoomIn, &BrowserPane::ZoomIn);
+    front(form.menus->zoomOut, &BrowserPane::ZoomOut);
+    front(form.menus->zoomReset, &BrowserPane::ZoomReset);
 }
 
 void PaneDeck::Navigate(const QString& address) {

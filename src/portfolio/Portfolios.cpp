@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char kNotesFile[] = "\\TickNotes.txt";
-
 std::string NumberedKey(std::string_view prefix, int number) {
     return std::string(prefix) + std::to_string(number);
 }
@@ -97,10 +95,14 @@ void Portfolios::PaintNumbers() {
 }
 
 void Portfolios::SaveCurrentList() {
+    StoreList(m_state.currentPortfolio, JoinTickerList(ListedTickers()));
+}
+
+std::vector<std::string> Portfolios::ListedTickers() const {
     std::vector<std::string> tickers;
     for (const QString& item : m_form.List1->Items())
         tickers.push_back(FromQt(item));
-    StoreList(m_state.currentPortfolio, JoinTickerList(tickers));
+    return tickers;
 }
 
 std::string Portfolios::OtherLists() const {
@@ -118,21 +120,16 @@ void Portfolios::RemoveSelectedTicker() {
     if (index >= 0)
         m_form.List1->RemoveItem(index);
     SaveCurrentList();
-    std::string ignored;
-    if (index >= 0 && OtherLists().find(ticker) == std::string::npos)
-        TickerNotes(m_services.programFolder, ignored, "REMOVE", ticker, "", kNotesFile);
+    if (index >= 0)
+        RemoveNotes(m_services.programFolder, TickersFoundNowhere({ticker}, OtherLists()),
+                    kTickerNotesFile);
 }
 
 void Portfolios::ClearList() {
     if (!m_services.prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s))
         return;
-    const std::string others = OtherLists();
-    std::string ignored;
-    for (const QString& item : m_form.List1->Items()) {
-        const std::string ticker = FromQt(item);
-        if (others.find(ticker) == std::string::npos)
-            TickerNotes(m_services.programFolder, ignored, "REMOVE", ticker, "", kNotesFile);
-    }
+    RemoveNotes(m_services.programFolder, TickersFoundNowhere(ListedTickers(), OtherLists()),
+                kTickerNotesFile);
     m_form.List1->Clear();
     StoreList(m_state.currentPortfolio, "");
 }

@@ -30,6 +30,9 @@ public:
     /// Asks, then empties the list and removes the notes that no other portfolio needs.
     void ClearList();
 
+    /// The tickers of the list box.
+    std::vector<std::string> ListedTickers() const;
+
     /// The stored list of a portfolio.
     std::string StoredList(int number) const;
     void StoreList(int number, std::string_view tickers);

@@ -14,12 +14,6 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr char kNotesFile[] = "\\TickNotes.txt";
-
-} // namespace
-
 TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
                      Portfolios& portfolios)
     : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
@@ -54,11 +48,8 @@ void TickerBox::UpperCase(const QString& text) {
 }
 
 void TickerBox::EnterTickers() {
-    std::vector<std::string> present;
-    for (const QString& item : m_form.List1->Items())
-        present.push_back(FromQt(item));
-    const TickerEntry entry =
-        tallowmere::EnterTickers(FromQt(m_form.txtStock->text().toUpper()), present);
+    const TickerEntry entry = tallowmere::EnterTickers(FromQt(m_form.txtStock->text().toUpper()),
+                                                       m_portfolios.ListedTickers());
     QStringList added;
     for (const std::string& ticker : entry.added)
         added << ToQt(ticker);
@@ -98,7 +89,7 @@ void TickerBox::FillTickerMenu() {
     const bool selected = m_form.List1->ListIndex() >= 0;
     std::string note;
     if (selected)
-        TickerNotes(m_services.programFolder, note, "GET", ticker, "", kNotesFile);
+        TickerNotes(m_services.programFolder, note, "GET", ticker, "", kTickerNotesFile);
     const TickerMenu menu = MakeTickerMenu(selected ? &ticker : nullptr, note,
                                            m_state.currentPortfolio, m_form.List1->Count() == 0);
     const MainMenus& menus = *m_form.menus;
@@ -133,12 +124,12 @@ void TickerBox::EditNote() {
         u"Ticker Notes"_s, m_form.menus->mnuTickNotes->data().toString());
     std::string ignored;
     const std::string key = FromQt(ticker);
-    TickerNotes(m_services.programFolder, ignored, "REMOVE", key, "", kNotesFile);
+    TickerNotes(m_services.programFolder, ignored, "REMOVE", key, "", kTickerNotesFile);
     if (!answer || answer->isEmpty())
         return;
     m_form.menus->mnuTickNotes->setText(MenuCaption(*answer));
     m_form.menus->mnuTickNotes->setData(*answer);
-    TickerNotes(m_services.programFolder, ignored, "SET", key, FromQt(*answer), kNotesFile);
+    TickerNotes(m_services.programFolder, ignored, "SET", key, FromQt(*answer), kTickerNotesFile);
 }
 
 } // namespace tallowmere

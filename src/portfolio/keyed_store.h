@@ -12,6 +12,9 @@
 /// reminders are kept so.
 namespace tallowmere {
 
+/// The store of the notes on tickers.
+inline constexpr std::string_view kTickerNotesFile = "\\TickNotes.txt";
+
 /// Performs one operation on the store `file` (a name such as "\TickNotes.txt") in `folder`:
 /// "GET" puts the text of `ticker` into `result`, "SET" appends a record, "REMOVE" deletes the
 /// first record of `ticker`, "KILL" deletes the file (it is kept as `.bak`). `result` is empty

@@ -7,7 +7,6 @@
 #include "webdata/quotes_page.h"
 #include "webdata/sample_series.h"
 #include "webdata/web_address.h"
-#include "webdata/web_address.h"
 
 #include <algorithm>
 #include <array>

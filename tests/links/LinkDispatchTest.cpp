@@ -237,6 +237,7 @@ private Q_SLOTS:
     void TheAddressOfThePageIsCopied() {
         TestSession session;
         session.Start();
+        QTRY_VERIFY(!session.Form().Web->LocationURL().isEmpty());
         session.ClickLink(43);
         QCOMPARE(QGuiApplication::clipboard()->text(),
                  u"h.example/q?s=^nya+^spc+^oex+^tyx+^dji+^ixic&d=t"_s);
