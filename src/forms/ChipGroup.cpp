@@ -55,7 +55,9 @@ void ChipGroup::ScrollTo(Chip* chip) {
     for (QWidget* ancestor = parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
             // Wide enough a margin that no scroll arrow covers the chip.
-            area->ensureWidgetVisible(chip, 2 * chip->height(), chip->height());
+            const QPoint middle = chip->mapTo(area->widget(), chip->rect().center());
+            area->ensureVisible(middle.x(), middle.y(), chip->width() / 2 + 2 * chip->height(),
+                                chip->height());
             return;
         }
     }
