@@ -118,4 +118,20 @@ std::vector<std::string> RecordedAddresses(std::string_view page) {
     return addresses;
 }
 
+std::set<std::size_t> LiveCells(std::set<std::size_t> live, std::size_t first, std::size_t last,
+                                std::size_t most) {
+    for (std::size_t cell = first; cell <= last; ++cell)
+        live.insert(cell);
+    while (live.size() > most) {
+        const std::size_t lowest = *live.begin();
+        const std::size_t highest = *live.rbegin();
+        const std::size_t above = first > lowest ? first - lowest : 0;
+        const std::size_t below = highest > last ? highest - last : 0;
+        if (above == 0 && below == 0)
+            break;
+        live.erase(above >= below ? lowest : highest);
+    }
+    return live;
+}
+
 } // namespace tallowmere

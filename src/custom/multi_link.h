@@ -4,6 +4,7 @@
 #include "links/catalogue.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,5 +52,10 @@ std::string ExpandMultiLink(std::string_view page, const TickerForms& forms);
 
 /// The addresses of a page in the order of its frames.
 std::vector<std::string> RecordedAddresses(std::string_view page);
+
+/// Which cells of a multi-link are live once those from `first` to `last` are in view: these and
+/// those that were, but of the latter those farthest from view go while there are more than `most`.
+std::set<std::size_t> LiveCells(std::set<std::size_t> live, std::size_t first, std::size_t last,
+                                std::size_t most);
 
 } // namespace tallowmere

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <algorithm>
@@ -335,6 +336,23 @@ void BrowserPane::ShowContextMenu(QPoint position) {
         menu->removeAction(m_page->action(action));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(m_view->mapToGlobal(position));
+}
+
+// No message of the engine tells of every refusal; but a frame that got no page stays at the blank
+// one that it began with, which, unlike a page of another site, may be looked at.
+void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {
+    if (!m_page)
+        return;
+    const QString script = u"Array.from(document.getElementsByTagName('iframe')).some(frame => {"
+                           "  try { return frame.contentWindow.location.href === 'about:blank' }"
+                           "  catch (refusal) { return false }"
+                           "})"_s;
+    m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                          [guard = QPointer(this), navigation = m_navigation,
+                           then = std::move(then)](const QVariant& empty) {
+                              if (guard && guard->m_navigation == navigation && empty.toBool())
+                                  then();
+                          });
 }
 
 void BrowserPane::Find() {

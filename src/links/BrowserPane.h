@@ -5,6 +5,8 @@
 #include <QUrl>
 #include <QWidget>
 
+#include <functional>
+
 class QWebEngineLoadingInfo;
 class QWebEngineView;
 
@@ -49,6 +51,10 @@ public:
     /// Gives the pane keys of its own for searching and zooming, for a window without a menu bar
     /// that has them.
     void AddShortcuts();
+    /// Calls `then` when the page has frames that hold nothing: sites refused to be framed, or
+    /// could not be reached. To be asked when the page is complete.
+    void WhenFramesAreEmpty(std::function<void()> then);
+
     /// Opens the search bar.
     void Find();
     void ZoomIn();

@@ -3,6 +3,7 @@
 #include "custom/CustomEditor.h"
 #include "custom/CustomMenu.h"
 #include "custom/MultiLinks.h"
+#include "custom/PageCells.h"
 #include "forms/frmMain.h"
 #include "links/BrowserPane.h"
 #include "links/LinkDispatch.h"
@@ -75,6 +76,7 @@ Session::Session(SessionSetup setup)
     m_editor = new CustomEditor(form, m_state, m_services, *m_dispatch);
     new CustomMenu(form, m_state, m_services, *m_links, *m_dispatch, *m_editor);
     m_multiLinks = new MultiLinks(form, m_state, m_services, *m_dispatch, *m_links, *m_colors);
+    new PageCells(form, m_services, *m_panes, *m_profile);
     Connect();
 }
 

@@ -170,5 +170,18 @@ TEST(MultiLink, NamesTheTitleThatExists) {
                                          "exists, please enter another title.");
 }
 
+TEST(LiveCells, AreThoseInViewAndThoseThatWereAsLongAsThereIsRoom) {
+    using Cells = std::set<std::size_t>;
+    EXPECT_EQ(LiveCells({}, 0, 0, 3), (Cells{0}));
+    EXPECT_EQ(LiveCells({0, 1}, 1, 2, 3), (Cells{0, 1, 2}));
+    EXPECT_EQ(LiveCells({0, 1, 2}, 2, 3, 3), (Cells{1, 2, 3}));
+    EXPECT_EQ(LiveCells({7, 8, 9}, 5, 6, 3), (Cells{5, 6, 7}));
+    EXPECT_EQ(LiveCells({0, 1, 9}, 4, 5, 4), (Cells{1, 4, 5, 9}));
+}
+
+TEST(LiveCells, ACellInViewStaysWhateverTheLimit) {
+    EXPECT_EQ(LiveCells({0}, 4, 6, 2), (std::set<std::size_t>{4, 5, 6}));
+}
+
 } // namespace
 } // namespace tallowmere

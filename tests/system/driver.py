@@ -117,10 +117,12 @@ def desktop(size=(1920, 1200)):
 
 class Server:
     """A web server on the loopback interface. `pages` maps a path with its query to a body; any
-    other address gives a small page that names it. `requests` is what was asked for, in order."""
+    other address gives a small page that names it. `headers` maps a path to further headers of its
+    answer. `requests` is what was asked for, in order."""
 
     def __init__(self):
         self.pages = {}
+        self.headers = {}
         self.requests = []
         self._changed = threading.Condition()
         server = self
@@ -140,6 +142,8 @@ class Server:
                 self.send_response(200)
                 self.send_header("Content-Type", "text/html; charset=utf-8")
                 self.send_header("Content-Length", str(len(data)))
+                for header, value in server.headers.get(path, {}).items():
+                    self.send_header(header, value)
                 self.end_headers()
                 with contextlib.suppress(BrokenPipeError, ConnectionResetError):
                     self.wfile.write(data)

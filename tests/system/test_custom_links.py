@@ -1,0 +1,99 @@
+"""The user's own links from outside: one is made in the editor, clicked, moved and emptied."""
+
+import subprocess
+
+import driver
+
+
+class CustomLinks(driver.SystemTest):
+    def window(self, program):
+        window = program.main_window()
+        driver.place(program.window_id(), 40, 60, 1600, 1000)
+        return window
+
+    def slot(self, window, number, empty):
+        """The link of a slot, once it is as told."""
+        description = f"Custom link {number}" + (", empty" if empty else "")
+        return driver.wait_for(
+            lambda: next((chip for chip in window.walk() if chip.description == description), None),
+            f"a control described as {description!r}")
+
+    def editor(self, program):
+        return program.application.find(name="Custom Link Properties", role="dialog")
+
+    def fill(self, editor, name, text):
+        box = editor.find(role="text", name=name)
+        box.click()
+        driver.press("ctrl+a")
+        driver.type_text(text)
+        driver.wait_for(lambda: box.text == text, f"{text!r} in the box {name}")
+
+    def choose(self, program, link, item):
+        """Chooses the so many-th item of a link's menu by keys: popup menus are windows that the
+        accessibility tree leaves out."""
+        def windows():
+            found = subprocess.run(
+                ["xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)],
+                capture_output=True, text=True).stdout.split()
+            return set(found)
+        before = windows()
+        link.click(button=3)
+        driver.wait_for(lambda: windows() - before, "the menu")
+        driver.press(*["Down"] * item, "Return")
+        driver.wait_for(lambda: not windows() - before, "the menu to close")
+
+    def test_a_link_made_in_the_editor_opens_its_page(self):
+        program = self.start()
+        window = self.window(program)
+        self.slot(window, 101, empty=True).click()
+        editor = self.editor(program)
+        self.fill(editor, "Title", "My quotes")
+        self.fill(editor, "URL", f"http://{self.server.host}/custom?s=LCASETICK&t=UCASETICK")
+        driver.screenshot(driver.SCREENSHOTS / "custom_editor.png")
+        editor.find(role="push button", name="Save").click()
+        driver.wait_for(lambda: not program.application.find_all(role="dialog"),
+                        "the editor to close")
+
+        window.find(role="list item", name="MSFT").click()
+        link = self.slot(window, 101, empty=False)
+        self.assertEqual(link.name, "My quotes")
+        link.click()
+        self.server.wait_for_request("/custom?s=msft&t=MSFT")
+
+        # The menu opens it again, and empties the slot.
+        self.choose(program, link, 1)
+        self.server.wait_for_request("/custom?s=msft&t=MSFT", times=2)
+        self.choose(program, link, 4)
+        self.assertEqual(self.slot(window, 101, empty=True).name, "< Custom >")
+
+    def test_a_link_is_dragged_to_another_slot(self):
+        program = self.start()
+        window = self.window(program)
+        self.slot(window, 101, empty=True).click()
+        editor = self.editor(program)
+        self.fill(editor, "Title", "Moved")
+        self.fill(editor, "URL", f"http://{self.server.host}/moved")
+        editor.find(role="push button", name="Save").click()
+        source = self.slot(window, 101, empty=False)
+        target = self.slot(window, 104, empty=True)
+
+        def middle(widget):
+            left, top, width, height = widget.extents
+            return left + width // 2, top + height // 2
+        from_x, from_y = middle(source)
+        to_x, to_y = middle(target)
+        driver.xdotool("mousemove", "--sync", from_x, from_y)
+        driver.xdotool("mousedown", 1)
+        for step in range(1, 11):
+            driver.xdotool("mousemove", "--sync", from_x + (to_x - from_x) * step // 10,
+                           from_y + (to_y - from_y) * step // 10)
+        driver.xdotool("mouseup", 1)
+        moved = self.slot(window, 104, empty=False)
+        self.assertEqual(moved.name, "Moved")
+        self.slot(window, 101, empty=True)
+        moved.click()
+        self.server.wait_for_request("/moved")
+
+
+if __name__ == "__main__":
+    driver.main()
