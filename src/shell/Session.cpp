@@ -27,6 +27,7 @@
 #include "shell/setting_keys.h"
 #include "text/runtime_error.h"
 #include "tools/ColorConfig.h"
+#include "tools/DailyReminders.h"
 #include "webdata/EngineProfile.h"
 #include "webdata/WebAccess.h"
 
@@ -77,6 +78,7 @@ Session::Session(SessionSetup setup)
     new CustomMenu(form, m_state, m_services, *m_links, *m_dispatch, *m_editor);
     m_multiLinks = new MultiLinks(form, m_state, m_services, *m_dispatch, *m_links, *m_colors);
     new PageCells(form, m_services, *m_panes, *m_profile);
+    m_reminders = new DailyReminders(form, m_services, *m_dispatch);
     Connect();
 }
 
@@ -125,6 +127,7 @@ void Session::Start() {
     m_strip->Start();
     m_form->txtStock->setFocus();
     m_form->show();
+    m_reminders->CheckReminders();
     ReportDamagedSettings();
 }
 

@@ -17,6 +17,7 @@ namespace tallowmere {
 class ActiveEdges;
 class ColorConfig;
 class CustomEditor;
+class DailyReminders;
 class EngineProfile;
 class frmMain;
 class IndexStrip;
@@ -73,6 +74,7 @@ public:
     SitePopups& Popups() { return *m_popups; }
     CustomEditor& Editor() { return *m_editor; }
     MultiLinks& Recording() { return *m_multiLinks; }
+    DailyReminders& Reminders() { return *m_reminders; }
 
 private:
     void Connect();
@@ -114,6 +116,7 @@ private:
     IndexStrip* m_strip = nullptr;
     ActiveEdges* m_edges = nullptr;
     ColorConfig* m_colors = nullptr;
+    DailyReminders* m_reminders = nullptr;
     PortfolioCommands* m_portfolioCommands = nullptr;
     QuotePage* m_quotePage = nullptr;
     QuoteMenus* m_quoteMenus = nullptr;
