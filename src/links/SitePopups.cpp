@@ -3,10 +3,9 @@
 #include "forms/frmMain.h"
 #include "links/LinkDispatch.h"
 #include "links/PaneDeck.h"
+#include "links/SearchMenu.h"
 #include "links/site_menus.h"
 #include "shell/QtText.h"
-
-#include <QMenu>
 
 namespace tallowmere {
 
@@ -19,22 +18,18 @@ SitePopups::SitePopups(frmMain& form, MainState& state, const Services& services
     connect(&dispatch, &LinkDispatch::MenuRequested, this, &SitePopups::PopUp);
 }
 
-QMenu* SitePopups::Menu(const QString& name) {
-    QMenu*& menu = m_menus[name];
+SearchMenu* SitePopups::Menu(const QString& name) {
+    SearchMenu*& menu = m_menus[name];
     if (!menu)
         menu = Build(FromQt(name));
     return menu;
 }
 
-QMenu* SitePopups::Build(std::string_view name) {
+SearchMenu* SitePopups::Build(std::string_view name) {
     for (const SiteMenu& row : SiteMenus()) {
         if (row.name != name)
             continue;
-        auto* menu = new QMenu(MenuCaption(ToQt(row.caption)), &m_form);
-        menu->setObjectName(ToQt(name));
-        menu->setAccessibleName(ToQt(row.caption));
-        // A long menu scrolls instead of spilling over the screen in columns.
-        menu->setStyleSheet(u"QMenu { menu-scrollable: 1; }"_s);
+        SearchMenu* menu = NewMenu(ToQt(name), row.caption);
         for (const SiteMenu& child : SiteMenus()) {
             if (child.parent == name)
                 menu->addMenu(Menu(ToQt(child.name)));
@@ -43,11 +38,34 @@ QMenu* SitePopups::Build(std::string_view name) {
             if (array.menu == name)
                 AddArray(menu, array.name);
         }
-        connect(menu, &QMenu::aboutToShow, this, [this] { Q_EMIT Held(true); });
-        connect(menu, &QMenu::aboutToHide, this, [this] { Q_EMIT Held(false); });
+        if (row.parent.empty())
+            Hold(menu);
         return menu;
     }
     return nullptr;
+}
+
+SearchMenu* SitePopups::NewMenu(const QString& name, std::string_view caption) {
+    auto* menu = new SearchMenu(ToQt(caption), m_services.clock, &m_form);
+    menu->setObjectName(name);
+    return menu;
+}
+
+void SitePopups::Hold(const QMenu* menu) {
+    connect(menu, &QMenu::aboutToShow, this, [this] { Q_EMIT Held(true); });
+    connect(menu, &QMenu::aboutToHide, this, [this] {
+        Q_EMIT Held(false);
+        // The choice, if there is one, comes right after. Without one the link that was pressed
+        // with the right button has come to nothing, and the next page stays inside; unless that
+        // button is down again, on another link.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (!(QGuiApplication::mouseButtons() & Qt::RightButton))
+                    m_state.rightPressed = false;
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void SitePopups::AddArray(QMenu* menu, std::string_view array) {
@@ -56,12 +74,15 @@ void SitePopups::AddArray(QMenu* menu, std::string_view array) {
         const QString caption = MenuCaption(ToQt(item.caption));
         filledAtRunTime = filledAtRunTime || item.kind == MenuItemKind::Placeholder;
         if (item.kind == MenuItemKind::Heading) {
-            AddArray(menu->addMenu(caption), item.target);
+            SearchMenu* submenu = NewMenu({}, item.caption);
+            menu->addMenu(submenu);
+            AddArray(submenu, item.target);
             continue;
         }
         QAction* action =
             item.kind == MenuItemKind::Separator ? menu->addSeparator() : menu->addAction(caption);
-        action->setObjectName(ToQt(array) + QString::number(item.index));
+        action->setObjectName(ToQt(array) +
+                              (item.index > 0 ? QString::number(item.index) : QString()));
         connect(action, &QAction::triggered, this,
                 [this, name = ToQt(array), index = item.index] { Choose(name, index); });
     }
@@ -70,8 +91,16 @@ void SitePopups::AddArray(QMenu* menu, std::string_view array) {
 }
 
 void SitePopups::PopUp(const QString& name) {
-    if (QMenu* menu = Menu(name))
-        m_form.PopUp(menu);
+    SearchMenu* menu = Menu(name);
+    if (!menu)
+        return;
+    const QWidget* focus = m_form.focusWidget();
+    if (!focus || focus->underMouse()) {
+        menu->popup(QCursor::pos());
+        return;
+    }
+    menu->popup(focus->mapToGlobal(focus->rect().bottomLeft()));
+    menu->Select(0);
 }
 
 void SitePopups::Choose(const QString& array, int index) {

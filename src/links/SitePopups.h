@@ -14,6 +14,7 @@ namespace tallowmere {
 class frmMain;
 class LinkDispatch;
 class PaneDeck;
+class SearchMenu;
 
 /// The site menus that links pop up. A menu is built from the tables when it is first wanted.
 class SitePopups : public QObject {
@@ -23,7 +24,7 @@ public:
                LinkDispatch& dispatch, PaneDeck& panes);
 
     /// The menu of a name ("mnuBigchart"); none for an unknown name.
-    QMenu* Menu(const QString& name);
+    SearchMenu* Menu(const QString& name);
 
     /// Pops a menu up at the pointer, or below the link that has the focus.
     void PopUp(const QString& name);
@@ -38,8 +39,10 @@ Q_SIGNALS:
     void RunTimeArrayBuilt(const QString& array, QMenu* menu);
 
 private:
-    QMenu* Build(std::string_view name);
+    SearchMenu* Build(std::string_view name);
+    SearchMenu* NewMenu(const QString& name, std::string_view caption);
     void AddArray(QMenu* menu, std::string_view array);
+    void Hold(const QMenu* menu);
 
     frmMain& m_form;
     MainState& m_state;
@@ -47,7 +50,7 @@ private:
     MenuTable m_addresses;
     LinkDispatch& m_dispatch;
     PaneDeck& m_panes;
-    QHash<QString, QMenu*> m_menus;
+    QHash<QString, SearchMenu*> m_menus;
 };
 
 } // namespace tallowmere

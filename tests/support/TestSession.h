@@ -22,6 +22,7 @@ public:
     TestPrompts prompts;
     TestClock clock;
     std::string programs; ///< further text of the table of sites
+    MenuTable menus;      ///< where the fixed items of the site menus lead; nowhere at first
     QStringList asked;    ///< addresses that the portal was asked for
     /// What the built-in portal answers; a plain page unless the test says otherwise.
     std::function<PortalAnswer(const std::string&, const std::string&)> portal =
@@ -49,7 +50,7 @@ public:
             {folders, m_mode,
              SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs,
                               "sites.toml"),
-             MenuTable::Parse("", "menus.toml"), answer, prompts, clock}));
+             menus, answer, prompts, clock}));
         m_session->Start();
         return *m_session;
     }
