@@ -156,10 +156,13 @@ void BrowserPane::Stop() {
 }
 
 void BrowserPane::Refresh() {
-    if (m_shown == Shown::Failure)
+    if (m_shown == Shown::Failure) {
         Load(QString(m_failedAddress));
-    else if (m_page && m_shown != Shown::Refusal)
+    } else if (m_page && m_shown != Shown::Refusal) {
+        // A stand-in is loaded again by its own address; the text stays that of the page.
+        m_pendingAddress = LocationURL();
         m_page->triggerAction(QWebEnginePage::Reload);
+    }
 }
 
 void BrowserPane::WaitWhileBusy() {
@@ -181,6 +184,18 @@ QString BrowserPane::LocationURL() const {
         return {};
     const auto text = m_builtTexts.constFind(m_page->history()->currentItem().originalUrl());
     return text != m_builtTexts.cend() ? *text : TextOf(m_page->url());
+}
+
+void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
+    if (!m_page || m_shown != Shown::Page) {
+        receive({});
+        return;
+    }
+    m_page->toPlainText([guard = QPointer<const BrowserPane>(this),
+                         receive = std::move(receive)](const QString& text) {
+        if (guard)
+            receive(text);
+    });
 }
 
 // The text that stands for an address which the engine named.

@@ -45,6 +45,10 @@ public:
     /// the user followed links it is the page's own. Empty before the first page.
     QString LocationURL() const;
 
+    /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
+    /// later, and is not when the pane goes before.
+    void ReadText(std::function<void(const QString&)> receive) const;
+
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
 

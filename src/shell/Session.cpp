@@ -13,6 +13,7 @@
 #include "links/SitePopups.h"
 #include "market/ActiveEdges.h"
 #include "market/IndexStrip.h"
+#include "market/WatchWindows.h"
 #include "market/index_strip.h"
 #include "portfolio/PortfolioCommands.h"
 #include "portfolio/Portfolios.h"
@@ -79,6 +80,7 @@ Session::Session(SessionSetup setup)
     m_multiLinks = new MultiLinks(form, m_state, m_services, *m_dispatch, *m_links, *m_colors);
     new PageCells(form, m_services, *m_panes, *m_profile);
     m_reminders = new DailyReminders(form, m_services, *m_dispatch);
+    m_watches = new WatchWindows(form, m_services, *m_profile, *m_dispatch);
     Connect();
 }
 

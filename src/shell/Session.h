@@ -35,6 +35,7 @@ class SitePopups;
 class TickerBox;
 class TransferControl;
 class TransferPool;
+class WatchWindows;
 class WebAccess;
 
 /// What a session is started with.
@@ -75,6 +76,7 @@ public:
     CustomEditor& Editor() { return *m_editor; }
     MultiLinks& Recording() { return *m_multiLinks; }
     DailyReminders& Reminders() { return *m_reminders; }
+    WatchWindows& Watches() { return *m_watches; }
 
 private:
     void Connect();
@@ -117,6 +119,7 @@ private:
     ActiveEdges* m_edges = nullptr;
     ColorConfig* m_colors = nullptr;
     DailyReminders* m_reminders = nullptr;
+    WatchWindows* m_watches = nullptr;
     PortfolioCommands* m_portfolioCommands = nullptr;
     QuotePage* m_quotePage = nullptr;
     QuoteMenus* m_quoteMenus = nullptr;

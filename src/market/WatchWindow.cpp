@@ -1,0 +1,170 @@
+#include "market/WatchWindow.h"
+
+#include "forms/frmWiz.h"
+#include "links/BrowserPane.h"
+#include "market/watch.h"
+#include "market/watch_page.h"
+#include "shell/QtText.h"
+#include "shell/modMain.h"
+#include "shell/window_layout.h"
+#include "text/bytes.h"
+#include "text/files.h"
+#include "text/runtime_error.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPdfWriter>
+#include <QPointer>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QValidator>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kTick = 1s;
+constexpr int kDefaultWidthTwips = 10000;
+constexpr int kDefaultHeightTwips = 8500;
+
+/// Lets only those keys through that the seconds box takes, pasted ones too.
+class SecondsValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int&) const override {
+        const auto isTaken = [](QChar c) { return IsSecondsKey(c.unicode()); };
+        return std::all_of(input.cbegin(), input.cend(), isTaken) ? Acceptable : Invalid;
+    }
+};
+
+QByteArray PdfOf(const QString& html) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QTextDocument document;
+    document.setHtml(html);
+    document.print(&writer);
+    return bytes;
+}
+
+} // namespace
+
+WatchWindow::WatchWindow(frmWiz& form, const Services& services, const std::string& target)
+    : QObject(&form), m_form(form), m_services(services) {
+    form.setMinimumSize(PixelsFromTwips(kWatchMinimumWidth), PixelsFromTwips(kWatchMinimumHeight));
+    try {
+        LoadFormPosition(form, services.settings);
+    } catch (const RuntimeError&) {
+        // The window is of more use in its own size than not at all.
+        form.resize(PixelsFromTwips(kDefaultWidthTwips), PixelsFromTwips(kDefaultHeightTwips));
+    }
+    form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
+    form.txtsecs->setValidator(new SecondsValidator(form.txtsecs));
+    const WatchTarget parts = SplitWatchTarget(target);
+    form.setWindowTitle(ToQt(WatchCaption(parts)));
+    form.Text1->setText(ToQt(parts.address));
+    form.Text1->setCursorPosition(0);
+    Connect();
+    // The page is there first; a wait comes before it is loaded again.
+    WaitSecs(WatchSeconds(kDefaultWatchSeconds));
+    form.Web->Navigate(form.Text1->text());
+    Timer1.start(kTick);
+}
+
+void WatchWindow::Connect() {
+    Timer1.setTimerType(Qt::PreciseTimer);
+    connect(&Timer1, &QTimer::timeout, this, &WatchWindow::Tick);
+    connect(m_form.cmdSubmit, &QPushButton::clicked, this,
+            [this] { m_form.Web->Navigate(m_form.Text1->text()); });
+    connect(m_form.Text1, &QLineEdit::returnPressed, this, [this] {
+        if (!Trim(FromQt(m_form.Text1->text())).empty())
+            m_form.cmdSubmit->click();
+    });
+    connect(&m_form, &frmWiz::SecondsLeft, this, &WatchWindow::SettleSeconds);
+    connect(m_form.txtsecs, &QLineEdit::returnPressed, this, &WatchWindow::SettleSeconds);
+    connect(m_form.Web, &BrowserPane::DocumentComplete, this, &WatchWindow::OnLoaded);
+    connect(m_form.mnuExport, &QAction::triggered, this, &WatchWindow::Export);
+    connect(&m_form, &frmWiz::Closing, this, &WatchWindow::Stop);
+}
+
+void WatchWindow::Tick() {
+    if (m_stop) {
+        Timer1.stop();
+        return;
+    }
+    if (IsWaiting())
+        return;
+    m_form.Web->Refresh();
+    WaitSecs(WatchSeconds(FromQt(m_form.txtsecs->text())));
+}
+
+void WatchWindow::WaitSecs(int seconds) {
+    m_seconds = seconds;
+    m_noted = m_services.clock.SecondsSinceMidnight();
+    m_due = m_services.clock.Now().addSecs(seconds + 1).toString(u"HH:mm:ss"_s);
+    ShowTimes();
+}
+
+bool WatchWindow::IsWaiting() const {
+    return m_seconds > 0 &&
+           RemainingWait(m_noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > 0;
+}
+
+void WatchWindow::SettleSeconds() {
+    m_form.txtsecs->setText(ToQt(SettledSeconds(FromQt(m_form.txtsecs->text()))));
+}
+
+void WatchWindow::OnLoaded(bool isLoaded) {
+    if (m_stop || !isLoaded)
+        return;
+    m_loaded = m_services.clock.Now().toString(u"HH:mm:ss"_s);
+    ShowTimes();
+}
+
+void WatchWindow::ShowTimes() {
+    const QString loaded =
+        m_loaded.isEmpty() ? tr("Not loaded yet") : tr("Loaded %1").arg(m_loaded);
+    m_form.lblTimes->setText(tr("%1, due again %2").arg(loaded, m_due));
+}
+
+void WatchWindow::Stop() {
+    m_form.Web->Stop();
+    Timer1.stop();
+    m_stop = true;
+    SaveFormPosition(m_form, m_services.settings);
+}
+
+void WatchWindow::Export() {
+    const QPointer<WatchWindow> guard(this);
+    const auto path = m_services.prompts.SaveFile(
+        m_form.mnuExport->text(), m_form.windowTitle().section(u' ', 0, 0) + u".html"_s,
+        tr("Web pages (*.html *.htm);;PDF documents (*.pdf)"));
+    if (!guard || !path)
+        return;
+    // The engine calls back: what is done with the text, and may fail, comes after its call.
+    m_form.Web->ReadText([guard, path = *path](const QString& text) {
+        if (guard)
+            QMetaObject::invokeMethod(
+                guard, [guard, path, text] { guard->Write(path, text); }, Qt::QueuedConnection);
+    });
+}
+
+void WatchWindow::Write(const QString& path, const QString& text) {
+    const std::string caption = FromQt(m_form.windowTitle());
+    const std::string address = FromQt(m_form.Web->LocationURL());
+    const std::string time = FromQt(m_services.clock.Now().toString(u"yyyy-MM-dd HH:mm:ss"_s));
+    const std::string document = WatchDocument({caption, address, time, FromQt(text)});
+    if (path.endsWith(u".pdf"_s, Qt::CaseInsensitive))
+        WriteWholeFile(ToPath(path), PdfOf(ToQt(document)).toStdString());
+    else
+        WriteWholeFile(ToPath(path), document);
+}
+
+} // namespace tallowmere
