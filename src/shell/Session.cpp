@@ -21,6 +21,7 @@
 #include "portfolio/QuotePage.h"
 #include "portfolio/Reports.h"
 #include "portfolio/TickerBox.h"
+#include "portfolio/TickerImport.h"
 #include "shell/QtText.h"
 #include "shell/TransferControl.h"
 #include "shell/conversion.h"
@@ -80,6 +81,7 @@ Session::Session(SessionSetup setup)
     m_multiLinks = new MultiLinks(form, m_state, m_services, *m_dispatch, *m_links, *m_colors);
     new PageCells(form, m_services, *m_panes, *m_profile);
     m_reminders = new DailyReminders(form, m_services, *m_dispatch);
+    m_import = new TickerImport(form, m_state, m_services, *m_panes, *m_portfolios, *m_inet);
     m_watches = new WatchWindows(form, m_services, *m_profile, *m_dispatch);
     Connect();
 }

@@ -33,6 +33,7 @@ class Reports;
 class SeparateBrowser;
 class SitePopups;
 class TickerBox;
+class TickerImport;
 class TransferControl;
 class TransferPool;
 class WatchWindows;
@@ -76,6 +77,7 @@ public:
     CustomEditor& Editor() { return *m_editor; }
     MultiLinks& Recording() { return *m_multiLinks; }
     DailyReminders& Reminders() { return *m_reminders; }
+    TickerImport& Import() { return *m_import; }
     WatchWindows& Watches() { return *m_watches; }
 
 private:
@@ -119,6 +121,7 @@ private:
     ActiveEdges* m_edges = nullptr;
     ColorConfig* m_colors = nullptr;
     DailyReminders* m_reminders = nullptr;
+    TickerImport* m_import = nullptr;
     WatchWindows* m_watches = nullptr;
     PortfolioCommands* m_portfolioCommands = nullptr;
     QuotePage* m_quotePage = nullptr;

@@ -71,7 +71,7 @@ TransferPool::Slot& TransferPool::Take() {
     return *slot;
 }
 
-QByteArray TransferPool::FetchPage(const QString& address) {
+QByteArray TransferPool::FetchPage(const QString& address, const QObject* asker) {
     Slot& slot = Take();
     const QPointer<TransferControl> control(slot.control);
     QByteArray page;
@@ -99,6 +99,8 @@ QByteArray TransferPool::FetchPage(const QString& address) {
     QObject::connect(control, &TransferControl::DataArrived, &loop, proceed);
     QObject::connect(control, &TransferControl::Finished, &loop, proceed, Qt::QueuedConnection);
     QObject::connect(control, &QObject::destroyed, &loop, &QEventLoop::quit);
+    if (asker)
+        QObject::connect(asker, &QObject::destroyed, &loop, &QEventLoop::quit);
     QObject::connect(&wait, &QTimer::timeout, &loop, endWait);
     wait.setTimerType(Qt::PreciseTimer);
     wait.start(m_closingTagWait);

@@ -32,8 +32,9 @@ public:
     /// The text of a page; the window stays alive meanwhile. A page is complete when it ended and
     /// holds its closing tag, or ends with it so far. Without the tag it is given after the wait,
     /// with all that arrived; one that cannot be had at all is the empty text, at once. Throws
-    /// RuntimeError when all controls wait for pages already.
-    QByteArray FetchPage(const QString& address);
+    /// RuntimeError when all controls wait for pages already. When `asker` is given, a fetch ends
+    /// with what arrived once that is destroyed.
+    QByteArray FetchPage(const QString& address, const QObject* asker = nullptr);
 
     /// Ends every fetch that waits; each gives what arrived so far.
     void CancelAll();
