@@ -107,31 +107,38 @@ void WatchWindow::Tick() {
 
 void WatchWindow::WaitSecs(int seconds) {
     m_seconds = seconds;
-    m_noted = m_services.clock.SecondsSinceMidnight();
-    m_due = m_services.clock.Now().addSecs(seconds + 1).toString(u"HH:mm:ss"_s);
+    m_began = m_services.clock.Now();
     ShowTimes();
 }
 
 bool WatchWindow::IsWaiting() const {
+    const double noted = m_began.time().msecsSinceStartOfDay() / 1000.0;
     return m_seconds > 0 &&
-           RemainingWait(m_noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > 0;
+           RemainingWait(noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > 0;
 }
 
+// Seconds that were changed hold for the wait that is under way too: who sets an
+// hour down to a minute does not wait for the end of the hour.
 void WatchWindow::SettleSeconds() {
-    m_form.txtsecs->setText(ToQt(SettledSeconds(FromQt(m_form.txtsecs->text()))));
+    const std::string settled = SettledSeconds(FromQt(m_form.txtsecs->text()));
+    m_form.txtsecs->setText(ToQt(settled));
+    m_seconds = WatchSeconds(settled);
+    ShowTimes();
 }
 
 void WatchWindow::OnLoaded(bool isLoaded) {
     if (m_stop || !isLoaded)
         return;
-    m_loaded = m_services.clock.Now().toString(u"HH:mm:ss"_s);
+    m_loaded = m_services.clock.Now().time();
     ShowTimes();
 }
 
 void WatchWindow::ShowTimes() {
+    const auto text = [](QTime time) { return time.toString(u"HH:mm:ss"_s); };
     const QString loaded =
-        m_loaded.isEmpty() ? tr("Not loaded yet") : tr("Loaded %1").arg(m_loaded);
-    m_form.lblTimes->setText(tr("%1, due again %2").arg(loaded, m_due));
+        m_loaded.isNull() ? tr("Not loaded yet") : tr("Loaded %1").arg(text(m_loaded));
+    const QTime due = m_began.addSecs(m_seconds + 1).time();
+    m_form.lblTimes->setText(tr("%1, due again %2").arg(loaded, text(due)));
 }
 
 void WatchWindow::Stop() {

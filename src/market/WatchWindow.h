@@ -2,6 +2,7 @@
 
 #include "shell/Services.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QTimer>
 
@@ -36,9 +37,8 @@ private:
 
     frmWiz& m_form;
     Services m_services;
-    QString m_loaded; ///< when the page was loaded last
-    QString m_due;    ///< when it will be loaded again
-    double m_noted = 0;
+    QTime m_loaded;    ///< when the page was loaded last
+    QDateTime m_began; ///< the wait that is under way, and how long it is
     int m_seconds = 0;
     bool m_stop = false;
 };

@@ -113,17 +113,30 @@ private Q_SLOTS:
         QTRY_COMPARE(window.Loads(), 3);
     }
 
-    void TheSecondsAreReadWhenAWaitBegins() {
+    void ChangedSecondsHoldForTheWaitUnderWay() {
         Window window;
-        const frmWiz& form = window.Watch();
+        frmWiz& form = window.Watch();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
         TypeSeconds(form, u"30"_s);
         window.PassSeconds(31);
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
-        window.PassSeconds(30);
+        form.Text1->setFocus();
         QTRY_COMPARE(window.Loads(), 2);
-        window.PassSeconds(31);
+        window.PassSeconds(30);
+        PassTicks(form);
+        QCOMPARE(window.Loads(), 2);
+        window.PassSeconds(1);
         QTRY_COMPARE(window.Loads(), 3);
+    }
+
+    void WithoutSecondsThePageIsLoadedWithEveryTick() {
+        Window window;
+        const frmWiz& form = window.Watch();
+        TypeSeconds(form, {});
+        window.PassSeconds(61);
+        QTRY_VERIFY(window.Loads() > 3);
     }
 
     void AWaitGoesOnOverMidnight() {
