@@ -61,6 +61,7 @@ Session::Session(SessionSetup setup)
       m_inet(std::make_unique<TransferPool>(*m_web)),
       m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
     m_web->SetPortal(m_setup.portal);
+    m_web->SetResolver(m_setup.resolver);
     frmMain& form = *m_form;
     m_outside = new SeparateBrowser(m_setup.sites, m_setup.prompts, &form);
     m_panes = new PaneDeck(form, m_state, m_services, *m_outside);

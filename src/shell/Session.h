@@ -49,6 +49,8 @@ struct SessionSetup {
     std::function<PortalAnswer(const std::string& host, const std::string& pathAndQuery)> portal;
     Prompts& prompts;
     const Clock& clock;
+    /// Leads addresses to today's; only the live mode asks it.
+    std::function<std::string(const std::string&)> resolver = nullptr;
 };
 
 /// One run of the program: owns the main window, what it works with and the controllers, and takes

@@ -1,0 +1,45 @@
+#include "shell/Tables.h"
+
+#include "shell/QtText.h"
+#include "text/files.h"
+#include "text/runtime_error.h"
+
+#include <cstdio>
+
+namespace tallowmere {
+
+std::string ReadTable(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        throw RuntimeError(path.string() + ":1: the file cannot be read");
+    try {
+        return ReadExistingFile(path);
+    } catch (const RuntimeError& unreadable) {
+        throw RuntimeError(path.string() + ":1: " + unreadable.what());
+    }
+}
+
+Tables Tables::Read(const Folders& folders, const QString& sitesFile) {
+    Tables tables;
+    const std::filesystem::path sites =
+        sitesFile.isEmpty() ? folders.data / "sites.toml" : ToPath(sitesFile);
+    const std::string text = ReadTable(sites);
+    tables.sites = SiteTable::Parse(text, sites.string());
+    tables.today = ReadTodayTable(text, sites.string());
+    for (const std::string& problem : tables.today.problems)
+        std::fprintf(stderr, "tallowmere: %s\n", problem.c_str());
+    const std::filesystem::path menus = folders.data / "menus.toml";
+    tables.menus = MenuTable::Parse(ReadTable(menus), menus.string());
+    return tables;
+}
+
+std::function<std::string(const std::string&)> MakeResolver(const Tables& tables) {
+    auto resolver = std::make_shared<SiteResolver>(tables.sites, tables.menus, tables.today);
+    return [resolver = std::move(resolver)](const std::string& address) {
+        const auto today = resolver->Resolve(address, AddressUse::Page);
+        const bool onTheWeb = today && today->starts_with("http");
+        return onTheWeb ? *today : address;
+    };
+}
+
+} // namespace tallowmere

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "links/site_resolver.h"
+#include "shell/Folders.h"
+
+#include <memory>
+
+namespace tallowmere {
+
+/// The tables that the program reads at its start: where sites lie, and where they lead today.
+struct Tables {
+    SiteTable sites;
+    MenuTable menus;
+    TodayTable today;
+
+    /// Reads the tables that ship with the program, or `sitesFile` for the sites. Rows of today's
+    /// addresses that are wrong are left out and told on standard error. Throws RuntimeError
+    /// "<file>:<line>: <what is wrong>" for a table that cannot be read.
+    static Tables Read(const Folders& folders, const QString& sitesFile);
+};
+
+/// The text of a file that has to be there. Throws RuntimeError naming it when it cannot be read.
+std::string ReadTable(const std::filesystem::path& path);
+
+/// Gives today's address of an address on the web, or the same address when it has not moved.
+std::function<std::string(const std::string&)> MakeResolver(const Tables& tables);
+
+} // namespace tallowmere
