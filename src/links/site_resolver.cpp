@@ -10,8 +10,9 @@ namespace {
 
 /// The tickers of a list, upper case and joined by commas; they came joined by blanks or pluses.
 std::string CommaList(std::string_view value) {
+    const std::string blanks = ReplaceAll(value, "+", " ");
     std::string list;
-    for (const auto piece : Split(ReplaceAll(value, "+", " "), ' '))
+    for (const auto piece : Split(blanks, ' '))
         if (!piece.empty())
             list += (list.empty() ? "" : ",") + PercentEncode(ToUpper(piece));
     return list;

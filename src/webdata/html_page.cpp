@@ -50,23 +50,25 @@ body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: no
   .note { margin: 0 0 0.5rem; border: 1px solid; } }
 )";
 
-std::string Page(std::string_view title, std::string_view bodyAttribute, std::string_view note,
-                 std::string_view body) {
+std::string Page(const PageFrame& frame, std::string_view title, std::string_view bodyAttribute,
+                 std::string_view note, std::string_view body) {
     std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
-    page.append(ShownText(title)).append(" - SAMPLE DATA</title><style>").append(kStyle);
-    page.append("</style></head>\n<body").append(bodyAttribute);
-    page.append("><p class=\"note\">").append(note).append("</p>\n");
+    page.append(ShownText(title)).append(ShownText(frame.titleEnd)).append("</title><style>");
+    page.append(kStyle);
+    page.append("</style></head>\n<body").append(bodyAttribute).append(">");
+    if (!note.empty())
+        page.append("<p class=\"note\">").append(ShownText(note)).append("</p>\n");
     return page.append(body).append("\n</body></html>\n");
 }
 
 } // namespace
 
-std::string HtmlPage(std::string_view title, std::string_view body) {
-    return Page(title, "", "SAMPLE DATA: every price and figure on this page is invented.", body);
+std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string_view body) {
+    return Page(frame, title, "", frame.note, body);
 }
 
-std::string HtmlStrip(std::string_view title, std::string_view body) {
-    return Page(title, " class=\"strip\"", "SAMPLE DATA", body);
+std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view body) {
+    return Page(frame, title, " class=\"strip\"", frame.stripNote, body);
 }
 
 std::string ShownText(std::string_view text) {

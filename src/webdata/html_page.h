@@ -6,11 +6,18 @@
 /// What the pages of the built-in portal have in common.
 namespace tallowmere {
 
-/// A whole page of sample data around `body`, which is HTML; `title` is plain text.
-std::string HtmlPage(std::string_view title, std::string_view body);
+/// What stands around every page of a market; plain text.
+struct PageFrame {
+    std::string titleEnd;  ///< behind the title
+    std::string note;      ///< at the head of the page
+    std::string stripNote; ///< the same where there is room for a few words only
+};
+
+/// A whole page around `body`, which is HTML; `title` is plain text.
+std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string_view body);
 
 /// The same as a single line, for a pane that is not higher than that.
-std::string HtmlStrip(std::string_view title, std::string_view body);
+std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view body);
 
 /// A text from outside made fit to be shown: escaped, without control characters, cut when it is
 /// longer than anybody would read.

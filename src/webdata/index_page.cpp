@@ -1,10 +1,8 @@
 #include "webdata/index_page.h"
 
 #include "text/bytes.h"
-#include "webdata/html_page.h"
 #include "webdata/number_text.h"
 #include "webdata/quote_html.h"
-#include "webdata/sample_figures.h"
 
 #include <algorithm>
 
@@ -17,64 +15,72 @@ constexpr std::size_t kMostCharts = 12;
 constexpr std::string_view kDelay = "<p class=\"quiet\">Quotes delayed 15 minutes or more.</p>";
 
 /// A change as the strip's page writes it: a fall stands in a font tag.
-std::string IndexChange(double change) {
-    const std::string text = ChangeText(change);
-    return change < 0 ? "<font class=\"down\">" + text + "</font>" : text;
+std::string IndexChange(const std::optional<double>& change) {
+    const std::string text = TextOr(change, ChangeText, "-");
+    return change.value_or(0) < 0 ? "<font class=\"down\">" + text + "</font>" : text;
+}
+
+std::string StripRow(std::string_view symbol, std::string_view value, std::string_view change,
+                     std::string_view when, std::string_view name) {
+    return "<tr><td nowrap><a href=\"/q?s=" + EscapeHtml(symbol) + "&d=t\">" + ShownText(symbol) +
+           "</a></td><td nowrap><b>" + std::string(value) + "</b></td><td nowrap>" +
+           std::string(change) + "</td><td nowrap>" + ShownText(when) + "</td><td nowrap>" +
+           ShownText(name) + "</td></tr>\n";
 }
 
 } // namespace
 
-std::string IndexPage(const SampleMarket& market, const std::vector<std::string>& symbols,
-                      Date today) {
+std::string IndexPage(const MarketView& market, const std::vector<std::string>& symbols) {
+    std::vector<std::optional<ShownQuote>> quotes;
+    for (const std::string& symbol : symbols)
+        quotes.push_back(market.Find(symbol));
+    const bool hasAny = std::any_of(quotes.begin(), quotes.end(),
+                                    [](const auto& quote) { return quote.has_value(); });
+
     // The program cuts this page by its tags, letter by letter: the anchor with a bare "&", the
     // value in bold in a cell of its own, the change in the next cell.
     std::string body = "<h1>Quotes</h1><table class=\"figures\">\n<tr><th>Symbol</th><th>Last</th>"
-                       "<th>Change</th><th>Day</th><th>Name</th></tr>\n";
-    for (const std::string& symbol : symbols) {
-        const SampleQuote* quote = market.Find(symbol);
-        if (quote == nullptr) {
-            body += "<tr><td>" + ShownText(symbol) +
-                    "</td><td colspan=4>no sample prices for this symbol</td></tr>\n";
-            continue;
-        }
-        const SampleFigures figures = FiguresOf(*quote);
-        body += "<tr><td nowrap><a href=\"/q?s=" + EscapeHtml(quote->symbol) + "&d=t\">" +
-                EscapeHtml(quote->symbol) + "</a></td><td nowrap><b>" + PriceText(figures.last) +
-                "</b></td><td nowrap>" + IndexChange(figures.change) + "</td><td nowrap>" +
-                LastTradingDayText(today) + "</td><td nowrap>" + ShownText(quote->name) +
-                "</td></tr>\n";
+                       "<th>Change</th><th>Time</th><th>Name</th></tr>\n";
+    for (std::size_t at = 0; at < symbols.size(); ++at) {
+        if (const auto& quote = quotes[at])
+            body += StripRow(quote->symbol, PriceText(quote->last), IndexChange(quote->change),
+                             quote->when, quote->name);
+        else if (hasAny)
+            body += StripRow(symbols[at], "N/A", "-", "", market.Missing(symbols[at]));
+        else
+            body += "<tr><td>" + ShownText(symbols[at]) + "</td><td colspan=4>" +
+                    ShownText(market.Missing(symbols[at])) + "</td></tr>\n";
     }
-    return HtmlPage("Quotes", body.append("</table>").append(kDelay));
+    return HtmlPage(market.Frame(), "Quotes", body.append("</table>").append(kDelay));
 }
 
-std::string DetailedIndexPage(const SampleMarket& market, const std::vector<std::string>& symbols,
-                              Date today) {
-    std::string body = "<h1>Quotes</h1><p class=\"quiet\">" + LastTradingDayText(today) +
-                       ", 4:00PM</p><table class=\"figures names\"><tr><th>Symbol</th><th>Name</th>"
-                       "<th>Last</th><th>Change</th><th>%</th><th>Open</th><th>Day's range</th>"
-                       "<th>52-week range</th></tr>";
+std::string DetailedIndexPage(const MarketView& market, const std::vector<std::string>& symbols) {
+    std::string body = "<h1>Quotes</h1><table class=\"figures names\"><tr><th>Symbol</th>"
+                       "<th>Name</th><th>Last</th><th>Change</th><th>%</th><th>Open</th>"
+                       "<th>Day's range</th><th>52-week range</th><th>Time</th></tr>";
     for (const std::string& symbol : symbols) {
-        const SampleQuote* quote = market.Find(symbol);
-        if (quote == nullptr) {
-            body += "<tr><td>" + ShownText(symbol) +
-                    "</td><td colspan=\"7\">no sample prices for this symbol</td></tr>";
+        const auto quote = market.Find(symbol);
+        if (!quote) {
+            body += "<tr><td>" + ShownText(symbol) + "</td><td colspan=\"8\">" +
+                    ShownText(market.Missing(symbol)) + "</td></tr>";
             continue;
         }
-        const SampleFigures figures = FiguresOf(*quote);
         body += "<tr><td>" + HtmlLink(QuotePath(quote->symbol), quote->symbol) + "</td><td>" +
-                ShownText(quote->name) + "</td><td><b>" + PriceText(figures.last) +
-                "</b></td><td>" + ColouredChange(figures.change, ChangeText(figures.change)) +
-                "</td><td>" + ColouredChange(figures.change, PercentText(figures.percent)) +
-                "</td><td>" + PriceText(figures.open) + "</td><td>" + PriceText(figures.dayLow) +
-                " - " + PriceText(figures.dayHigh) + "</td><td>" + PriceText(figures.yearLow) +
-                " - " + PriceText(figures.yearHigh) + "</td></tr>";
+                ShownText(quote->name) + "</td><td><b>" + PriceText(quote->last) + "</b></td><td>" +
+                ColouredChange(quote->change, TextOr(quote->change, ChangeText, "-")) +
+                "</td><td>" +
+                ColouredChange(quote->change, TextOr(quote->percent, PercentText, "-")) +
+                "</td><td>" + TextOr(quote->open, PriceText, "-") + "</td><td>" +
+                RangeText(quote->dayLow, quote->dayHigh) + "</td><td>" +
+                RangeText(quote->yearLow, quote->yearHigh) + "</td><td>" + ShownText(quote->when) +
+                "</td></tr>";
     }
     body.append("</table>").append(kDelay);
     for (std::size_t at = 0; at < std::min(symbols.size(), kMostCharts); ++at) {
-        if (const SampleQuote* quote = market.Find(symbols[at]))
-            body += ChartSvg(SampleChart(*quote, Period::Day, today), ChartSize::Small) + " ";
+        if (market.Find(symbols[at]))
+            body += ChartSvg(market.ChartOf(symbols[at], Period::Day), ChartSize::Small) + " ";
     }
-    return HtmlPage("Quotes", body);
+    return HtmlPage(market.Frame(), "Quotes", body);
 }
 
 } // namespace tallowmere

@@ -58,4 +58,9 @@ std::string ShortText(double value) {
     return WithThousands(FixedText(value, 0));
 }
 
+std::string TextOr(const std::optional<double>& value, std::string (*text)(double),
+                   std::string_view unknown) {
+    return value ? text(*value) : std::string(unknown);
+}
+
 } // namespace tallowmere

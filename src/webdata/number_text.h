@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 /// Numbers as the pages of the built-in portal write them.
 namespace tallowmere {
@@ -19,5 +21,9 @@ std::string PercentText(double value);
 
 /// A large number in short, such as "3.12B", "845.0M" or "9,500".
 std::string ShortText(double value);
+
+/// The text of a value that may not be known, `unknown` where it is not.
+std::string TextOr(const std::optional<double>& value, std::string (*text)(double),
+                   std::string_view unknown);
 
 } // namespace tallowmere

@@ -2,82 +2,12 @@
 
 #include "links/catalogue.h"
 #include "text/bytes.h"
-#include "webdata/index_page.h"
 #include "webdata/portal_pages.h"
-#include "webdata/quotes_page.h"
-#include "webdata/sample_series.h"
-#include "webdata/web_address.h"
-
-#include <algorithm>
-#include <array>
-#include <optional>
+#include "webdata/sample_view.h"
 
 namespace tallowmere {
 
 namespace {
-
-constexpr std::string_view kHtml = "text/html; charset=utf-8";
-constexpr std::string_view kSvg = "image/svg+xml";
-
-// A mark of our own: a curve in a rounded square.
-constexpr std::string_view kLogo =
-    R"(<svg xmlns="http://www.w3.org/2000/svg" width="160" height="32" viewBox="0 0 160 32">)"
-    R"(<rect x="1" y="1" width="30" height="30" rx="6" fill="#0b5cad"/><polyline fill="none" )"
-    R"(stroke="#ffffff" stroke-width="2.5" points="6,22 12,15 17,19 26,8"/><rect x="36" y="1" )"
-    R"(width="123" height="30" rx="6" fill="#ffffff"/><text x="42" y="21" font-size="14" )"
-    R"(font-family="sans-serif" fill="#24292f">SAMPLE DATA</text></svg>)";
-
-/// A chart image by its path; what follows the path is the ticker.
-struct ChartPath {
-    std::string_view path;
-    Period period;
-    ChartSize size;
-    bool inQuery; ///< the ticker is the parameter "s", else the name of the file
-};
-
-// clang-format off
-constexpr std::array<ChartPath, 7> kChartPaths{{
-    {"/c/0b/", Period::Year,        ChartSize::Small, false},
-    {"/c/1y/", Period::Year,        ChartSize::Large, false},
-    {"/c/3m/", Period::ThreeMonths, ChartSize::Large, false},
-    {"/v",     Period::FiveDays,    ChartSize::Small, true},
-    {"/t",     Period::Day,         ChartSize::Small, true},
-    {"/w",     Period::FiveDays,    ChartSize::Large, true},
-    {"/b",     Period::Day,         ChartSize::Large, true},
-}};
-// clang-format on
-
-/// The ticker in "<folder><first letter>/<ticker><extension>".
-std::optional<std::string> TickerOfFile(std::string_view path, std::string_view folder,
-                                        std::string_view extension) {
-    if (!path.starts_with(folder) || !path.ends_with(extension))
-        return std::nullopt;
-    path.remove_prefix(folder.size());
-    const auto slash = path.find('/');
-    if (slash == std::string_view::npos || path.size() - slash - 1 < extension.size())
-        return std::nullopt;
-    path.remove_suffix(extension.size());
-    return ToUpper(path.substr(slash + 1));
-}
-
-std::optional<std::string> ChartAnswer(const SampleMarket& market, const PortalRequest& request,
-                                       Date today) {
-    for (const ChartPath& chart : kChartPaths) {
-        std::optional<std::string> ticker;
-        if (!chart.inQuery)
-            ticker = TickerOfFile(request.path, chart.path, ".gif");
-        else if (request.path == chart.path)
-            ticker = ToUpper(request.Parameter("s"));
-        if (!ticker)
-            continue;
-        const SampleQuote* quote = market.Find(*ticker);
-        return ChartSvg(quote != nullptr
-                            ? SampleChart(*quote, chart.period, today)
-                            : Chart{"Unknown ticker", std::string(kSampleNote), {}, {}},
-                        chart.size);
-    }
-    return std::nullopt;
-}
 
 /// The parameter under which sites take tickers, whichever it is.
 std::string TickerParameter(const PortalRequest& request) {
@@ -103,66 +33,43 @@ SamplePortal::SamplePortal(const SiteTable& sites, SampleMarket market, PortalTe
 PortalAnswer SamplePortal::Answer(std::string_view host, std::string_view pathAndQuery,
                                   Date today) const {
     const PortalRequest request(host, pathAndQuery);
-    if (request.path.ends_with("/rr.html"))
-        return {std::string(kHtml), m_texts.books};
-    if (request.path.ends_with("/newsites.html"))
-        return {std::string(kHtml), m_texts.newSites};
-    if (request.path == "/logo.gif")
-        return {std::string(kSvg), std::string(kLogo)};
-    if (auto chart = ChartAnswer(m_market, request, today))
-        return {std::string(kSvg), std::move(*chart)};
-    return {std::string(kHtml), Page(request, today)};
+    const SampleView market(m_market, today);
+    if (auto answer = AnswerProgram(market, request, m_sites, m_texts))
+        return std::move(*answer);
+    return HtmlAnswer(Page(market, request));
 }
 
-std::string SamplePortal::Page(const PortalRequest& request, Date today) const {
+std::string SamplePortal::Page(const MarketView& market, const PortalRequest& request) const {
     const std::string& path = request.path;
-    if (path == "/quotes")
-        return QuotesPage(m_market, SymbolsOf(request.Parameter("symbols")), request.Parameter("d"),
-                          WithScheme(m_sites.Host("chart_server_1")),
-                          WithScheme(m_sites.Host("chart_server_2")));
-    if (path == "/javaticker.html")
-        return TickerStripPage(m_market);
     if (path == "/moneynet/cgi-bin/applet.cgi")
-        return MarketPage(m_market, "Streaming portfolio");
+        return MarketPage(market, "Streaming portfolio");
     if (path == "/moneynet/jtickredir.asp")
-        return LinkPage(m_market, Catalogue()[188], SymbolsOf(StreamingSymbol(request)), request,
-                        today);
-    if (const auto ticker = TickerOfFile(path, "/p/", ".html"))
-        return ProfilePage(m_market, *ticker, request, today);
-    if (const SampleQuote* company = CompanyOnHost(m_market, request.host))
-        return CompanyPage(*company, today);
-    return path == "/q" ? QuotesAnswer(request, today) : CatalogueAnswer(request, today);
+        return LinkPage(market, Catalogue()[188], SymbolsOf(StreamingSymbol(request)), request);
+    if (const auto company = market.Find(CompanyOnHost(m_market, request.host)))
+        return CompanyPage(market, *company);
+    // The view "2b" is that of a link, whose page says so.
+    if (path == "/q" && request.Parameter("d") != "2b")
+        if (auto quotes = AnswerQuotes(market, request))
+            return std::move(*quotes);
+    return CatalogueAnswer(market, request);
 }
 
-std::string SamplePortal::QuotesAnswer(const PortalRequest& request, Date today) const {
-    const auto symbols = SymbolsOf(request.Parameter("s"));
-    const std::string view = request.Parameter("d");
-    const bool hasIndex = std::any_of(symbols.begin(), symbols.end(),
-                                      [](const auto& symbol) { return symbol.starts_with('^'); });
-    if (view == "t" && !symbols.empty())
-        return DetailedIndexPage(m_market, symbols, today);
-    if (symbols.size() > 1 || (hasIndex && view.empty()))
-        return IndexPage(m_market, symbols, today);
-    if (view == "2b" || symbols.empty())
-        return CatalogueAnswer(request, today);
-    return QuotePage(m_market, symbols.front(), view, request, today);
-}
-
-std::string SamplePortal::CatalogueAnswer(const PortalRequest& request, Date today) const {
+std::string SamplePortal::CatalogueAnswer(const MarketView& market,
+                                          const PortalRequest& request) const {
     auto match = m_matcher.Match(request.address);
     if (!match)
         match = m_matcher.MatchPath(std::string_view(request.address).substr(request.host.size()));
     if (match) {
-        return LinkPage(m_market, Catalogue()[static_cast<std::size_t>(match->index)],
-                        SymbolsOf(match->ticker), request, today);
+        return LinkPage(market, Catalogue()[static_cast<std::size_t>(match->index)],
+                        SymbolsOf(match->ticker), request);
     }
     const auto symbols = SymbolsOf(TickerParameter(request));
     if (!symbols.empty())
-        return TickersPage(m_market, symbols, request, today);
+        return TickersPage(market, symbols, request);
     if (request.path == "/" && request.query.empty() &&
         request.host == ToLower(m_sites.Host("portal")))
-        return MarketPage(m_market, "Finance portal");
-    return UnknownPage(request);
+        return MarketPage(market, "Finance portal");
+    return UnknownPage(market, request, "The sample market has no page for this address.");
 }
 
 } // namespace tallowmere

@@ -3,26 +3,13 @@
 #include "links/address_match.h"
 #include "links/site_table.h"
 #include "text/date.h"
+#include "webdata/portal_answer.h"
 #include "webdata/sample_market.h"
 
 #include <string>
 #include <string_view>
 
 namespace tallowmere {
-
-/// What the built-in portal answers.
-struct PortalAnswer {
-    std::string type; ///< media type, such as "text/html; charset=utf-8"
-    std::string body;
-};
-
-/// Pages that the portal hands out as they are.
-struct PortalTexts {
-    std::string books;    ///< "rr.html", the list of books
-    std::string newSites; ///< "newsites.html", the list of new sites
-};
-
-struct PortalRequest;
 
 /// The built-in portal in sample mode: a function from an address to a page. It answers every
 /// address of the catalogue with a readable page and what the program reads by machine from an
@@ -37,9 +24,8 @@ public:
     PortalAnswer Answer(std::string_view host, std::string_view pathAndQuery, Date today) const;
 
 private:
-    std::string Page(const PortalRequest& request, Date today) const;
-    std::string QuotesAnswer(const PortalRequest& request, Date today) const;
-    std::string CatalogueAnswer(const PortalRequest& request, Date today) const;
+    std::string Page(const MarketView& market, const PortalRequest& request) const;
+    std::string CatalogueAnswer(const MarketView& market, const PortalRequest& request) const;
 
     const SiteTable& m_sites;
     AddressMatcher m_matcher;

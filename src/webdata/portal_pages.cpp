@@ -1,19 +1,12 @@
 #include "webdata/portal_pages.h"
 
 #include "text/bytes.h"
-#include "webdata/html_page.h"
 #include "webdata/number_text.h"
 #include "webdata/quote_html.h"
-#include "webdata/sample_figures.h"
-
-#include <algorithm>
 
 namespace tallowmere {
 
 namespace {
-
-constexpr std::string_view kCompanyHostStart = "www.";
-constexpr std::string_view kCompanyHostEnd = ".company.example";
 
 std::string AskedAddress(const PortalRequest& request) {
     return "<p class=\"quiet\">Asked for: <code>" + ShownText(request.address) + "</code></p>";
@@ -27,13 +20,11 @@ std::string Heading(std::string_view caption, std::string_view tooltip) {
 }
 
 /// What a page says about one ticker, known or not.
-std::string TickerBlock(const SampleMarket& market, std::string_view symbol, Period period,
-                        Date today) {
-    const SampleQuote* quote = market.Find(symbol);
-    if (quote == nullptr)
-        return "<h2>" + ShownText(symbol) +
-               "</h2><p>The sample market has no prices for this ticker.</p>";
-    return QuoteBlock(*quote, period, today) + SiblingLinks(quote->symbol);
+std::string TickerBlock(const MarketView& market, std::string_view symbol, Period period) {
+    const auto quote = market.Find(symbol);
+    if (!quote)
+        return "<h2>" + ShownText(symbol) + "</h2><p>" + ShownText(market.Missing(symbol)) + "</p>";
+    return QuoteBlock(market, *quote, period) + SiblingLinks(market, quote->symbol);
 }
 
 Period PeriodOf(std::string_view code) {
@@ -48,93 +39,77 @@ Period PeriodOf(std::string_view code) {
 
 } // namespace
 
-std::string LinkPage(const SampleMarket& market, const LinkRow& row,
-                     const std::vector<std::string>& symbols, const PortalRequest& request,
-                     Date today) {
+std::string LinkPage(const MarketView& market, const LinkRow& row,
+                     const std::vector<std::string>& symbols, const PortalRequest& request) {
     std::string body = Heading(row.caption, row.tooltip) + AskedAddress(request);
     if (symbols.empty())
         body += MarketBlock(market);
     else if (symbols.size() == 1)
-        body += TickerBlock(market, symbols.front(), Period::Year, today);
+        body += TickerBlock(market, symbols.front(), Period::Year);
     else
         body += QuoteTable(market, symbols);
-    return HtmlPage(Trim(row.caption), body);
+    return HtmlPage(market.Frame(), Trim(row.caption), body);
 }
 
-std::string QuotePage(const SampleMarket& market, std::string_view symbol, std::string_view period,
-                      const PortalRequest& request, Date today) {
-    return HtmlPage(symbol, Heading("Quote", "") + AskedAddress(request) +
-                                TickerBlock(market, symbol, PeriodOf(period), today));
+std::string QuotePage(const MarketView& market, std::string_view symbol, std::string_view period,
+                      const PortalRequest& request) {
+    return HtmlPage(market.Frame(), symbol,
+                    Heading("Quote", "") + AskedAddress(request) +
+                        TickerBlock(market, symbol, PeriodOf(period)));
 }
 
-std::string TickersPage(const SampleMarket& market, const std::vector<std::string>& symbols,
-                        const PortalRequest& request, Date today) {
-    return HtmlPage("Tickers", Heading("Tickers", LastTradingDayText(today)) +
-                                   AskedAddress(request) + QuoteTable(market, symbols));
+std::string TickersPage(const MarketView& market, const std::vector<std::string>& symbols,
+                        const PortalRequest& request) {
+    return HtmlPage(market.Frame(), "Tickers",
+                    Heading("Tickers", "") + AskedAddress(request) + QuoteTable(market, symbols));
 }
 
-std::string ProfilePage(const SampleMarket& market, std::string_view symbol,
-                        const PortalRequest& request, Date today) {
+std::string ProfilePage(const MarketView& market, std::string_view symbol,
+                        const PortalRequest& request) {
     const LinkRow& row = Catalogue()[47];
     const LinkRow& finder = Catalogue()[28];
     std::string body = Heading(row.caption, row.tooltip) + AskedAddress(request) +
-                       TickerBlock(market, symbol, Period::Year, today);
-    const SampleQuote* quote = market.Find(symbol);
-    if (quote != nullptr && quote->shares != 0) {
+                       TickerBlock(market, symbol, Period::Year);
+    const auto quote = market.Find(symbol);
+    const std::string home = quote && !quote->isIndex ? market.HomePage(*quote) : std::string();
+    if (!home.empty()) {
         // The home page finder cuts the address out of the last link before these words.
         body += "<h2>" + ShownText(finder.caption) + "</h2><p>" + ShownText(finder.tooltip) +
-                ": <a href=\"http://" + CompanyHost(quote->symbol) + "/\">Home Page</a></p>";
+                ": <a href=\"" + EscapeHtml(home) + "\">Home Page</a></p>";
     }
-    return HtmlPage(std::string(symbol) + " profile", body);
+    return HtmlPage(market.Frame(), std::string(symbol) + " profile", body);
 }
 
-std::string CompanyHost(std::string_view symbol) {
-    // A host has no dot of its own in a label; no ticker has a hyphen.
-    return std::string(kCompanyHostStart) + ReplaceAll(ToLower(symbol), ".", "-") +
-           std::string(kCompanyHostEnd);
-}
-
-const SampleQuote* CompanyOnHost(const SampleMarket& market, std::string_view host) {
-    if (!host.starts_with(kCompanyHostStart) || !host.ends_with(kCompanyHostEnd) ||
-        host.size() < kCompanyHostStart.size() + kCompanyHostEnd.size())
-        return nullptr;
-    host.remove_prefix(kCompanyHostStart.size());
-    host.remove_suffix(kCompanyHostEnd.size());
-    return market.Find(ReplaceAll(host, "-", "."));
-}
-
-std::string CompanyPage(const SampleQuote& quote, Date today) {
+std::string CompanyPage(const MarketView& market, const ShownQuote& quote) {
     return HtmlPage(
-        quote.name,
+        market.Frame(), quote.name,
         Heading(quote.name, "Home page of the sample company with the ticker " + quote.symbol) +
-            QuoteBlock(quote, Period::Year, today) + SiblingLinks(quote.symbol));
+            QuoteBlock(market, quote, Period::Year) + SiblingLinks(market, quote.symbol));
 }
 
-std::string TickerStripPage(const SampleMarket& market) {
-    std::vector<const SampleQuote*> quotes;
-    for (const SampleQuote& quote : market.Quotes())
-        quotes.push_back(&quote);
-    std::stable_partition(quotes.begin(), quotes.end(),
-                          [](const SampleQuote* quote) { return quote->shares == 0; });
+std::string TickerStripPage(const MarketView& market) {
     // A click opens a new window, which the program shows in its main pane.
     std::string body = "<p>";
-    for (const SampleQuote* quote : quotes) {
-        const SampleFigures figures = FiguresOf(*quote);
-        body += "<span><a target=\"_blank\" href=\"" + EscapeHtml(QuotePath(quote->symbol)) +
-                "\">" + ShownText(quote->symbol) + "</a> " + PriceText(figures.last) + " " +
-                ColouredChange(figures.change, ChangeText(figures.change)) + "</span> ";
+    for (const std::string& symbol : market.StripSymbols()) {
+        const auto quote = market.Find(symbol);
+        if (!quote)
+            continue;
+        body += "<span title=\"" + ShownText(quote->when) + "\"><a target=\"_blank\" href=\"" +
+                EscapeHtml(market.LinkTo(QuotePath(symbol))) + "\">" + ShownText(symbol) + "</a> " +
+                PriceText(quote->last) + " " +
+                ColouredChange(quote->change, TextOr(quote->change, ChangeText, "")) + "</span> ";
     }
-    return HtmlStrip("Ticker", body + "</p>");
+    return HtmlStrip(market.Frame(), "Ticker", body + "</p>");
 }
 
-std::string MarketPage(const SampleMarket& market, std::string_view title) {
-    return HtmlPage(title, Heading(title, "") + MarketBlock(market));
+std::string MarketPage(const MarketView& market, std::string_view title) {
+    return HtmlPage(market.Frame(), title, Heading(title, "") + MarketBlock(market));
 }
 
-std::string UnknownPage(const PortalRequest& request) {
-    return HtmlPage("No page",
-                    Heading("No page here", "The sample market has no page for this address.") +
-                        AskedAddress(request));
+std::string UnknownPage(const MarketView& market, const PortalRequest& request,
+                        std::string_view why) {
+    return HtmlPage(market.Frame(), "No page",
+                    Heading("No page here", why) + AskedAddress(request));
 }
 
 } // namespace tallowmere

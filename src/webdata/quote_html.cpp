@@ -3,9 +3,7 @@
 #include "links/address.h"
 #include "market/index_strip.h"
 #include "text/bytes.h"
-#include "webdata/html_page.h"
 #include "webdata/number_text.h"
-#include "webdata/sample_figures.h"
 
 #include <algorithm>
 
@@ -14,20 +12,18 @@ namespace tallowmere {
 namespace {
 
 constexpr std::size_t kMoversShown = 8;
+constexpr std::string_view kUnknown = "-";
 
 std::string Row(std::string_view name, std::string_view value) {
     return "<tr><td>" + std::string(name) + "</td><td>" + std::string(value) + "</td></tr>";
 }
 
-std::string OrDash(double value, std::string text) {
-    return value == 0 ? std::string("-") : std::move(text);
-}
-
-std::vector<std::string> SymbolsWithChange(const SampleMarket& market, bool rising) {
+std::vector<std::string> SymbolsWithChange(const MarketView& market, bool rising) {
     std::vector<std::pair<double, std::string>> movers;
-    for (const SampleQuote& quote : market.Quotes()) {
-        if (quote.shares != 0)
-            movers.emplace_back(FiguresOf(quote).percent, quote.symbol);
+    for (const std::string& symbol : market.StripSymbols()) {
+        const auto quote = market.Find(symbol);
+        if (quote && !quote->isIndex && quote->percent)
+            movers.emplace_back(*quote->percent, symbol);
     }
     std::sort(movers.begin(), movers.end());
     if (rising)
@@ -39,66 +35,78 @@ std::vector<std::string> SymbolsWithChange(const SampleMarket& market, bool risi
     return symbols;
 }
 
+std::string RatioText(double value) {
+    return FixedText(value, 1);
+}
+
+std::string YieldText(double value) {
+    return FixedText(value, 2) + "%";
+}
+
 } // namespace
 
 std::string QuotePath(std::string_view symbol) {
     return "/q?s=" + PercentEncode(ToLower(symbol)) + "&d=2b";
 }
 
-std::string ColouredChange(double change, std::string_view text) {
-    const std::string_view direction = change < 0 ? "down" : change > 0 ? "up" : "quiet";
+std::string ColouredChange(const std::optional<double>& change, std::string_view text) {
+    const double value = change.value_or(0);
+    const std::string_view direction = value < 0 ? "down" : value > 0 ? "up" : "quiet";
     return "<span class=\"" + std::string(direction) + "\">" + std::string(text) + "</span>";
 }
 
-std::string QuoteBlock(const SampleQuote& quote, Period period, Date today) {
-    const SampleFigures figures = FiguresOf(quote);
+std::string RangeText(const std::optional<double>& low, const std::optional<double>& high) {
+    return low && high ? PriceText(*low) + " - " + PriceText(*high) : std::string(kUnknown);
+}
+
+std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period period) {
     std::string html = "<h2>" + ShownText(quote.name) + " (" + ShownText(quote.symbol) + ")</h2>";
-    html += "<p><span class=\"price\">" + PriceText(figures.last) + "</span> " +
-            ColouredChange(figures.change,
-                           ChangeText(figures.change) + " (" + PercentText(figures.percent) + ")") +
-            " <span class=\"quiet\">" + LastTradingDayText(today) + ", 4:00PM</span></p>";
+    html += "<p><span class=\"price\">" + PriceText(quote.last) + "</span> " +
+            ColouredChange(quote.change, TextOr(quote.change, ChangeText, kUnknown) + " (" +
+                                             TextOr(quote.percent, PercentText, kUnknown) + ")") +
+            " <span class=\"quiet\">" + ShownText(quote.when) + "</span></p>";
     html += "<div class=\"beside\"><table class=\"figures\">" +
-            Row("Previous close", PriceText(figures.previous)) +
-            Row("Open", PriceText(figures.open)) +
-            Row("Day's range", PriceText(figures.dayLow) + " - " + PriceText(figures.dayHigh)) +
-            Row("52-week range", PriceText(figures.yearLow) + " - " + PriceText(figures.yearHigh));
-    if (quote.shares != 0) {
-        html += Row("Volume", ShortText(figures.volume)) +
-                Row("Average volume", ShortText(figures.averageVolume)) +
-                Row("Market cap", ShortText(figures.marketCap)) +
-                Row("Earnings per share", PriceText(figures.earnings)) +
-                Row("P/E", FixedText(figures.priceEarnings, 1)) +
-                Row("Dividend per share", OrDash(figures.dividend, PriceText(figures.dividend))) +
-                Row("Yield", OrDash(figures.yield, FixedText(figures.yield, 2) + "%"));
+            Row("Previous close", TextOr(quote.previous, PriceText, kUnknown)) +
+            Row("Open", TextOr(quote.open, PriceText, kUnknown)) +
+            Row("Day's range", RangeText(quote.dayLow, quote.dayHigh)) +
+            Row("52-week range", RangeText(quote.yearLow, quote.yearHigh));
+    if (!quote.isIndex) {
+        html += Row("Volume", TextOr(quote.volume, ShortText, kUnknown)) +
+                Row("Average volume", TextOr(quote.averageVolume, ShortText, kUnknown)) +
+                Row("Market cap", TextOr(quote.marketCap, ShortText, kUnknown)) +
+                Row("Earnings per share", TextOr(quote.earnings, PriceText, kUnknown)) +
+                Row("P/E", TextOr(quote.priceEarnings, RatioText, kUnknown)) +
+                Row("Dividend per share", TextOr(quote.dividend, PriceText, kUnknown)) +
+                Row("Yield", TextOr(quote.yield, YieldText, kUnknown));
     }
-    return html + "</table>" + ChartSvg(SampleChart(quote, period, today), ChartSize::Large) +
+    return html + "</table>" + ChartSvg(market.ChartOf(quote.symbol, period), ChartSize::Large) +
            "</div>";
 }
 
-std::string QuoteTable(const SampleMarket& market, const std::vector<std::string>& symbols) {
+std::string QuoteTable(const MarketView& market, const std::vector<std::string>& symbols) {
     std::string html =
         "<table class=\"figures names\"><tr><th>Symbol</th><th>Name</th><th>Last</th>"
-        "<th>Change</th><th>%</th><th>Volume</th><th>Market cap</th></tr>";
+        "<th>Change</th><th>%</th><th>Volume</th><th>Market cap</th><th>Time</th></tr>";
     for (const std::string& symbol : symbols) {
-        const SampleQuote* quote = market.Find(symbol);
-        if (quote == nullptr) {
-            html += "<tr><td>" + ShownText(symbol) +
-                    "</td><td colspan=\"6\" class=\"quiet\">no sample prices for this ticker</td>"
-                    "</tr>";
+        const auto quote = market.Find(symbol);
+        if (!quote) {
+            html += "<tr><td>" + ShownText(symbol) + "</td><td colspan=\"7\" class=\"quiet\">" +
+                    ShownText(market.Missing(symbol)) + "</td></tr>";
             continue;
         }
-        const SampleFigures figures = FiguresOf(*quote);
         html += "<tr><td>" + HtmlLink(QuotePath(quote->symbol), quote->symbol) + "</td><td>" +
-                ShownText(quote->name) + "</td><td>" + PriceText(figures.last) + "</td><td>" +
-                ColouredChange(figures.change, ChangeText(figures.change)) + "</td><td>" +
-                ColouredChange(figures.change, PercentText(figures.percent)) + "</td><td>" +
-                OrDash(figures.volume, ShortText(figures.volume)) + "</td><td>" +
-                OrDash(figures.marketCap, ShortText(figures.marketCap)) + "</td></tr>";
+                ShownText(quote->name) + "</td><td>" + PriceText(quote->last) + "</td><td>" +
+                ColouredChange(quote->change, TextOr(quote->change, ChangeText, kUnknown)) +
+                "</td><td>" +
+                ColouredChange(quote->change, TextOr(quote->percent, PercentText, kUnknown)) +
+                "</td><td>" + TextOr(quote->volume, ShortText, kUnknown) + "</td><td>" +
+                TextOr(quote->marketCap, ShortText, kUnknown) + "</td><td>" +
+                ShownText(quote->when) + "</td></tr>";
     }
     return html + "</table>";
 }
 
-std::string MarketBlock(const SampleMarket& market) {
+std::string MarketBlock(const MarketView& market) {
     std::vector<std::string> indices;
     for (const IndexRow& row : IndexTable())
         indices.emplace_back(ToUpper(row.symbol));
@@ -107,16 +115,18 @@ std::string MarketBlock(const SampleMarket& market) {
            QuoteTable(market, SymbolsWithChange(market, false));
 }
 
-std::string SiblingLinks(std::string_view symbol) {
+std::string SiblingLinks(const MarketView& market, std::string_view symbol) {
     const std::string ticker = PercentEncode(ToLower(symbol));
     const std::string page = PercentEncode(FormsOf(symbol).first) + "/" + ticker + ".html";
-    return "<nav><p>" + HtmlLink(QuotePath(symbol), "Quote") + " " +
-           HtmlLink("/q?s=" + ticker + "&d=1d", "1 day") + " " +
-           HtmlLink("/q?s=" + ticker + "&d=3m", "3 months") + " " +
-           HtmlLink("/q?s=" + ticker + "&d=1y", "1 year") + " " +
-           HtmlLink("/p/" + page, "Profile") + " " + HtmlLink("/n/" + page, "News") + " " +
-           HtmlLink("/z/a/" + page, "Research") + " " +
-           HtmlLink("/quotes?symbols=" + ticker + "&d=1b", "In a portfolio") + "</p></nav>";
+    const auto link = [&](const std::string& path, std::string_view text) {
+        return HtmlLink(market.LinkTo(path), text);
+    };
+    return "<nav><p>" + link(QuotePath(symbol), "Quote") + " " +
+           link("/q?s=" + ticker + "&d=1d", "1 day") + " " +
+           link("/q?s=" + ticker + "&d=3m", "3 months") + " " +
+           link("/q?s=" + ticker + "&d=1y", "1 year") + " " + link("/p/" + page, "Profile") + " " +
+           link("/n/" + page, "News") + " " + link("/z/a/" + page, "Research") + " " +
+           link("/quotes?symbols=" + ticker + "&d=1b", "In a portfolio") + "</p></nav>";
 }
 
 } // namespace tallowmere

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "text/date.h"
-#include "webdata/chart_svg.h"
-#include "webdata/sample_market.h"
-#include "webdata/sample_series.h"
+#include "webdata/market_view.h"
 
 #include <string>
 #include <string_view>
@@ -13,22 +10,25 @@
 namespace tallowmere {
 
 /// Name and ticker, the last price with its change, a table of figures and the chart of a period.
-std::string QuoteBlock(const SampleQuote& quote, Period period, Date today);
+std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period period);
 
 /// A table with a row per ticker: last price, change, volume, capitalisation. Unknown tickers have
 /// a row that says so.
-std::string QuoteTable(const SampleMarket& market, const std::vector<std::string>& symbols);
+std::string QuoteTable(const MarketView& market, const std::vector<std::string>& symbols);
 
-/// The market indices, and the shares that rose and fell most.
-std::string MarketBlock(const SampleMarket& market);
+/// The market indices, and the shares of the strip that rose and fell most.
+std::string MarketBlock(const MarketView& market);
 
-/// Links to the pages about one ticker on the same host.
-std::string SiblingLinks(std::string_view symbol);
+/// Links to the pages about one ticker.
+std::string SiblingLinks(const MarketView& market, std::string_view symbol);
 
 /// The path of the page of quotes of a ticker.
 std::string QuotePath(std::string_view symbol);
 
-/// A change with its sign in the colour of its direction.
-std::string ColouredChange(double change, std::string_view text);
+/// A text about a change in the colour of its direction.
+std::string ColouredChange(const std::optional<double>& change, std::string_view text);
+
+/// Two ends of a range, "-" when one is not known.
+std::string RangeText(const std::optional<double>& low, const std::optional<double>& high);
 
 } // namespace tallowmere

@@ -2,10 +2,8 @@
 
 #include "links/address.h"
 #include "text/bytes.h"
-#include "webdata/html_page.h"
 #include "webdata/number_text.h"
-#include "webdata/sample_figures.h"
-#include "webdata/sample_series.h"
+#include "webdata/quote_html.h"
 
 namespace tallowmere {
 
@@ -21,6 +19,8 @@ constexpr std::string_view kTableStart =
 constexpr std::string_view kDelay =
     "<p class=\"quiet\">Quotes delayed 15 minutes for all exchanges.</p>";
 
+constexpr std::string_view kUnknown = "N/A";
+
 /// Values of neighbours would touch without the blanks: the cells have no padding.
 std::string Cell(std::string_view name, std::string_view value) {
     return "<td nowrap>" + std::string(name) + "&nbsp;<br>\n" + std::string(value) +
@@ -31,19 +31,22 @@ std::string HeaderRow(std::string_view symbol, std::string_view name) {
     const std::string ticker = PercentEncode(ToLower(symbol));
     const std::string page = PercentEncode(FormsOf(symbol).first) + "/" + ticker + ".html";
     return "<tr><td nowrap colspan=7><a href=\"/q?s=" + ticker + "&d=t\"><b>" + ShownText(symbol) +
-           "</b></a> " + ShownText(name) + " SAMPLE DATA - More Info: <a href=\"/n/" + page +
+           "</b></a> " + ShownText(name) + " - More Info: <a href=\"/n/" + page +
            "\">News</a>/<a href=\"/p/" + page + "\">Profile</a>/<a href=\"/z/a/" + page +
            "\">Research</a></td></tr>\n";
 }
 
 /// A change in the colour of its direction. The condensed page has no stylesheet, so the colour
 /// stands in the tag too.
-std::string ChangeHtml(const SampleFigures& figures) {
-    const std::string text = ChangeText(figures.change) + " (" + PercentText(figures.percent) + ")";
-    if (figures.change == 0)
+std::string ChangeHtml(const ShownQuote& quote) {
+    if (!quote.change)
+        return std::string(kUnknown);
+    const std::string text =
+        ChangeText(*quote.change) + " (" + TextOr(quote.percent, PercentText, kUnknown) + ")";
+    if (*quote.change == 0)
         return text;
-    return (figures.change < 0 ? "<font class=\"down\" color=\"#b3261e\">"
-                               : "<font class=\"up\" color=\"#14692f\">") +
+    return (*quote.change < 0 ? "<font class=\"down\" color=\"#b3261e\">"
+                              : "<font class=\"up\" color=\"#14692f\">") +
            text + "</font>";
 }
 
@@ -59,55 +62,62 @@ std::string ChartAddress(std::string_view symbol, std::string_view viewCode,
            ticker + ".gif";
 }
 
-std::string FigureRows(const SampleQuote& quote, std::string_view chart) {
-    const SampleFigures figures = FiguresOf(quote);
-    const bool isIndex = quote.shares == 0;
-    const auto orNone = [&](const std::string& text) { return isIndex ? "N/A" : text; };
-    return "<tr valign=bottom><td nowrap colspan=2>Last Trade &#183; 4:00PM<br>\n <b>" +
-           PriceText(figures.last) + "</b>&nbsp;&nbsp;</td>" + Cell("Change", ChangeHtml(figures)) +
-           Cell("Prev Cls", PriceText(figures.previous)) +
-           Cell("Volume", orNone(ShortText(figures.volume))) + Cell("Div Date", "N/A") +
+std::string RatioText(double value) {
+    return FixedText(value, 1);
+}
+
+std::string YieldText(double value) {
+    return FixedText(value, 2);
+}
+
+std::string FigureRows(const ShownQuote& quote, std::string_view chart) {
+    const auto cell = [](std::string_view name, const std::optional<double>& value,
+                         std::string (*text)(double)) {
+        return Cell(name, TextOr(value, text, kUnknown));
+    };
+    return "<tr valign=bottom><td nowrap colspan=2>Last Trade &#183; latest<br>\n <b>" +
+           PriceText(quote.last) + "</b>&nbsp;&nbsp;</td>" + Cell("Change", ChangeHtml(quote)) +
+           cell("Prev Cls", quote.previous, PriceText) + cell("Volume", quote.volume, ShortText) +
+           Cell("Div Date", kUnknown) +
            "<td nowrap rowspan=3 align=center valign=middle><a href=\"/q?s=" +
            PercentEncode(ToLower(quote.symbol)) + "&d=1y\"><img border=0 alt=\"Chart\" src=\"" +
-           EscapeHtml(chart) + "\"></a><br>\n<small>Small: sample chart</small></td></tr>\n" +
-           "<tr valign=bottom>" +
-           Cell("Day's Range", PriceText(figures.dayLow) + " - " + PriceText(figures.dayHigh)) +
-           Cell("Bid", "N/A") + Cell("Ask", "N/A") + Cell("Open", PriceText(figures.open)) +
-           Cell("Avg Vol", orNone(ShortText(figures.averageVolume))) + Cell("Ex-Div", "N/A") +
+           EscapeHtml(chart) + "\"></a><br>\n<small>Small: chart</small></td></tr>\n" +
+           "<tr valign=bottom>" + Cell("Day's Range", RangeText(quote.dayLow, quote.dayHigh)) +
+           Cell("Bid", kUnknown) + Cell("Ask", kUnknown) + cell("Open", quote.open, PriceText) +
+           cell("Avg Vol", quote.averageVolume, ShortText) + Cell("Ex-Div", kUnknown) +
            "</tr>\n<tr valign=bottom>" +
-           Cell("52-week Range", PriceText(figures.yearLow) + " - " + PriceText(figures.yearHigh)) +
-           Cell("Earn/Shr", orNone(PriceText(figures.earnings))) +
-           Cell("P/E", orNone(FixedText(figures.priceEarnings, 1))) +
-           Cell("Mkt Cap", orNone(ShortText(figures.marketCap))) +
-           Cell("Div/Shr", orNone(PriceText(figures.dividend))) +
-           Cell("Yield", orNone(FixedText(figures.yield, 2))) + "</tr>\n";
+           Cell("52-week Range", RangeText(quote.yearLow, quote.yearHigh)) +
+           cell("Earn/Shr", quote.earnings, PriceText) +
+           cell("P/E", quote.priceEarnings, RatioText) +
+           cell("Mkt Cap", quote.marketCap, ShortText) +
+           cell("Div/Shr", quote.dividend, PriceText) + cell("Yield", quote.yield, YieldText) +
+           "</tr>\n";
 }
 
 /// A row per ticker, in one table.
-std::string BasicTable(const SampleMarket& market, const std::vector<std::string>& symbols) {
+std::string BasicTable(const MarketView& market, const std::vector<std::string>& symbols) {
     std::string html(kTableStart);
     html += "<tr><td nowrap>Symbol</td><td nowrap>Name</td><td nowrap>Last Trade</td>"
-            "<td nowrap>Change</td><td nowrap>Volume</td></tr>\n";
+            "<td nowrap>Change</td><td nowrap>Volume</td><td nowrap>Time</td></tr>\n";
     for (const std::string& symbol : symbols) {
-        const SampleQuote* quote = market.Find(symbol);
+        const auto quote = market.Find(symbol);
         html += "<tr><td nowrap><a href=\"/q?s=" + PercentEncode(ToLower(symbol)) + "&d=t\">" +
                 ShownText(symbol) + "</a></td>";
-        if (quote == nullptr) {
-            html += "<td nowrap colspan=4>no sample prices for this ticker</td></tr>\n";
+        if (!quote) {
+            html += "<td nowrap colspan=5>" + ShownText(market.Missing(symbol)) + "</td></tr>\n";
             continue;
         }
-        const SampleFigures figures = FiguresOf(*quote);
         html += "<td nowrap>" + ShownText(quote->name) + "</td><td nowrap><b>" +
-                PriceText(figures.last) + "</b></td><td nowrap>" + ChangeHtml(figures) +
-                "</td><td nowrap>" + (quote->shares == 0 ? "N/A" : ShortText(figures.volume)) +
-                "</td></tr>\n";
+                PriceText(quote->last) + "</b></td><td nowrap>" + ChangeHtml(*quote) +
+                "</td><td nowrap>" + TextOr(quote->volume, ShortText, kUnknown) +
+                "</td><td nowrap>" + ShownText(quote->when) + "</td></tr>\n";
     }
     return html + "</table><p>\n";
 }
 
 } // namespace
 
-std::string QuotesPage(const SampleMarket& market, const std::vector<std::string>& symbols,
+std::string QuotesPage(const MarketView& market, const std::vector<std::string>& symbols,
                        std::string_view viewCode, std::string_view chartServer1,
                        std::string_view chartServer2) {
     std::string body = "<h1>Portfolio</h1>\n";
@@ -116,16 +126,17 @@ std::string QuotesPage(const SampleMarket& market, const std::vector<std::string
         body += BasicTable(market, symbols);
     } else {
         for (const std::string& symbol : symbols) {
-            const SampleQuote* quote = market.Find(symbol);
+            const auto quote = market.Find(symbol);
             body += kTableStart;
-            body += HeaderRow(symbol, quote == nullptr ? "no sample prices" : quote->name);
-            if (quote != nullptr)
+            body += HeaderRow(symbol,
+                              quote ? quote->name + " " + quote->stamp : market.Missing(symbol));
+            if (quote)
                 body +=
                     FigureRows(*quote, ChartAddress(symbol, viewCode, chartServer1, chartServer2));
             body += "</table><p>\n";
         }
     }
-    return HtmlPage("Portfolio", body.append(kDelay));
+    return HtmlPage(market.Frame(), "Portfolio", body.append(kDelay));
 }
 
 } // namespace tallowmere

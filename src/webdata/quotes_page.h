@@ -1,7 +1,6 @@
 #pragma once
 
-#include "text/date.h"
-#include "webdata/sample_market.h"
+#include "webdata/market_view.h"
 
 #include <string>
 #include <string_view>
@@ -13,7 +12,7 @@ namespace tallowmere {
 /// with its figures and a chart of one day ("1b"), five days ("2b") or a year ("0b"), or for any
 /// other view code a table with a row per ticker. `chartServer1` and `chartServer2` are the
 /// addresses of the hosts of the long and the short charts, with their scheme.
-std::string QuotesPage(const SampleMarket& market, const std::vector<std::string>& symbols,
+std::string QuotesPage(const MarketView& market, const std::vector<std::string>& symbols,
                        std::string_view viewCode, std::string_view chartServer1,
                        std::string_view chartServer2);
 

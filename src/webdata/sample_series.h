@@ -1,10 +1,9 @@
 #pragma once
 
 #include "text/date.h"
-#include "webdata/chart_svg.h"
+#include "webdata/market_view.h"
 #include "webdata/sample_market.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +12,6 @@
 namespace tallowmere {
 
 constexpr std::string_view kSampleNote = "SAMPLE DATA";
-
-enum class Period : std::uint8_t { Year, ThreeMonths, FiveDays, Day };
 
 /// The chart of a quote over a period that ends with the last trading day up to `today`. Prices
 /// within a day are invented from its closes, the same every time.
