@@ -1,9 +1,9 @@
 #include "webdata/sample_series.h"
 
 #include "webdata/noise.h"
+#include "webdata/time_text.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -13,11 +13,6 @@ namespace {
 
 using std::chrono::days;
 using std::chrono::sys_days;
-
-constexpr std::array<std::string_view, 12> kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-constexpr std::array<std::string_view, 7> kWeekdays{"Sun", "Mon", "Tue", "Wed",
-                                                    "Thu", "Fri", "Sat"};
 
 constexpr std::size_t kClosesOfThreeMonths = 64;
 constexpr int kDaysOfThreeMonths = 91;
@@ -63,7 +58,7 @@ std::vector<double> LastCloses(const SampleQuote& quote, std::size_t count) {
 }
 
 std::string_view MonthText(std::chrono::year_month_day date) {
-    return kMonths[static_cast<unsigned>(date.month()) - 1];
+    return MonthName(static_cast<int>(static_cast<unsigned>(date.month())));
 }
 
 std::string DayText(std::chrono::year_month_day date) {
@@ -91,7 +86,8 @@ std::vector<ChartLabel> WeekdayLabels(sys_days last) {
     sys_days day = last;
     for (int column = 4; column >= 0; --column) {
         labels[static_cast<std::size_t>(column)] = {
-            (column + 0.5) / 5, std::string(kWeekdays[std::chrono::weekday(day).c_encoding()])};
+            (column + 0.5) / 5,
+            std::string(WeekdayName(static_cast<int>(std::chrono::weekday(day).c_encoding())))};
         do
             day -= days(1);
         while (std::chrono::weekday(day).iso_encoding() > 5);

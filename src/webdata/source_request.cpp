@@ -63,7 +63,7 @@ std::string RequestAddress(const SourceRow& row, PriceSpan span,
     std::string address = ReplaceAll(row.request, "{symbols}", joined);
     address = ReplaceAll(address, "{range}", words.range);
     address = ReplaceAll(address, "{interval}", words.interval);
-    return ReplaceAll(address, "{year}", std::to_string(YearAt(now - kYearDelay)));
+    return ReplaceAll(address, "{year}", std::to_string(AtNewYork(now - kYearDelay).year));
 }
 
 SourceAnswer ReadSourceAnswer(const SourceRow& row, PriceSpan span, const SourceResponse& response,

@@ -195,25 +195,37 @@ std::optional<std::int64_t> ReadRetryAfter(std::string_view header, std::int64_t
     return std::max<std::int64_t>(0, *moment - now);
 }
 
-int YearAt(std::int64_t time) {
-    const sys_seconds local(seconds(time - SecondsBehindUtc(time)));
-    return static_cast<int>(year_month_day(floor<days>(local)).year());
-}
-
-std::string ShowTime(std::int64_t time) {
+NewYorkClock AtNewYork(std::int64_t time) {
     const sys_seconds local(seconds(time - SecondsBehindUtc(time)));
     const auto date = floor<days>(local);
     const year_month_day ymd(date);
-    const auto minutes = duration_cast<std::chrono::minutes>(local - date).count();
-    const auto hour = minutes / 60;
-    std::string minute = std::to_string(minutes % 60);
-    if (minute.size() < 2)
-        minute.insert(0, "0");
-    return std::string(kMonths[static_cast<unsigned>(ymd.month()) - 1]) + " " +
-           std::to_string(static_cast<unsigned>(ymd.day())) + ", " +
-           std::to_string(static_cast<int>(ymd.year())) + " " +
-           std::to_string(hour % 12 == 0 ? 12 : hour % 12) + ":" + minute +
-           (hour < 12 ? " AM ET" : " PM ET");
+    const auto minutes =
+        static_cast<int>(duration_cast<std::chrono::minutes>(local - date).count());
+    return {static_cast<int>(ymd.year()),
+            static_cast<int>(static_cast<unsigned>(ymd.month())),
+            static_cast<int>(static_cast<unsigned>(ymd.day())),
+            static_cast<int>(std::chrono::weekday(date).c_encoding()),
+            minutes / 60,
+            minutes % 60};
+}
+
+std::string_view MonthName(int m) {
+    return kMonths[static_cast<std::size_t>(m - 1)];
+}
+
+std::string_view WeekdayName(int weekday) {
+    constexpr std::array<std::string_view, 7> kWeekdays = {"Sun", "Mon", "Tue", "Wed",
+                                                           "Thu", "Fri", "Sat"};
+    return kWeekdays[static_cast<std::size_t>(weekday)];
+}
+
+std::string ShowTime(std::int64_t time) {
+    const NewYorkClock clock = AtNewYork(time);
+    const int hour = clock.hour % 12 == 0 ? 12 : clock.hour % 12;
+    return std::string(MonthName(clock.month)) + " " + std::to_string(clock.day) + ", " +
+           std::to_string(clock.year) + " " + std::to_string(hour) +
+           (clock.minute < 10 ? ":0" : ":") + std::to_string(clock.minute) +
+           (clock.hour < 12 ? " AM ET" : " PM ET");
 }
 
 } // namespace tallowmere

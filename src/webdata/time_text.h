@@ -27,8 +27,22 @@ std::optional<std::int64_t> ReadUsDate(std::string_view text, int hour, int minu
 /// for an empty or unreadable header; a date in the past is 0.
 std::optional<std::int64_t> ReadRetryAfter(std::string_view header, std::int64_t now);
 
-/// The year in New York at a moment.
-int YearAt(std::int64_t time);
+/// What clocks and calendars in New York show.
+struct NewYorkClock {
+    int year;
+    int month; ///< from 1
+    int day;
+    int weekday; ///< 0 is Sunday
+    int hour;
+    int minute;
+};
+
+/// The clock of New York at a moment.
+NewYorkClock AtNewYork(std::int64_t time);
+
+/// The short English names of a month, from 1, and of a weekday, from 0 for Sunday.
+std::string_view MonthName(int month);
+std::string_view WeekdayName(int weekday);
 
 /// A moment for people: "Nov 20, 2026 4:00 PM ET".
 std::string ShowTime(std::int64_t time);

@@ -68,8 +68,10 @@ TEST(TimeText, ReadsHowLongToWait) {
 TEST(TimeText, ShowsTimesOfNewYork) {
     EXPECT_EQ(ShowTime(kFridayClose), "Nov 20, 2026 4:00 PM ET");
     EXPECT_EQ(ShowTime(kFridayClose - 16 * 3600 + 300), "Nov 20, 2026 12:05 AM ET");
-    EXPECT_EQ(YearAt(1798779600 - 1), 2026); // midnight in New York
-    EXPECT_EQ(YearAt(1798779600), 2027);
+    EXPECT_EQ(AtNewYork(1798779600 - 1).year, 2026); // midnight in New York
+    EXPECT_EQ(AtNewYork(1798779600).year, 2027);
+    EXPECT_EQ(WeekdayName(AtNewYork(kFridayClose).weekday), "Fri");
+    EXPECT_EQ(AtNewYork(kFridayClose).hour, 16);
 }
 
 } // namespace
