@@ -1,5 +1,6 @@
 #include "webdata/source_table.h"
 
+#include "links/web_address.h"
 #include "text/tolerant_toml.h"
 
 #include <algorithm>
@@ -74,11 +75,11 @@ bool HoldsControl(std::string_view text) {
     });
 }
 
-bool IsRequest(std::string_view request) {
-    const bool isWeb = request.starts_with("https://") || request.starts_with("http://");
-    const auto host = isWeb ? request.substr(request.find("//") + 2) : std::string_view();
-    return !host.empty() && host.front() != '/' && host.front() != '{' &&
-           request.find(' ') == std::string_view::npos;
+/// Whether a text is a web address whose host is fixed.
+bool IsRequest(const std::string& request) {
+    SourceRow row;
+    row.request = request;
+    return IsWebAddress(request) && row.Host().find('{') == std::string::npos;
 }
 
 void ReadText(TolerantToml& file, std::string_view key, const toml::node& value, SourceRow& row,
@@ -202,7 +203,7 @@ std::string SourceRow::Host() const {
     const auto start = request.find("//");
     if (start == std::string::npos)
         return {};
-    return request.substr(start + 2, request.find_first_of("/?", start + 2) - start - 2);
+    return request.substr(start + 2, request.find_first_of("/?#", start + 2) - start - 2);
 }
 
 SourceTable ReadSourceTable(std::string_view text, std::string_view fileName, SourceTable base) {

@@ -150,6 +150,18 @@ TEST(SourceTable, NamesTheLineOfEveryWrongValueAndGoesOn) {
     EXPECT_EQ(table.rows.size(), 7u);
 }
 
+TEST(SourceTable, TakesNoAddressWithoutAFixedHost) {
+    const SourceTable base = ReadSourceTable(Shipped(), "sources.toml");
+    for (const char* request :
+         {"https://?s={symbols}", "https:///x", "https://#", "https://{symbols}/", "cnbc.example/",
+          "https://x{year}.example/", "https://a b/", ""}) {
+        const SourceTable table = ReadSourceTable(
+            std::string("[sources.cnbc]\nrequest = \"") + request + "\"\n", "mine.toml", base);
+        EXPECT_EQ(table.problems.size(), 1u) << request;
+        EXPECT_EQ(RowOf(table, "cnbc").request, RowOf(base, "cnbc").request) << request;
+    }
+}
+
 TEST(SourceTable, LivesWithAFileThatIsNoTable) {
     const SourceTable base = ReadSourceTable(Shipped(), "sources.toml");
     EXPECT_EQ(ReadSourceTable("<html>\n", "x", base).rows.size(), 7u);
