@@ -164,6 +164,17 @@ TEST(SiteResolver, LeavesAllElseAlone) {
         EXPECT_EQ(f.Page(address), "none") << address;
 }
 
+TEST(SiteResolver, LeadsNoAddressOfTodayOnToAnother) {
+    const Fixture f;
+    for (const auto& [key, target] : f.today.addresses) {
+        if (target == kPortalTarget)
+            continue;
+        const std::string today = FillToday(target, "MSFT");
+        const auto again = f.resolver.Resolve(today, AddressUse::Page);
+        EXPECT_TRUE(!again || *again == today) << key << ": " << *again;
+    }
+}
+
 TEST(SiteResolver, LetsTheUsersFileOverrideSingleRows) {
     Fixture f;
     f.today = ReadTodayTable("[links]\n"
