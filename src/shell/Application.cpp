@@ -29,8 +29,8 @@ void WriteTermination(int) {
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // Without a display name: the platform would append it to the caption of every window.
     setApplicationName(u"Tallowmere"_s);
-    setApplicationDisplayName(u"Tallowmere"_s);
     setDesktopFileName(u"tallowmere"_s);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     QuitOnTermination();
