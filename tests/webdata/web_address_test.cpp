@@ -56,13 +56,13 @@ TEST(AddressText, OnlyThePagesThatTheProgramWritesAreGeneratedPages) {
 }
 
 TEST(AddressText, AGeneratedPageIsNamedByItsPathInTheFolder) {
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t/report.html"), "report.html");
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t\\ycs.htm"), "ycs.htm");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/t/report.html"), "report.html");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/t\\ycs.htm"), "ycs.htm");
     EXPECT_EQ(GeneratedPageIn("C:\\t", "C:\\t\\Two words.mlnk"), "Two words.mlnk");
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t/TickNotes.txt"), "");
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/t/../report.html"), "");
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/tt/report.html"), "");
-    EXPECT_EQ(GeneratedPageIn("/home/me/t", "/home/me/treport.html"), "");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/t/TickNotes.txt"), "");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/t/../report.html"), "");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/tt/report.html"), "");
+    EXPECT_EQ(GeneratedPageIn("/folders/t", "/folders/treport.html"), "");
     EXPECT_EQ(GeneratedPageIn("", "/report.html"), "");
 }
 
