@@ -1,5 +1,7 @@
 #include "forms/Chip.h"
 
+#include "tools/color_values.h"
+
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QMimeData>
@@ -23,21 +25,18 @@ QString DragType() {
 } // namespace
 
 QColor ScreenColor(std::uint32_t color, const QPalette& palette) {
-    constexpr std::uint32_t systemBit = 0x80000000;
-    if (!(color & systemBit))
+    if (!IsSystemColor(color))
         return QColor::fromRgb(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-    // System colours by their number: 5 window, 8 window text, 13 highlight, 14 its text,
-    // 15 button face, 18 button text.
-    switch (color & ~systemBit) {
-    case 5:
+    switch (*ToSystemColor(color)) {
+    case SystemColor::Window:
         return palette.color(QPalette::Base);
-    case 13:
+    case SystemColor::Highlight:
         return palette.color(QPalette::Highlight);
-    case 14:
+    case SystemColor::HighlightText:
         return palette.color(QPalette::HighlightedText);
-    case 15:
+    case SystemColor::ButtonFace:
         return palette.color(QPalette::Button);
-    case 18:
+    case SystemColor::ButtonText:
         return palette.color(QPalette::ButtonText);
     default:
         return palette.color(QPalette::WindowText);
@@ -45,8 +44,15 @@ QColor ScreenColor(std::uint32_t color, const QPalette& palette) {
 }
 
 std::uint32_t StoredColor(const QColor& color) {
-    const auto [red, green, blue] = std::array{color.red(), color.green(), color.blue()};
-    return static_cast<std::uint32_t>(red | green << 8 | blue << 16);
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+QColor ScreenText(const ColorPair& colors, const QPalette& palette) {
+    const QColor text = ScreenColor(colors.text, palette);
+    if (!IsSystemColor(colors.text))
+        return text;
+    const std::uint32_t background = StoredColor(ScreenColor(colors.background, palette));
+    return ScreenColor(LegibleText(StoredColor(text), background), palette);
 }
 
 Chip::Chip(const QString& array, int index, const QString& caption, QWidget* parent)
@@ -86,10 +92,7 @@ void Chip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor back = ScreenColor(m_colors.background, palette());
-    QColor fore = ScreenColor(m_colors.text, palette());
-    // A system text colour on a given background may lose its contrast in a dark palette.
-    if (m_colors.text & 0x80000000)
-        fore = back.lightnessF() > 0.5 ? QColor(Qt::black) : QColor(Qt::white);
+    const QColor fore = ScreenText(m_colors, palette());
     const bool attended = underMouse() || hasFocus();
     painter.setOpacity(!isEnabled() ? 0.35 : m_quiet && !attended ? 0.55 : 1.0);
 

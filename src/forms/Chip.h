@@ -12,6 +12,10 @@ QColor ScreenColor(std::uint32_t color, const QPalette& palette);
 /// A colour of the window system as it is stored, 0x00BBGGRR.
 std::uint32_t StoredColor(const QColor& color);
 
+/// The text colour of a pair. One of the system's becomes black or white where it could not be
+/// read on the background; a colour that the user chose stays.
+QColor ScreenText(const ColorPair& colors, const QPalette& palette);
+
 /// A small flat label that is clicked: a research link, a portfolio number, a caption. It tells of
 /// the mouse before it tells of the click, as `MouseDown`, `MouseMove`, `MouseUp`, `clicked`.
 class Chip : public QAbstractButton {

@@ -122,7 +122,7 @@ void BrowserPane::Load(const QString& address) {
         GeneratedPageIn(m_profile.ProgramFolder().toStdString(), address.toStdString()));
     const QUrl url = page.empty() ? UrlFromAddress(address) : PortalScheme::PageUrl(page);
     const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
-    if (page.empty() && !isWeb && url != QUrl(u"about:blank"_s)) {
+    if (page.empty() && !isWeb && !PortalScheme::IsHelp(url) && url != QUrl(u"about:blank"_s)) {
         Refuse(address);
         return;
     }

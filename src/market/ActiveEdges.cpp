@@ -1,21 +1,16 @@
 #include "market/ActiveEdges.h"
 
 #include "forms/frmMain.h"
+#include "market/timers.h"
 #include "shell/conversion.h"
+
+#include <QApplication>
 
 namespace tallowmere {
 
-namespace {
-
-constexpr int kHideMilliseconds = 3000;
-constexpr int kLeftEdgeTwips = 90;
-constexpr int kRightEdgeTwips = 300;
-
-} // namespace
-
 ActiveEdges::ActiveEdges(frmMain& form, MainState& state, const Services& services)
     : QObject(&form), m_form(form), m_state(state), m_services(services) {
-    timAE.setInterval(kHideMilliseconds);
+    timAE.setInterval(kEdgeInterval);
     connect(&timAE, &QTimer::timeout, this, &ActiveEdges::Tick);
     connect(&form, &frmMain::PointerMoved, this, &ActiveEdges::PointerMoved);
 }
@@ -40,16 +35,12 @@ void ActiveEdges::Switch(bool on) {
 void ActiveEdges::PointerMoved(int x, int width) {
     if (!m_state.activeEdge)
         return;
-    if (x > width - kRightEdgeTwips) {
-        m_form.fraRight->show();
-        ShowLeft(false);
-        Touch();
-    } else if (x < kLeftEdgeTwips) {
-        ShowLeft(true);
-        m_form.fraRight->hide();
-    } else {
+    const Edge edge = EdgeAt(x, width);
+    if (edge == Edge::None)
         return;
-    }
+    m_form.fraRight->setVisible(edge == Edge::Right);
+    ShowLeft(edge == Edge::Left);
+    Touch();
     m_form.LayOut();
 }
 
@@ -65,11 +56,19 @@ void ActiveEdges::HideAll() {
 }
 
 void ActiveEdges::Tick() {
-    if (m_state.edgesHeld)
+    const EdgeTick outcome = OnEdgeTick(IsHeld(), m_state.activeEdge);
+    if (outcome == EdgeTick::KeepRunning)
         return;
-    if (m_state.activeEdge)
+    if (outcome == EdgeTick::HideAndStop)
         HideAll();
     timAE.stop();
+}
+
+// A menu that popped up from a panel and a half-typed ticker would vanish under the user's hands.
+bool ActiveEdges::IsHeld() const {
+    const bool isTyping =
+        m_form.focusWidget() == m_form.txtStock && !m_form.txtStock->text().isEmpty();
+    return m_state.edgesHeld || isTyping || QApplication::activePopupWidget() != nullptr;
 }
 
 void ActiveEdges::ShowLeft(bool shown) {

@@ -37,6 +37,7 @@ public:
 
 private:
     void Tick();
+    bool IsHeld() const;
     void ShowLeft(bool shown);
 
     frmMain& m_form;

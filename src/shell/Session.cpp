@@ -10,9 +10,13 @@
 #include "links/LinkPanel.h"
 #include "links/PaneDeck.h"
 #include "links/SeparateBrowser.h"
+#include "links/ServerLists.h"
 #include "links/SitePopups.h"
+#include "links/SmartNavigate.h"
 #include "market/ActiveEdges.h"
 #include "market/IndexStrip.h"
+#include "market/TickerStrip.h"
+#include "market/Timers.h"
 #include "market/WatchWindows.h"
 #include "market/index_strip.h"
 #include "portfolio/PortfolioCommands.h"
@@ -29,12 +33,16 @@
 #include "shell/setting_keys.h"
 #include "text/runtime_error.h"
 #include "tools/ColorConfig.h"
+#include "tools/ColorSettings.h"
 #include "tools/DailyReminders.h"
+#include "tools/Help.h"
+#include "tools/Setup.h"
 #include "webdata/EngineProfile.h"
 #include "webdata/WebAccess.h"
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QTimer>
 
 namespace tallowmere {
 
@@ -60,7 +68,6 @@ Session::Session(SessionSetup setup)
       m_spooNet(std::make_unique<TransferControl>(*m_web)),
       m_inet(std::make_unique<TransferPool>(*m_web)),
       m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
-    m_web->SetPortal(m_setup.portal);
     m_web->SetResolver(m_setup.resolver);
     frmMain& form = *m_form;
     m_outside = new SeparateBrowser(m_setup.sites, m_setup.prompts, &form);
@@ -84,7 +91,19 @@ Session::Session(SessionSetup setup)
     m_reminders = new DailyReminders(form, m_services, *m_dispatch);
     m_import = new TickerImport(form, m_state, m_services, *m_panes, *m_portfolios, *m_inet);
     m_watches = new WatchWindows(form, m_services, *m_profile, *m_dispatch);
+    m_timers = new Timers(form, m_services, *m_tmNet);
+    m_ticker = new TickerStrip(form, m_state, m_services);
+    m_lists = new ServerLists(m_services, *m_panes, *m_popups, *m_tmNet, &form);
+    m_navigate = new SmartNavigate(form, m_state, m_services, *m_panes);
+    m_help = new Help(form, m_services, *m_panes, *m_outside);
+    m_setupDialog = new Setup(form, m_state, m_services, *m_panes, *m_edges, *m_ticker,
+                              *new ColorSettings(m_services, &form));
+    m_web->SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
+    m_web->SetPortal([this](const std::string& host, const std::string& pathAndQuery) {
+        return m_setup.portal(host, m_ticker->WithTickers(pathAndQuery));
+    });
     Connect();
+    ConnectTools();
 }
 
 Session::~Session() = default;
@@ -106,13 +125,22 @@ void Session::Connect() {
     connect(m_form->menus->exit, &QAction::triggered, m_form.get(), &QWidget::close);
 }
 
+void Session::ConnectTools() {
+    connect(m_dispatch, &LinkDispatch::NavigateRequested, m_navigate, &SmartNavigate::Show);
+    connect(m_dispatch, &LinkDispatch::SetupRequested, m_setupDialog, &Setup::Show);
+    connect(m_dispatch, &LinkDispatch::AlertsStarted, m_timers, &Timers::StartAlerts);
+    connect(m_dispatch, &LinkDispatch::PageLinkOpened, m_timers, &Timers::Unmark);
+    connect(m_setupDialog, &Setup::Closed, this, &Session::ApplyColors);
+    connect(m_setupDialog, &Setup::HelpRequested, m_help, &Help::Open);
+    connect(m_setupDialog, &Setup::ReportRequested, m_help, &Help::Report);
+}
+
 void Session::Start() {
     ApplyProxy();
     RestoreWindow();
     ShowPortfolioLabels();
     m_portfolios->SetPorts();
-    m_colors->Apply();
-    LoadCustomLinks();
+    ApplyColors();
     ReadFlags();
     CheckClub();
     if (Text("First").isEmpty()) {
@@ -131,8 +159,11 @@ void Session::Start() {
     SeedFirstStart();
     m_strip->Start();
     m_form->txtStock->setFocus();
+    m_timers->Start();
     m_form->show();
     m_reminders->CheckReminders();
+    // The first page does not wait for the lists of the menus.
+    QTimer::singleShot(0, m_lists, [this] { FillServerLists(); });
     ReportDamagedSettings();
 }
 
@@ -171,6 +202,19 @@ void Session::ShowPortfolioLabels() {
 void Session::LoadCustomLinks() {
     for (int slot = kFirstCustom; slot <= kLastCustom; ++slot)
         m_form->ShowCustomLink(LoadCustomLink(m_settings, slot), slot);
+}
+
+// Areas first: the user's own links have colours of their own over them.
+void Session::ApplyColors() {
+    m_colors->Apply();
+    LoadCustomLinks();
+}
+
+void Session::FillServerLists() {
+    const QPointer<frmMain> alive(m_form.get());
+    m_lists->GetNewSites();
+    if (alive)
+        m_lists->GetBooks();
 }
 
 void Session::ReadFlags() {
@@ -219,11 +263,8 @@ void Session::ChooseFirstPage() {
 }
 
 void Session::ShowTickerStrip() {
-    m_state.tickerShown = Flag(kSettingsSection, "WSCTick");
-    if (!m_state.tickerShown)
-        return;
-    m_form->ShowTicker(true);
-    m_form->WebTick->Navigate(ToQt(m_setup.sites.Address("stream_ticker", "/javaticker.html")));
+    if (Flag(kSettingsSection, "WSCTick"))
+        m_ticker->Show(true);
 }
 
 void Session::SeedFirstStart() {
@@ -265,7 +306,8 @@ void Session::SaveWindow() {
 }
 
 void Session::Close() {
-    m_strip->Timer1.stop();
+    for (QTimer* timer : {&m_strip->Timer1, &m_timers->Timer2, &m_timers->Timer3, &m_edges->timAE})
+        timer->stop();
     for (TransferControl* control : {m_tmNet.get(), m_spooNet.get()})
         control->Cancel();
     m_inet->CancelAll();

@@ -20,6 +20,7 @@ class CustomEditor;
 class DailyReminders;
 class EngineProfile;
 class frmMain;
+class Help;
 class IndexStrip;
 class LinkDispatch;
 class LinkPanel;
@@ -31,9 +32,14 @@ class QuoteMenus;
 class QuotePage;
 class Reports;
 class SeparateBrowser;
+class ServerLists;
+class Setup;
 class SitePopups;
+class SmartNavigate;
 class TickerBox;
 class TickerImport;
+class TickerStrip;
+class Timers;
 class TransferControl;
 class TransferPool;
 class WatchWindows;
@@ -81,9 +87,13 @@ public:
     DailyReminders& Reminders() { return *m_reminders; }
     TickerImport& Import() { return *m_import; }
     WatchWindows& Watches() { return *m_watches; }
+    ActiveEdges& Edges() { return *m_edges; }
+    Timers& ClubAndRefresh() { return *m_timers; }
+    ServerLists& Lists() { return *m_lists; }
 
 private:
     void Connect();
+    void ConnectTools();
     void ApplyProxy();
     void RestoreWindow();
     void ShowPortfolioLabels();
@@ -91,7 +101,9 @@ private:
     void ReadFlags();
     void CheckClub();
     void ChooseFirstPage();
+    void ApplyColors();
     void ShowTickerStrip();
+    void FillServerLists();
     void SeedFirstStart();
     void ReportDamagedSettings();
     void Close();
@@ -131,6 +143,12 @@ private:
     Reports* m_reports = nullptr;
     CustomEditor* m_editor = nullptr;
     MultiLinks* m_multiLinks = nullptr;
+    Timers* m_timers = nullptr;
+    TickerStrip* m_ticker = nullptr;
+    ServerLists* m_lists = nullptr;
+    SmartNavigate* m_navigate = nullptr;
+    Help* m_help = nullptr;
+    Setup* m_setupDialog = nullptr;
 };
 
 } // namespace tallowmere

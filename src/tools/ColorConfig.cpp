@@ -7,15 +7,19 @@
 #include "shell/setting_keys.h"
 #include "text/runtime_error.h"
 
+#include <QApplication>
+
 namespace tallowmere {
 
 namespace {
 
 void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
            QPalette::ColorRole background) {
+    // System colours are those of the system, not what an earlier call left on the control.
+    const QPalette system = QApplication::palette(control);
     QPalette palette = control->palette();
-    palette.setColor(text, ScreenColor(colors.text, palette));
-    palette.setColor(background, ScreenColor(colors.background, palette));
+    palette.setColor(text, ScreenText(colors, system));
+    palette.setColor(background, ScreenColor(colors.background, system));
     control->setPalette(palette);
 }
 

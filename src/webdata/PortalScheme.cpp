@@ -6,6 +6,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QStringDecoder>
 #include <QUrl>
 #include <QWebEngineUrlRequestJob>
@@ -52,12 +53,29 @@ void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
     if (url.host() == PagesHost()) {
         AnswerPage(job);
+    } else if (url.host() == HelpHost()) {
+        AnswerHelp(job);
     } else if (const auto answer = m_access.Answer(url)) {
         Reply(job, QByteArray::fromStdString(answer->type),
               QByteArray::fromStdString(answer->body));
     } else {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     }
+}
+
+void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
+    static const QHash<QString, QByteArray> types = {{u"html"_s, "text/html; charset=utf-8"},
+                                                     {u"css"_s, "text/css; charset=utf-8"},
+                                                     {u"png"_s, "image/png"}};
+    // The names of the guide's files are plain; nothing else leads into a folder.
+    static const QRegularExpression plainName(u"^/(images/)?[a-z0-9-]+\\.(html|css|png)$"_s);
+    const QString path = job->requestUrl().path(QUrl::FullyDecoded);
+    const QRegularExpressionMatch match = plainName.match(path);
+    QFile file(m_access.HelpFolder() + path);
+    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    else
+        Reply(job, types.value(match.captured(2)), file.readAll());
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {

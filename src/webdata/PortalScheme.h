@@ -7,7 +7,8 @@ namespace tallowmere {
 class WebAccess;
 
 /// Answers the private scheme of the panes: `portal://pages/<name>` is a page that the program
-/// wrote into its folder, any other host is answered by the built-in portal.
+/// wrote into its folder, `portal://help/<name>` a file of the user guide, and any other host is
+/// answered by the built-in portal.
 class PortalScheme : public QWebEngineUrlSchemeHandler {
     Q_OBJECT
 public:
@@ -22,11 +23,20 @@ public:
     static QString PagesHost() { return QStringLiteral("pages"); }
     /// The address of a generated page.
     static QUrl PageUrl(std::string_view name);
+    /// The host under which the user guide is found, and the address of its first page: the same
+    /// in all modes, so that it may be a start page.
+    static QString HelpHost() { return QStringLiteral("help"); }
+    static QString HelpAddress() { return QStringLiteral("portal://help/index.html"); }
+    /// Whether an address is one of the user guide.
+    static bool IsHelp(const QUrl& url) {
+        return url.scheme() == Name() && url.host() == HelpHost();
+    }
 
     void requestStarted(QWebEngineUrlRequestJob* job) override;
 
 private:
     void AnswerPage(QWebEngineUrlRequestJob* job) const;
+    void AnswerHelp(QWebEngineUrlRequestJob* job) const;
 
     const WebAccess& m_access;
     QString m_programFolder;

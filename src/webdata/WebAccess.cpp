@@ -9,9 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A host of this name would be taken for the program's own pages.
+// A host of such a name would be taken for the program's own pages.
 QString PortalHost(const QString& host) {
-    return host == PortalScheme::PagesHost() ? host + u".invalid"_s : host;
+    const bool isOwn = host == PortalScheme::PagesHost() || host == PortalScheme::HelpHost();
+    return isOwn ? host + u".invalid"_s : host;
 }
 
 QUrl PortalUrl(QUrl url) {
@@ -55,7 +56,8 @@ std::optional<PortalAnswer> WebAccess::Answer(const QUrl& portalUrl) const {
 
 QUrl WebAccess::AsBuilt(const QUrl& url) {
     QUrl built = url;
-    if (url.scheme() == PortalScheme::Name() && url.host() != PortalScheme::PagesHost())
+    if (url.scheme() == PortalScheme::Name() && url.host() != PortalScheme::PagesHost() &&
+        !PortalScheme::IsHelp(url))
         built.setScheme(u"http"_s);
     return built;
 }

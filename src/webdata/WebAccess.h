@@ -24,6 +24,9 @@ public:
 
     WebMode Mode() const { return m_mode; }
     void SetPortal(PortalFunction portal) { m_portal = std::move(portal); }
+    /// Where the files of the user guide lie.
+    void SetHelpFolder(const QString& folder) { m_helpFolder = folder; }
+    const QString& HelpFolder() const { return m_helpFolder; }
     /// Used in live mode only.
     void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
 
@@ -40,6 +43,7 @@ public:
 private:
     WebMode m_mode;
     PortalFunction m_portal;
+    QString m_helpFolder;
     Resolver m_resolver;
 };
 

@@ -43,12 +43,31 @@ svg, img { max-width: 100%; height: auto; }
 nav a { margin-right: 0.9rem; }
 table[border] { border-collapse: collapse; margin: 0.6rem 0; }
 table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
-body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap; }
-.strip .note, .strip p { display: inline; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }
-.strip span { margin-right: 0.7rem; }
+body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap;
+  display: flex; overflow: hidden; }
+.strip .note { flex: none; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }
+.strip .runs { overflow: hidden; flex: 1; }
+.strip .run { display: inline-block; animation: run linear infinite; }
+.strip:hover .run, .strip:focus-within .run { animation-play-state: paused; }
+.strip .run > span { display: inline-block; min-width: 100vw; }
+.strip .run > span > span { margin-right: 1.4rem; }
+@keyframes run { to { transform: translateX(-50%); } }
+@media (prefers-reduced-motion: reduce) { .strip .run { animation: none; }
+  .strip .runs { overflow-x: auto; } .strip [aria-hidden] { display: none; } }
 @media print { body { max-width: none; padding: 0; font-size: 10pt; } nav { display: none; }
   .note { margin: 0 0 0.5rem; border: 1px solid; } }
 )";
+
+// The run goes by the clock, so that it stands where it stood when the page comes anew. Nothing is
+// loaded while nobody sees it or while somebody is about to click.
+constexpr std::string_view kStripScript = R"(<script>
+const run = document.querySelector(".run");
+const seconds = parseFloat(run.style.animationDuration);
+run.style.animationDelay = -(Date.now() / 1000 % seconds) + "s";
+setInterval(() => {
+  if (!document.hidden && !document.querySelector("body:hover, :focus")) location.reload();
+}, 60000);
+</script>)";
 
 std::string Page(const PageFrame& frame, std::string_view title, std::string_view bodyAttribute,
                  std::string_view note, std::string_view body) {
@@ -67,7 +86,17 @@ std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string
     return Page(frame, title, "", frame.note, body);
 }
 
-std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view body) {
+std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
+                      std::size_t seconds) {
+    const std::string duration = std::to_string(std::max<std::size_t>(seconds, 1));
+    std::string body =
+        "<div class=\"runs\"><div class=\"run\" style=\"animation-duration:" + duration +
+        "s\"><span>";
+    // The second run is there for the eye and the pointer alone.
+    body.append(run).append("</span><span aria-hidden=\"true\">");
+    body.append(ReplaceAll(run, "<a ", "<a tabindex=\"-1\" "))
+        .append("</span></div></div>\n")
+        .append(kStripScript);
     return Page(frame, title, " class=\"strip\"", frame.stripNote, body);
 }
 

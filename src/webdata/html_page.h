@@ -16,8 +16,11 @@ struct PageFrame {
 /// A whole page around `body`, which is HTML; `title` is plain text.
 std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string_view body);
 
-/// The same as a single line, for a pane that is not higher than that.
-std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view body);
+/// The same as a single line that runs by in `seconds` and starts over without a gap, for a pane
+/// that is not higher than that. It rests under the pointer, for a focused link, and for people who
+/// want nothing to move, who scroll it by hand; it loads itself anew every minute.
+std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
+                      std::size_t seconds);
 
 /// A text from outside made fit to be shown: escaped, without control characters, cut when it is
 /// longer than anybody would read.

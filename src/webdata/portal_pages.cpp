@@ -27,6 +27,19 @@ std::string TickerBlock(const MarketView& market, std::string_view symbol, Perio
     return QuoteBlock(market, *quote, period) + SiblingLinks(market, quote->symbol);
 }
 
+/// A symbol on the ticker strip. A click opens a new window, which the program shows in its main
+/// pane.
+std::string StripEntry(const MarketView& market, std::string_view symbol) {
+    const auto quote = market.Find(symbol);
+    const std::string link = "<a target=\"_blank\" href=\"" +
+                             EscapeHtml(market.LinkTo(QuotePath(symbol))) + "\">" +
+                             ShownText(symbol) + "</a> ";
+    if (!quote)
+        return "<span>" + link + "no price</span>";
+    return "<span title=\"" + ShownText(quote->when) + "\">" + link + PriceText(quote->last) + " " +
+           ColouredChange(quote->change, TextOr(quote->change, ChangeText, "")) + "</span>";
+}
+
 Period PeriodOf(std::string_view code) {
     if (code == "1d" || code == "1b")
         return Period::Day;
@@ -87,19 +100,18 @@ std::string CompanyPage(const MarketView& market, const ShownQuote& quote) {
             QuoteBlock(market, quote, Period::Year) + SiblingLinks(market, quote.symbol));
 }
 
-std::string TickerStripPage(const MarketView& market) {
-    // A click opens a new window, which the program shows in its main pane.
-    std::string body = "<p>";
-    for (const std::string& symbol : market.StripSymbols()) {
-        const auto quote = market.Find(symbol);
-        if (!quote)
-            continue;
-        body += "<span title=\"" + ShownText(quote->when) + "\"><a target=\"_blank\" href=\"" +
-                EscapeHtml(market.LinkTo(QuotePath(symbol))) + "\">" + ShownText(symbol) + "</a> " +
-                PriceText(quote->last) + " " +
-                ColouredChange(quote->change, TextOr(quote->change, ChangeText, "")) + "</span> ";
+std::string TickerStripPage(const MarketView& market, const PortalRequest& request) {
+    constexpr std::size_t kSecondsPerSymbol = 4;
+    std::vector<std::string> symbols = market.StripSymbols();
+    if (!request.query.empty()) {
+        std::erase_if(symbols, [](const std::string& symbol) { return !symbol.starts_with('^'); });
+        for (std::string& ticker : SymbolsOf(request.Parameter("s")))
+            symbols.push_back(std::move(ticker));
     }
-    return HtmlStrip(market.Frame(), "Ticker", body + "</p>");
+    std::string run;
+    for (const std::string& symbol : symbols)
+        run += StripEntry(market, symbol);
+    return HtmlStrip(market.Frame(), "Ticker", run, symbols.size() * kSecondsPerSymbol);
 }
 
 std::string MarketPage(const MarketView& market, std::string_view title) {

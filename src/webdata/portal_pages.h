@@ -31,8 +31,9 @@ std::string ProfilePage(const MarketView& market, std::string_view symbol,
 /// A company's invented home page.
 std::string CompanyPage(const MarketView& market, const ShownQuote& quote);
 
-/// The narrow page of the ticker strip.
-std::string TickerStripPage(const MarketView& market);
+/// The narrow page of the ticker strip, whose symbols run by without end: the indices and the
+/// tickers that are asked for ("s"), or without a query all that the market has for the strip.
+std::string TickerStripPage(const MarketView& market, const PortalRequest& request);
 
 /// The front page of the finance portal, also the streaming portfolio's page. The address is not
 /// shown: that of the streaming portfolio holds a password.

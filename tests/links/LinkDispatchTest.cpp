@@ -162,7 +162,7 @@ private Q_SLOTS:
                                 "href=\"http://www.msft.example\">Home Page</a></html>"};
         };
         window.ClickLink(28);
-        QCOMPARE(window.asked, QStringList{u"h.example/p/m/msft.html"_s});
+        QCOMPARE(window.asked.count(u"h.example/p/m/msft.html"_s), 1);
         QCOMPARE(*window.navigations, QStringList{u"Web: http://www.msft.example"_s});
         QCOMPARE(window.Form().windowTitle(), u"MSFT - http://www.msft.example"_s);
     }

@@ -197,9 +197,19 @@ TEST_F(Portal, NeverShowsThePasswordOfTheStreamingService) {
 }
 
 TEST_F(Portal, RunsATickerStripWhoseLinksOpenNewWindows) {
+    EXPECT_THAT(Get("ticker.stream.example/javaticker.html?s=msft+NOSUCH"),
+                AllOf(HasSubstr("SAMPLE DATA"), HasSubstr("^DJI"), HasSubstr(">MSFT</a>"),
+                      HasSubstr(">NOSUCH</a> no price"), HasSubstr("target=\"_blank\"")));
+}
+
+TEST_F(Portal, TheTickerStripHoldsTheIndicesAloneForAnEmptyPortfolio) {
+    EXPECT_THAT(Get("ticker.stream.example/javaticker.html?s="),
+                AllOf(HasSubstr("^NYA"), HasSubstr("^IXIC"), Not(HasSubstr(">MSFT</a>"))));
+}
+
+TEST_F(Portal, TheTickerStripRestsForThoseWhoWantNothingToMove) {
     EXPECT_THAT(Get("ticker.stream.example/javaticker.html"),
-                AllOf(HasSubstr("SAMPLE DATA"), HasSubstr("^DJI"), HasSubstr("MSFT"),
-                      HasSubstr("target=\"_blank\"")));
+                HasSubstr("prefers-reduced-motion: reduce"));
 }
 
 TEST_F(Portal, HandsOutTheListsAsTheyAre) {

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "links/server_lists.h"
+#include "shell/Services.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+#include <string>
+#include <vector>
+
+class QMenu;
+
+namespace tallowmere {
+
+class PaneDeck;
+class SitePopups;
+class TransferControl;
+
+/// The menus of books and new sites that the maker's server fills. The pages are fetched while the
+/// window is in use; without them the menus keep the items that they have.
+class ServerLists : public QObject {
+    Q_OBJECT
+public:
+    /// So many entries of a list are shown; a last line says how many more there are.
+    static constexpr std::size_t kMostShown = 500;
+
+    ServerLists(const Services& services, PaneDeck& panes, SitePopups& popups,
+                TransferControl& tmNet, QObject* parent);
+
+    /// Fetches the list of books and fills `mnuBook`.
+    void GetBooks();
+
+    /// Fetches the list of new sites and fills `mnuNewSite`.
+    void GetNewSites();
+
+private:
+    struct List {
+        std::vector<ServerEntry> entries;
+        QPointer<QMenu> menu;
+    };
+
+    std::string Fetch(std::string_view path);
+    void Fill(const QString& array);
+    void Choose(const QString& array, const std::string& target);
+
+    Services m_services;
+    PaneDeck& m_panes;
+    TransferControl& m_tmNet;
+    QHash<QString, List> m_lists;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,35 @@
+#include "links/SmartNavigate.h"
+
+#include "forms/frmMain.h"
+#include "forms/frmNav.h"
+#include "links/BrowserPane.h"
+#include "links/PaneDeck.h"
+#include "links/smart_navigate.h"
+#include "shell/QtText.h"
+
+namespace tallowmere {
+
+SmartNavigate::SmartNavigate(frmMain& form, MainState& state, const Services& services,
+                             PaneDeck& panes)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes) {}
+
+void SmartNavigate::Show() {
+    const std::vector<std::string> remembered = ReadNavigateEntries(m_services.settings);
+    frmNav dialog(&m_form);
+    for (const std::string& entry : remembered)
+        dialog.Combo1->addItem(ToQt(entry));
+    dialog.Combo1->clearEditText();
+    const bool confirmed = dialog.exec() == QDialog::Accepted;
+    const std::string address =
+        confirmed ? CompleteEntry(FromQt(dialog.Combo1->currentText())) : std::string();
+    if (address.empty()) {
+        m_state.rightPressed = false;
+        return;
+    }
+    SaveNavigateEntries(m_services.settings, address, remembered);
+    if (!m_form.WebB->isHidden())
+        m_panes.ShowFirst();
+    m_form.Web->Navigate(ToQt(address));
+}
+
+} // namespace tallowmere

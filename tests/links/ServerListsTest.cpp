@@ -1,0 +1,159 @@
+#include "links/ServerLists.h"
+#include "links/BrowserPane.h"
+#include "links/SearchMenu.h"
+#include "links/SitePopups.h"
+#include "support/LoopbackServer.h"
+#include "support/Navigations.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+#include <QElapsedTimer>
+#include <QMenu>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class ServerListsTest : public QObject {
+    Q_OBJECT
+private:
+    /// A window whose maker's site gives these pages.
+    struct Window : TestSession {
+        Window(std::string books, std::string sites) {
+            Store("First", "OK");
+            portal = [=](const std::string&, const std::string& path) {
+                return PortalAnswer{"text/html", path == "/rr.html"         ? books
+                                                 : path == "/newsites.html" ? sites
+                                                                            : "<p>page</p>"};
+            };
+            Start();
+            navigations.emplace(Form());
+        }
+        std::optional<Navigations> navigations;
+
+        void Fetch() {
+            (**this).Lists().GetBooks();
+            (**this).Lists().GetNewSites();
+        }
+        QStringList Captions(const QString& menu) {
+            QStringList captions;
+            for (const QAction* item : (**this).Popups().Menu(menu)->actions())
+                captions << (item->isSeparator() ? u"-"_s : item->text());
+            return captions;
+        }
+        void Choose(const QString& menu, const QString& item) {
+            auto* action = (**this).Popups().Menu(menu)->findChild<QAction*>(item);
+            QVERIFY2(action, qPrintable(item));
+            action->trigger();
+        }
+    };
+
+    static std::string Anchor(const std::string& address, const std::string& caption) {
+        return "<a href=\"" + address + "\">" + caption + "</a><br>\n";
+    }
+
+private Q_SLOTS:
+    void TheListsAreFetchedOnceTheWindowIsInUse() {
+        Window window("1-One<br>\r\n", Anchor("http://a.example/", "A"));
+        QVERIFY(!window.asked.contains(u"h.example/rr.html"_s));
+        QTRY_COMPARE(window.asked.count(u"h.example/rr.html"_s), 1);
+        QTRY_COMPARE(window.asked.count(u"h.example/newsites.html"_s), 1);
+    }
+
+    void BooksStandBehindTheSearchAndOpenTheirPageInTheStore() {
+        Window window("0060555661-Intelligent Investor<br>\r\n077-Up - and Down<br>\r\n", "");
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuBooks"_s),
+                 (QStringList{u"Search for more ...."_s, u"-"_s, u"Intelligent Investor"_s,
+                              u"Up - and Down"_s}));
+        window.Choose(u"mnuBooks"_s, u"mnuBook4"_s);
+        QCOMPARE(*window.navigations, QStringList{u"Web: h.example/exec/obidos/ASIN/077/"_s});
+    }
+
+    void ABookListWithoutAHyphenLeavesTheSearchAlone() {
+        Window window("no books today<br>\r\n", "");
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuBooks"_s), (QStringList{u"Search for more ...."_s, u"-"_s}));
+    }
+
+    void ABookLineWithoutItsEndAddsNothing() {
+        Window window("1-One<br>\r\n2-Two", "");
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuBooks"_s),
+                 (QStringList{u"Search for more ...."_s, u"-"_s, u"One"_s}));
+    }
+
+    void NewSitesTakeThePlaceOfTheOneItem() {
+        Window window("", Anchor("http://a.example/", "Profit & Loss") +
+                              Anchor("https://b.example/x", "B"));
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), (QStringList{u"Profit && Loss"_s, u"B"_s}));
+        window.Choose(u"mnuNewSites"_s, u"mnuNewSite1"_s);
+        window.Choose(u"mnuNewSites"_s, u"mnuNewSite2"_s);
+        QCOMPARE(*window.navigations,
+                 (QStringList{u"Web: http://a.example/"_s, u"Web: https://b.example/x"_s}));
+    }
+
+    void APageWithoutAnchorsLeavesTheOneItem() {
+        Window window("", "<html>nothing new</html>");
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), QStringList{u"N/A"_s});
+        window.Choose(u"mnuNewSites"_s, u"mnuNewSite1"_s);
+        QVERIFY(window.navigations->isEmpty());
+    }
+
+    void AMenuThatIsOpenedBeforeItsListIsFilledLater() {
+        Window window("", Anchor("http://a.example/", "A"));
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), QStringList{u"N/A"_s});
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), QStringList{u"A"_s});
+    }
+
+    void AnAddressThatIsNotOfTheWebIsNotLoaded() {
+        Window window("", Anchor("javascript:alert(1)", "J") + Anchor("file:///etc/passwd", "F") +
+                              Anchor("http://", "H"));
+        window.Fetch();
+        for (const QString& item : {u"mnuNewSite1"_s, u"mnuNewSite2"_s, u"mnuNewSite3"_s})
+            window.Choose(u"mnuNewSites"_s, item);
+        QVERIFY(window.navigations->isEmpty());
+        QCOMPARE(window.Form().WebStatus->text(), u"This entry has no web address: http://"_s);
+        QVERIFY(window.prompts.messages.isEmpty());
+    }
+
+    void OfAMillionEntriesAMenuShowsTheFirstAndSaysHowManyMoreThereAre() {
+        std::string page;
+        for (int i = 1; i <= 1000000; ++i)
+            page += Anchor("http://a.example/", "Site " + std::to_string(i));
+        Window window("", page);
+        window.Fetch();
+        const QStringList captions = window.Captions(u"mnuNewSites"_s);
+        QCOMPARE(captions.size(), 501);
+        QCOMPARE(captions[499], u"Site 500"_s);
+        QCOMPARE(captions[500], u"... and %L1 more"_s.arg(999500));
+        QVERIFY(!(*window).Popups().Menu(u"mnuNewSites"_s)->actions().last()->isEnabled());
+    }
+
+    void ACaptionWithoutEndIsShortenedAndHasNoControlCharacters() {
+        Window window("", Anchor("http://a.example/", "a\r\n\tb" + std::string(1000000, 'x')));
+        window.Fetch();
+        const QString caption = window.Captions(u"mnuNewSites"_s).constFirst();
+        QCOMPARE(caption.size(), 80);
+        QVERIFY(caption.startsWith(u"a   bx"_s) && caption.endsWith(u"x..."_s));
+    }
+
+    void AFailedFetchIsNotReported() {
+        LoopbackServer server;
+        TestSession window(server.Address({}), WebMode::Direct);
+        window.Store("First", "OK");
+        server.Serve(u"/rr.html"_s, {"1-One<br>\r\n", CannedPage::Ending::CutShort});
+        window.Start();
+        Navigations navigations(window.Form());
+        server.close();
+        window->Lists().GetBooks();
+        window->Lists().GetNewSites();
+        QCOMPARE(window->Popups().Menu(u"mnuNewSites"_s)->actions().size(), 1);
+        QVERIFY(window.prompts.messages.isEmpty());
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(ServerListsTest)
+#include "ServerListsTest.moc"

@@ -1,0 +1,141 @@
+#include "links/SmartNavigate.h"
+#include "forms/frmNav.h"
+#include "links/BrowserPane.h"
+#include "support/ModalDialog.h"
+#include "support/Navigations.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+#include <QLineEdit>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class SmartNavigateTest : public QObject {
+    Q_OBJECT
+private:
+    static constexpr int kNavigateLink = 80;
+
+    struct Window : TestSession {
+        Window() {
+            Store("First", "OK");
+            Start();
+            navigations.emplace(Form());
+        }
+        std::optional<Navigations> navigations;
+
+        void Use(const std::function<void(frmNav&)>& use) {
+            WithDialog<frmNav>([this] { ClickLink(kNavigateLink); }, use);
+        }
+        /// Types an entry into the dialog and presses Enter.
+        void Type(const QString& text) {
+            Use([&](frmNav& dialog) {
+                QTest::keyClicks(dialog.Combo1, text);
+                QTest::keyClick(dialog.Combo1, Qt::Key_Return);
+            });
+        }
+        QStringList Remembered() {
+            QStringList entries;
+            for (int i = 1; Stored(qPrintable(u"NAV"_s + QString::number(i))) != u"<absent>"_s; ++i)
+                entries << Stored(qPrintable(u"NAV"_s + QString::number(i)));
+            return entries;
+        }
+    };
+
+private Q_SLOTS:
+    void AnEntryIsCompletedRememberedAndOpened_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("address");
+        QTest::newRow("a name") << u"Zacks"_s << u"www.Zacks.com"_s;
+        QTest::newRow("a name between blanks") << u"  msft "_s << u"www.msft.com"_s;
+        QTest::newRow("a name with a blank") << u"a b"_s << u"www.a b.com"_s;
+        QTest::newRow("an address") << u"http://www.x.org/a?b=1"_s << u"http://www.x.org/a?b=1"_s;
+        QTest::newRow("a number") << u"10.0.0.1"_s << u"10.0.0.1"_s;
+    }
+
+    void AnEntryIsCompletedRememberedAndOpened() {
+        QFETCH(QString, typed);
+        QFETCH(QString, address);
+        Window window;
+        window.Type(typed);
+        QCOMPARE(*window.navigations, QStringList{u"Web: "_s + address});
+        QCOMPARE(window.Remembered(), QStringList{address});
+    }
+
+    void BlanksOnlyCloseTheDialogWithoutSaving() {
+        Window window;
+        window.Type(u"   "_s);
+        QVERIFY(window.navigations->isEmpty());
+        QVERIFY(window.Remembered().isEmpty());
+    }
+
+    void EscapeDoesNothing() {
+        Window window;
+        window.Use([](frmNav& dialog) {
+            QTest::keyClicks(dialog.Combo1, u"zacks"_s);
+            QTest::keyClick(dialog.Combo1, Qt::Key_Escape);
+        });
+        QVERIFY(window.navigations->isEmpty());
+        QVERIFY(window.Remembered().isEmpty());
+    }
+
+    void TheNewestEntryStandsBeforeTheOlderOnesAndARepeatedOneTwice() {
+        Window window;
+        window.Type(u"a.b"_s);
+        window.Type(u"c.d"_s);
+        window.Type(u"a.b"_s);
+        QCOMPARE(window.Remembered(), (QStringList{u"a.b"_s, u"c.d"_s, u"a.b"_s}));
+        window.Use([](frmNav& dialog) {
+            QCOMPARE(dialog.Combo1->count(), 3);
+            QCOMPARE(dialog.Combo1->itemText(0), u"a.b"_s);
+            QCOMPARE(dialog.Combo1->itemText(1), u"c.d"_s);
+            QVERIFY(dialog.Combo1->currentText().isEmpty());
+        });
+    }
+
+    void TheListEndsAtTheFirstEmptyKey() {
+        Window window;
+        window.Store("NAV1", "a.b");
+        window.Store("NAV3", "c.d");
+        window.Use([](frmNav& dialog) { QCOMPARE(dialog.Combo1->count(), 1); });
+    }
+
+    void TheButtonOpensTheChosenEntry() {
+        Window window;
+        window.Store("NAV1", "a.b");
+        window.Store("NAV2", "c.d");
+        window.Use([](frmNav& dialog) {
+            dialog.Combo1->setCurrentIndex(1);
+            QTest::mouseClick(dialog.Command1, Qt::LeftButton);
+        });
+        QCOMPARE(*window.navigations, QStringList{u"Web: c.d"_s});
+    }
+
+    void WhatIsTypedStaysAsTypedThoughEarlierEntriesBeginAlike() {
+        Window window;
+        window.Store("NAV1", "www.x.org/deep/page");
+        window.Type(u"www.x.org"_s);
+        QCOMPARE(*window.navigations, QStringList{u"Web: www.x.org"_s});
+    }
+
+    void ABrokersPageMakesWayForTheMainPane() {
+        Window window;
+        window.Form().WebB->show();
+        window.Form().Web->hide();
+        window.Type(u"zacks"_s);
+        QVERIFY(!window.Form().Web->isHidden());
+        QVERIFY(window.Form().WebB->isHidden());
+    }
+
+    void TheDialogHasItsTitleAndReadableControls() {
+        Window window;
+        window.Use([](frmNav& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Smart Navigate - Enter a URL or Site Name"_s);
+            QVERIFY(dialog.Command1->isDefault());
+            QVERIFY(!dialog.Combo1->accessibleName().isEmpty());
+        });
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(SmartNavigateTest)
+#include "SmartNavigateTest.moc"
