@@ -61,8 +61,8 @@ public:
     /// Puts a record of the user's own links on its label; colours that are not set stay.
     void ShowCustomLink(const CustomLinkRecord& record, int slot);
 
-    /// Pops a menu up at the pointer, or below the control that has the focus when the keyboard asked
-    /// for it.
+    /// Pops a menu up at the pointer, or below the control that has the focus when the keyboard
+    /// asked for it.
     void PopUp(QMenu* menu);
 
     /// Shows or hides the ticker strip and makes room for it.
