@@ -7,6 +7,8 @@
 #include "links/site_menus.h"
 #include "shell/QtText.h"
 
+#include <QGuiApplication>
+
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
