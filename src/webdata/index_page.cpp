@@ -22,7 +22,7 @@ std::string IndexChange(const std::optional<double>& change) {
 
 std::string StripRow(std::string_view symbol, std::string_view value, std::string_view change,
                      std::string_view when, std::string_view name) {
-    return "<tr><td nowrap><a href=\"/q?s=" + EscapeHtml(symbol) + "&d=t\">" + ShownText(symbol) +
+    return "<tr><td nowrap><a href=\"/q?s=" + ShownText(symbol) + "&d=t\">" + ShownText(symbol) +
            "</a></td><td nowrap><b>" + std::string(value) + "</b></td><td nowrap>" +
            std::string(change) + "</td><td nowrap>" + ShownText(when) + "</td><td nowrap>" +
            ShownText(name) + "</td></tr>\n";

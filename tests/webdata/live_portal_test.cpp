@@ -254,6 +254,12 @@ TEST_F(LivePortalTest, AnswersNothingElse) {
     EXPECT_EQ(m_requests, 0);
 }
 
+TEST_F(LivePortalTest, ShowsNoControlCharactersOfAnAddress) {
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=msft+%00%01+%3Cscript"),
+                AllOf(HasSubstr("420.75"), Not(HasSubstr(std::string(1, '\0'))),
+                      Not(HasSubstr("\x01")), Not(HasSubstr("<script"))));
+}
+
 TEST_F(LivePortalTest, PassesNoTagOfASourceOn) {
     m_rows["EVIL"] = CnbcRow("EVIL", "1", "0", "<script>alert(1)</script>");
     for (const char* address : {"quote.yahoo.com/q?s=evil", "quote.yahoo.com/q?s=evil+msft",
