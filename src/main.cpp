@@ -6,7 +6,6 @@
 #include "shell/Tables.h"
 #include "text/runtime_error.h"
 #include "webdata/PortalScheme.h"
-#include "webdata/WebAccess.h"
 #include "webdata/portal.h"
 
 #include <cstdio>
@@ -27,20 +26,23 @@ int Run(const CommandLine& commandLine) {
     DialogPrompts prompts;
     const Clock clock;
     static_cast<Application*>(qApp)->SetPrompts(&prompts);
+    const PortalTexts texts{ReadTable(folders.data / "rr.html"),
+                            ReadTable(folders.data / "newsites.html")};
+    SessionSetup setup{folders, commandLine.web, tables.sites, tables.menus, {}, prompts, clock};
     std::unique_ptr<SamplePortal> portal;
-    WebAccess::PortalFunction answer; // without a portal nothing answers
     if (commandLine.web == WebMode::Sample) {
         portal = std::make_unique<SamplePortal>(
             tables.sites, SampleMarket::Parse(ReadTable(folders.data / "sample_market.txt")),
-            PortalTexts{ReadTable(folders.data / "rr.html"),
-                        ReadTable(folders.data / "newsites.html")});
-        answer = [&](const std::string& host, const std::string& pathAndQuery) {
+            texts);
+        setup.portal = [&](const std::string& host, const std::string& pathAndQuery) {
             return portal->Answer(host, pathAndQuery, clock.Today());
         };
+    } else if (commandLine.web == WebMode::Live) {
+        setup.resolver = MakeResolver(tables);
+        setup.sources = ReadSources(folders);
+        setup.texts = texts;
     }
-    const auto resolver = commandLine.web == WebMode::Live ? MakeResolver(tables) : nullptr;
-    Session session(
-        {folders, commandLine.web, tables.sites, tables.menus, answer, prompts, clock, resolver});
+    Session session(std::move(setup));
     QObject::connect(&instance, &SingleInstance::Raised, &session, &Session::Raise);
     session.Start();
     return QApplication::exec();

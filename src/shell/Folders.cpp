@@ -53,6 +53,8 @@ Folders Folders::For(const CommandLine& commandLine) {
         MakePrivate(folders.settingsFile.parent_path());
 #endif
     }
+    folders.tables =
+        folders.settingsFile.empty() ? folders.programFolder : folders.settingsFile.parent_path();
     MakePrivate(folders.programFolder);
     return folders;
 }

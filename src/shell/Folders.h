@@ -10,6 +10,7 @@ namespace tallowmere {
 struct Folders {
     std::filesystem::path settingsFile;  ///< empty on Windows without a profile: the registry
     std::filesystem::path programFolder; ///< notes, reminders and generated pages
+    std::filesystem::path tables;        ///< tables of the user's own, over those that ship
     std::filesystem::path engine;        ///< what the web engine keeps: cookies, cache
     std::filesystem::path data;          ///< what ships with the program
 

@@ -38,7 +38,7 @@
 #include "tools/Help.h"
 #include "tools/Setup.h"
 #include "webdata/EngineProfile.h"
-#include "webdata/WebAccess.h"
+#include "webdata/LiveQuotes.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -50,7 +50,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNamedProxy = 2;
 constexpr int kClubLink = 189;
 
 } // namespace
@@ -99,14 +98,27 @@ Session::Session(SessionSetup setup)
     m_setupDialog = new Setup(form, m_state, m_services, *m_panes, *m_edges, *m_ticker,
                               *new ColorSettings(m_services, &form));
     m_web->SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
-    m_web->SetPortal([this](const std::string& host, const std::string& pathAndQuery) {
-        return m_setup.portal(host, m_ticker->WithTickers(pathAndQuery));
-    });
+    ConnectPortal();
     Connect();
     ConnectTools();
 }
 
 Session::~Session() = default;
+
+void Session::ConnectPortal() {
+    if (m_setup.web == WebMode::Live) {
+        m_live = std::make_unique<LiveQuotes>(m_setup.sites, m_setup.texts, m_setup.sources,
+                                              m_setup.clock);
+        m_web->SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
+                                    WebAccess::PortalReply reply) {
+            m_live->Answer(host, m_ticker->WithTickers(pathAndQuery), std::move(reply));
+        });
+    } else if (m_setup.portal) {
+        m_web->SetPortal([this](const std::string& host, const std::string& pathAndQuery) {
+            return m_setup.portal(host, m_ticker->WithTickers(pathAndQuery));
+        });
+    }
+}
 
 void Session::Connect() {
     connect(m_tickers, &TickerBox::OpenLastLink, m_dispatch, &LinkDispatch::Click);
@@ -173,11 +185,15 @@ void Session::ApplyProxy() {
         m_tmNet->SetProxy(proxy);
         m_spooNet->SetProxy(proxy);
         m_inet->SetProxy(proxy);
+        if (m_live)
+            m_live->SetProxy(proxy);
     }
     if (Number(kSettingsSection, "PROXY") == 1) {
-        m_tmNet->SetAccessType(kNamedProxy);
-        m_spooNet->SetAccessType(kNamedProxy);
-        m_inet->SetAccessType(kNamedProxy);
+        m_tmNet->SetAccessType(ProxySetting::kNamedProxy);
+        m_spooNet->SetAccessType(ProxySetting::kNamedProxy);
+        m_inet->SetAccessType(ProxySetting::kNamedProxy);
+        if (m_live)
+            m_live->SetAccessType(ProxySetting::kNamedProxy);
     }
 }
 

@@ -5,7 +5,8 @@
 #include "shell/Folders.h"
 #include "shell/MainState.h"
 #include "shell/Services.h"
-#include "webdata/portal.h"
+#include "webdata/WebAccess.h"
+#include "webdata/source_table.h"
 
 #include <QObject>
 
@@ -24,6 +25,7 @@ class Help;
 class IndexStrip;
 class LinkDispatch;
 class LinkPanel;
+class LiveQuotes;
 class MultiLinks;
 class PaneDeck;
 class PortfolioCommands;
@@ -43,7 +45,6 @@ class Timers;
 class TransferControl;
 class TransferPool;
 class WatchWindows;
-class WebAccess;
 
 /// What a session is started with.
 struct SessionSetup {
@@ -51,12 +52,15 @@ struct SessionSetup {
     WebMode web = WebMode::Direct;
     SiteTable sites;
     MenuTable menus;
-    /// The built-in portal; only the sample and live modes ask it.
-    std::function<PortalAnswer(const std::string& host, const std::string& pathAndQuery)> portal;
+    /// The built-in portal of the sample mode.
+    WebAccess::PortalFunction portal;
     Prompts& prompts;
     const Clock& clock;
-    /// Leads addresses to today's; only the live mode asks it.
-    std::function<std::string(const std::string&)> resolver = nullptr;
+    /// Only the live mode has these: what leads addresses to today's, where quotes come from, and
+    /// the pages that its portal hands out as they are.
+    WebAccess::Resolver resolver = nullptr;
+    SourceTable sources = {};
+    PortalTexts texts = {};
 };
 
 /// One run of the program: owns the main window, what it works with and the controllers, and takes
@@ -92,6 +96,7 @@ public:
     ServerLists& Lists() { return *m_lists; }
 
 private:
+    void ConnectPortal();
     void Connect();
     void ConnectTools();
     void ApplyProxy();
@@ -118,6 +123,7 @@ private:
     Services m_services;
     MainState m_state;
     std::unique_ptr<WebAccess> m_web;
+    std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
     std::unique_ptr<EngineProfile> m_profile;
     std::unique_ptr<TransferControl> m_tmNet;
     std::unique_ptr<TransferControl> m_spooNet;

@@ -33,12 +33,22 @@ Tables Tables::Read(const Folders& folders, const QString& sitesFile) {
     return tables;
 }
 
-std::function<std::string(const std::string&)> MakeResolver(const Tables& tables) {
+SourceTable ReadSources(const Folders& folders) {
+    const std::filesystem::path shipped = folders.data / "sources.toml";
+    SourceTable table = ReadSourceTable(ReadTable(shipped), shipped.string());
+    const std::filesystem::path own = folders.tables / "sources.toml";
+    std::error_code error;
+    if (std::filesystem::exists(own, error))
+        table = ReadSourceTable(ReadTable(own), own.string(), std::move(table));
+    for (const std::string& problem : table.problems)
+        std::fprintf(stderr, "tallowmere: %s\n", problem.c_str());
+    return table;
+}
+
+WebAccess::Resolver MakeResolver(const Tables& tables) {
     auto resolver = std::make_shared<SiteResolver>(tables.sites, tables.menus, tables.today);
-    return [resolver = std::move(resolver)](const std::string& address) {
-        const auto today = resolver->Resolve(address, AddressUse::Page);
-        const bool onTheWeb = today && today->starts_with("http");
-        return onTheWeb ? *today : address;
+    return [resolver = std::move(resolver)](const std::string& address, AddressUse use) {
+        return resolver->Resolve(address, use).value_or(address);
     };
 }
 

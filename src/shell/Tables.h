@@ -2,6 +2,8 @@
 
 #include "links/site_resolver.h"
 #include "shell/Folders.h"
+#include "webdata/WebAccess.h"
+#include "webdata/source_table.h"
 
 #include <memory>
 
@@ -19,10 +21,14 @@ struct Tables {
     static Tables Read(const Folders& folders, const QString& sitesFile);
 };
 
+/// The sources of quotes: the table that ships, with the user's own `sources.toml` over it. What
+/// is wrong in them is left out and told on standard error. Throws as Tables::Read.
+SourceTable ReadSources(const Folders& folders);
+
 /// The text of a file that has to be there. Throws RuntimeError naming it when it cannot be read.
 std::string ReadTable(const std::filesystem::path& path);
 
 /// Gives today's address of an address on the web, or the same address when it has not moved.
-std::function<std::string(const std::string&)> MakeResolver(const Tables& tables);
+WebAccess::Resolver MakeResolver(const Tables& tables);
 
 } // namespace tallowmere

@@ -5,7 +5,6 @@
 #include "webdata/WebAccess.h"
 
 #include <QEventLoop>
-#include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
@@ -16,22 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRedirectLimit = 20;
-
-/// Leaves the choice to what the user set for the whole system.
-class SystemProxies : public QNetworkProxyFactory {
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
-        return systemProxyForQuery(query);
-    }
-};
-
-QNetworkProxy NamedProxy(const QString& text) {
-    const QUrl url(text.contains(u"://"_s) ? text.trimmed() : u"http://"_s + text.trimmed());
-    const bool isSocks = url.scheme().startsWith(u"socks"_s);
-    return QNetworkProxy(isSocks ? QNetworkProxy::Socks5Proxy : QNetworkProxy::HttpProxy,
-                         url.host(), static_cast<quint16>(url.port(isSocks ? 1080 : 80)),
-                         url.userName(), url.password());
-}
 
 } // namespace
 
@@ -44,13 +27,6 @@ TransferControl::~TransferControl() {
         m_reply->disconnect(this);
 }
 
-void TransferControl::ApplyProxy() {
-    if (m_accessType == kNamedProxy && !m_proxy.trimmed().isEmpty())
-        m_network.setProxy(NamedProxy(m_proxy));
-    else
-        m_network.setProxyFactory(new SystemProxies);
-}
-
 void TransferControl::Open(const QString& address) {
     if (m_isBusy)
         throw RuntimeError("The transfer is still busy with another address");
@@ -58,24 +34,23 @@ void TransferControl::Open(const QString& address) {
     m_received = 0;
     m_isBusy = true;
     m_hasFailed = false;
+    ++m_transfer;
 
     QUrl url = UrlFromAddress(address);
-    if (const auto target = m_access.Resolve(url))
+    if (const auto target = m_access.Resolve(url, AddressUse::Reading))
         url = *target;
     if (url.scheme() == PortalScheme::Name()) {
-        const auto answer = m_access.Answer(url);
-        if (answer) {
-            m_data = QByteArray::fromStdString(answer->body);
-            Q_EMIT StateChanged(kResponseReceived);
-        }
-        End(!answer);
+        m_access.Ask(url, [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
+            if (guard && guard->m_isBusy && guard->m_transfer == transfer)
+                guard->OnAnswer(answer);
+        });
         return;
     }
     if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty()) {
         End(true);
         return;
     }
-    ApplyProxy();
+    m_proxy.ApplyTo(m_network);
     QNetworkRequest request(url);
     request.setMaximumRedirectsAllowed(kRedirectLimit);
     request.setTransferTimeout(static_cast<int>(m_stallLimit.count()));
@@ -118,6 +93,14 @@ void TransferControl::Cancel() {
         return;
     m_data.clear();
     End(true);
+}
+
+void TransferControl::OnAnswer(const std::optional<PortalAnswer>& answer) {
+    if (answer) {
+        m_data = QByteArray::fromStdString(answer->body);
+        Q_EMIT StateChanged(kResponseReceived);
+    }
+    End(!answer);
 }
 
 void TransferControl::OnData() {

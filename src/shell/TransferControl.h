@@ -1,10 +1,14 @@
 #pragma once
 
+#include "shell/ProxySetting.h"
+#include "webdata/portal_answer.h"
+
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QPointer>
 
 #include <chrono>
+#include <optional>
 
 class QNetworkReply;
 
@@ -18,8 +22,7 @@ class WebAccess;
 class TransferControl : public QObject {
     Q_OBJECT
 public:
-    /// Values of the access type and of the state that are used here.
-    static constexpr int kNamedProxy = 2;
+    /// The value of the state that is used here.
     static constexpr int kResponseReceived = 8;
     static constexpr qint64 kSizeLimit = 64 * 1024 * 1024;
 
@@ -29,9 +32,9 @@ public:
 
     /// The proxy for the access type "named proxy": "host:port", with "http://" or "socks5://"
     /// before it or not.
-    void SetProxy(const QString& proxy) { m_proxy = proxy; }
+    void SetProxy(const QString& proxy) { m_proxy.proxy = proxy; }
     /// 2 for the named proxy, anything else for the system's settings.
-    void SetAccessType(int type) { m_accessType = type; }
+    void SetAccessType(int type) { m_proxy.accessType = type; }
 
     /// Fetches a document and gives what arrived of it by its end; nothing when it fails or is
     /// cancelled. Throws RuntimeError while another document is under way.
@@ -59,19 +62,19 @@ Q_SIGNALS:
     void Finished();
 
 private:
+    void OnAnswer(const std::optional<PortalAnswer>& answer);
     void OnData();
     void OnFinished();
     void End(bool hasFailed);
-    void ApplyProxy();
 
     const WebAccess& m_access;
     std::chrono::milliseconds m_stallLimit;
     QNetworkAccessManager m_network;
     QPointer<QNetworkReply> m_reply;
-    QString m_proxy;
-    int m_accessType = 0;
+    ProxySetting m_proxy;
     QByteArray m_data; ///< what arrived and was not given yet
     qint64 m_received = 0;
+    int m_transfer = 0; ///< counts the documents
     bool m_isBusy = false;
     bool m_hasFailed = false;
 };

@@ -6,6 +6,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QUrl>
@@ -55,11 +56,15 @@ void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
         AnswerPage(job);
     } else if (url.host() == HelpHost()) {
         AnswerHelp(job);
-    } else if (const auto answer = m_access.Answer(url)) {
-        Reply(job, QByteArray::fromStdString(answer->type),
-              QByteArray::fromStdString(answer->body));
     } else {
-        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        // The job ends when its page goes away, which may be before the answer comes.
+        m_access.Ask(url, [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
+            if (job && answer)
+                Reply(job, QByteArray::fromStdString(answer->type),
+                      QByteArray::fromStdString(answer->body));
+            else if (job)
+                job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        });
     }
 }
 

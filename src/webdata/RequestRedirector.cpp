@@ -14,7 +14,7 @@ void RequestRedirector::interceptRequest(QWebEngineUrlRequestInfo& info) {
     // No page shows a file of the user, and sample mode works without any network.
     if (scheme == u"file" || (isSocket && m_access.Mode() == WebMode::Sample))
         info.block(true);
-    else if (const auto target = m_access.Resolve(url))
+    else if (const auto target = m_access.Resolve(url, AddressUse::Page))
         info.redirect(*target);
 }
 

@@ -29,7 +29,14 @@ QUrl PortalUrl(QUrl url) {
 
 } // namespace
 
-std::optional<QUrl> WebAccess::Resolve(const QUrl& url) const {
+void WebAccess::SetPortal(PortalFunction portal) {
+    m_portal = [portal = std::move(portal)](const std::string& host, const std::string& path,
+                                            const PortalReply& reply) {
+        reply(portal(host, path));
+    };
+}
+
+std::optional<QUrl> WebAccess::Resolve(const QUrl& url, AddressUse use) const {
     if (!IsWebUrl(url))
         return {};
     if (m_mode == WebMode::Sample)
@@ -37,21 +44,25 @@ std::optional<QUrl> WebAccess::Resolve(const QUrl& url) const {
     if (m_mode == WebMode::Direct || !m_resolver)
         return {};
     const std::string address = url.toEncoded().toStdString();
-    const std::string standIn = m_resolver(address);
+    const std::string standIn = m_resolver(address, use);
     if (standIn == address)
         return {};
+    if (standIn.starts_with(kPortalTarget))
+        return PortalUrl(url);
     return QUrl(QString::fromStdString(standIn));
 }
 
-std::optional<PortalAnswer> WebAccess::Answer(const QUrl& portalUrl) const {
-    if (!m_portal)
-        return {};
+void WebAccess::Ask(const QUrl& portalUrl, PortalReply reply) const {
+    if (!m_portal) {
+        reply({});
+        return;
+    }
     const QByteArray host =
         portalUrl.toEncoded(QUrl::RemoveScheme | QUrl::RemoveUserInfo | QUrl::RemovePath |
                             QUrl::RemoveQuery | QUrl::RemoveFragment);
     const QByteArray path =
         portalUrl.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
-    return m_portal(host.mid(2).toStdString(), path.toStdString());
+    m_portal(host.mid(2).toStdString(), path.toStdString(), std::move(reply));
 }
 
 QUrl WebAccess::AsBuilt(const QUrl& url) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "links/site_resolver.h"
 #include "shell/CommandLine.h"
-#include "webdata/portal.h"
+#include "webdata/portal_answer.h"
 
 #include <QUrl>
 
@@ -17,13 +18,20 @@ class WebAccess {
 public:
     /// Answers host (with its port, if any) and path with query.
     using PortalFunction = std::function<PortalAnswer(const std::string&, const std::string&)>;
-    /// Gives the address that stands in for an address, or the same address.
-    using Resolver = std::function<std::string(const std::string&)>;
+    /// Takes the portal's answer; nothing when there is none.
+    using PortalReply = std::function<void(const std::optional<PortalAnswer>&)>;
+    /// The same function for a portal whose answer may come later.
+    using LatePortalFunction =
+        std::function<void(const std::string&, const std::string&, PortalReply)>;
+    /// Gives the address that stands in for an address, or the same address; one that begins with
+    /// "portal:" leads to the portal.
+    using Resolver = std::function<std::string(const std::string&, AddressUse)>;
 
     explicit WebAccess(WebMode mode) : m_mode(mode) {}
 
     WebMode Mode() const { return m_mode; }
-    void SetPortal(PortalFunction portal) { m_portal = std::move(portal); }
+    void SetPortal(PortalFunction portal);
+    void SetLatePortal(LatePortalFunction portal) { m_portal = std::move(portal); }
     /// Where the files of the user guide lie.
     void SetHelpFolder(const QString& folder) { m_helpFolder = folder; }
     const QString& HelpFolder() const { return m_helpFolder; }
@@ -32,17 +40,18 @@ public:
 
     /// Where an http(s) address leads instead; nothing when it is loaded as it stands. In sample
     /// mode every such address leads to the portal.
-    std::optional<QUrl> Resolve(const QUrl& url) const;
+    std::optional<QUrl> Resolve(const QUrl& url, AddressUse use) const;
 
-    /// The portal's answer to an address of its scheme; nothing without a portal.
-    std::optional<PortalAnswer> Answer(const QUrl& portalUrl) const;
+    /// Asks the portal for an address of its scheme. `reply` is called once, at once or later, and
+    /// sees to it itself that whom it answers is still there.
+    void Ask(const QUrl& portalUrl, PortalReply reply) const;
 
     /// The http address that an address of the portal stands for; any other address as it is.
     static QUrl AsBuilt(const QUrl& url);
 
 private:
     WebMode m_mode;
-    PortalFunction m_portal;
+    LatePortalFunction m_portal;
     QString m_helpFolder;
     Resolver m_resolver;
 };

@@ -148,7 +148,7 @@ private Q_SLOTS:
         bench.control.SetProxy(scheme + bench.server.Address({}));
         QCOMPARE(bench.control.OpenURL(u"quotes.invalid/q?s=x"_s), QByteArray());
         QVERIFY(bench.server.Requests().isEmpty());
-        bench.control.SetAccessType(TransferControl::kNamedProxy);
+        bench.control.SetAccessType(ProxySetting::kNamedProxy);
         QCOMPARE(bench.control.OpenURL(u"quotes.invalid/q?s=x"_s), QByteArray("by proxy"));
         QCOMPARE(bench.server.Requests(), QStringList{u"GET http://quotes.invalid/q?s=x"_s});
     }
@@ -166,7 +166,7 @@ private Q_SLOTS:
             });
         });
         bench.control.SetProxy(u"socks5://127.0.0.1:"_s + QString::number(proxy.serverPort()));
-        bench.control.SetAccessType(TransferControl::kNamedProxy);
+        bench.control.SetAccessType(ProxySetting::kNamedProxy);
         QCOMPARE(bench.control.OpenURL(u"quotes.invalid/q"_s), QByteArray());
         QVERIFY(greeting.startsWith('\x05'));
     }
@@ -191,7 +191,7 @@ private Q_SLOTS:
         Bench bench;
         bench.server.Serve(u"/today"_s, "today's page");
         WebAccess live(WebMode::Live);
-        live.SetResolver([&](const std::string& address) {
+        live.SetResolver([&](const std::string& address, AddressUse) {
             return address == "http://old.invalid/q"
                        ? (u"http://"_s + bench.server.Address(u"/today"_s)).toStdString()
                        : address;

@@ -78,7 +78,9 @@ void LoopbackServer::Answer(QTcpSocket* socket, const QByteArray& head) {
     m_requests << request;
 
     CannedPage page{"<html><body>not here</body></html>", Ending::Length, 404};
-    if (m_pages.contains(path))
+    if (m_everything)
+        page = *m_everything;
+    else if (m_pages.contains(path))
         page = m_pages[path];
     else if (const QString bare = path.section(u'?', 0, 0); m_pages.contains(bare))
         page = m_pages[bare];

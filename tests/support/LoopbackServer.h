@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QTcpServer>
 
+#include <optional>
+
 class QTcpSocket;
 
 namespace tallowmere {
@@ -39,6 +41,8 @@ public:
     /// Answers `path` (with or without its query) with `page`; other paths get a 404 page.
     void Serve(const QString& path, const CannedPage& page) { m_pages[path] = page; }
     void Serve(const QString& path, const QByteArray& body) { m_pages[path] = CannedPage{body}; }
+    /// Answers every path with `page` from now on.
+    void ServeEverything(const CannedPage& page) { m_everything = page; }
     /// Answers `path` with a redirect to `location`.
     void Redirect(const QString& path, const QString& location);
 
@@ -63,6 +67,7 @@ private:
     void Answer(QTcpSocket* socket, const QByteArray& head);
 
     QHash<QString, CannedPage> m_pages;
+    std::optional<CannedPage> m_everything;
     QStringList m_requests;
     QByteArray m_lastHead;
 };

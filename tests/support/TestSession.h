@@ -24,6 +24,10 @@ public:
     std::string programs; ///< further text of the table of sites
     MenuTable menus;      ///< where the fixed items of the site menus lead; nowhere at first
     QStringList asked;    ///< addresses that the portal was asked for
+    /// What a session in live mode works with besides.
+    WebAccess::Resolver resolver;
+    SourceTable sources;
+    PortalTexts texts;
     /// What the built-in portal answers; a plain page unless the test says otherwise.
     std::function<PortalAnswer(const std::string&, const std::string&)> portal =
         [](const std::string&, const std::string&) {
@@ -50,7 +54,7 @@ public:
             {folders, m_mode,
              SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs,
                               "sites.toml"),
-             menus, answer, prompts, clock}));
+             menus, answer, prompts, clock, resolver, sources, texts}));
         m_session->Start();
         return *m_session;
     }

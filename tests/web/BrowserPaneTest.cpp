@@ -369,7 +369,7 @@ private Q_SLOTS:
     void LiveModeLoadsWhereTheResolverSaysAndKeepsTheAddress() {
         Bench bench(WebMode::Live);
         const std::string today = (u"http://"_s + bench.server.Address(u"/b"_s)).toStdString();
-        bench.access.SetResolver([&](const std::string& address) {
+        bench.access.SetResolver([&](const std::string& address, AddressUse) {
             return address == "http://old.invalid/q?s=x" ? today : address;
         });
         QVERIFY(bench.Show(u"old.invalid/q?s=x"_s));

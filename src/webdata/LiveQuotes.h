@@ -1,0 +1,66 @@
+#pragma once
+
+#include "shell/Clock.h"
+#include "shell/ProxySetting.h"
+#include "webdata/WebAccess.h"
+#include "webdata/live_portal.h"
+
+#include <QDeadlineTimer>
+#include <QNetworkAccessManager>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+
+class QNetworkReply;
+
+namespace tallowmere {
+
+/// Answers the portal's addresses with today's quotes: what a page needs and is not at hand is
+/// fetched from the sources first. Nothing is asked that no page needs.
+class LiveQuotes : public QObject {
+    Q_OBJECT
+public:
+    /// `sites` and `clock` are kept by reference. A page waits for its quotes as long as
+    /// `patience`; then it is made from what is there.
+    LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources, const Clock& clock,
+               QObject* parent = nullptr,
+               std::chrono::milliseconds patience = std::chrono::seconds(25));
+    ~LiveQuotes() override;
+
+    /// The proxy and the access type, as for a transfer control.
+    void SetProxy(const QString& proxy) { m_proxy.proxy = proxy; }
+    void SetAccessType(int type) { m_proxy.accessType = type; }
+
+    /// Answers an address without its scheme: at once when all it needs is at hand, else later.
+    void Answer(const std::string& host, const std::string& pathAndQuery,
+                WebAccess::PortalReply reply);
+
+private:
+    /// A page that waits for its quotes.
+    struct Page {
+        std::string host;
+        std::string pathAndQuery;
+        WebAccess::PortalReply reply;
+        std::vector<WantedPrices> needs; ///< from the back: what was found there is taken off
+        QDeadlineTimer patience;
+    };
+
+    void Proceed();
+    void Send(const SourceRequest& request);
+    void Take(QNetworkReply& reply, int id);
+    void AnswerWholePages();
+    bool IsWhole(Page& page) const;
+    std::int64_t Now() const { return m_clock.Now().toSecsSinceEpoch(); }
+
+    LivePortal m_portal;
+    SourceSchedule m_quotes;
+    const Clock& m_clock;
+    std::chrono::milliseconds m_patience;
+    ProxySetting m_proxy;
+    QNetworkAccessManager m_network;
+    QTimer m_tick;
+    std::vector<Page> m_waiting;
+};
+
+} // namespace tallowmere
