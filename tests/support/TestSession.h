@@ -27,7 +27,7 @@ public:
     /// What a session in live mode works with besides.
     WebAccess::Resolver resolver;
     SourceTable sources;
-    PortalTexts texts;
+    PortalTexts portalTexts;
     /// What the built-in portal answers; a plain page unless the test says otherwise.
     std::function<PortalAnswer(const std::string&, const std::string&)> portal =
         [](const std::string&, const std::string&) {
@@ -54,7 +54,7 @@ public:
             {folders, m_mode,
              SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs,
                               "sites.toml"),
-             menus, answer, prompts, clock, resolver, sources, texts}));
+             menus, answer, prompts, clock, resolver, sources, portalTexts}));
         m_session->Start();
         return *m_session;
     }
