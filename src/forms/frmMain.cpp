@@ -39,6 +39,7 @@ frmMain::frmMain(EngineProfile& profile, Prompts& prompts) {
     BuildLinks();
     ConnectGrips();
     m_body->installEventFilter(this);
+    List1->installEventFilter(this);
     m_body->setMouseTracking(true);
     setMouseTracking(true);
 }
@@ -270,6 +271,7 @@ void frmMain::ShowTicker(bool shown) {
 }
 
 void frmMain::SetToolTips(bool shown) {
+    m_toolTips = shown;
     for (Chip* link : lbllink) {
         const LinkRow& row = Catalogue()[static_cast<std::size_t>(link->Index())];
         link->setToolTip(shown ? tallowmere::ToQt(row.tooltip) : QString());
@@ -304,7 +306,10 @@ void frmMain::showEvent(QShowEvent* event) {
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_body && event->type() == QEvent::Resize)
         LayOut();
-    else if (event->type() == QEvent::MouseMove)
+    // The list keeps its tool tip while none is wanted; it is only not shown.
+    if (watched == List1)
+        return event->type() == QEvent::ToolTip && !m_toolTips;
+    if (event->type() == QEvent::MouseMove)
         TellPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
     return QMainWindow::eventFilter(watched, event);
 }

@@ -110,6 +110,7 @@ private:
     Grip* m_rightGrip;
     int m_leftWidth = 0;
     int m_rightWidth = 0;
+    bool m_toolTips = true;
     bool m_leftFolded = false;
     bool m_rightFolded = false;
 };

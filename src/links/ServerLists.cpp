@@ -23,10 +23,6 @@ QString NewSites() {
     return u"mnuNewSite"_s;
 }
 
-QString NameOf(const QString& array, int index) {
-    return array + QString::number(index);
-}
-
 QString Shortened(const QString& caption) {
     return caption.size() <= kLongestCaption ? caption
                                              : caption.first(kLongestCaption - 3) + u"..."_s;
@@ -39,7 +35,11 @@ ServerLists::ServerLists(const Services& services, PaneDeck& panes, SitePopups& 
     : QObject(parent), m_services(services), m_panes(panes), m_tmNet(tmNet) {
     connect(&popups, &SitePopups::RunTimeArrayBuilt, this,
             [this](const QString& array, QMenu* menu) {
-                m_lists[array].menu = menu;
+                List& list = m_lists[array];
+                list.menu = menu;
+                // One item of the menu of new sites stands for all of them until they are there.
+                if (array == NewSites())
+                    list.items = menu->actions();
                 Fill(array);
             });
 }
@@ -47,48 +47,52 @@ ServerLists::ServerLists(const Services& services, PaneDeck& panes, SitePopups& 
 void ServerLists::GetBooks() {
     const QPointer<ServerLists> alive(this);
     const std::string page = Fetch(kBookListPath);
-    if (!alive)
-        return;
-    m_lists[Books()].entries = ReadBookList(page);
-    Fill(Books());
+    if (alive)
+        Take(Books(), ReadBookList(page));
 }
 
 void ServerLists::GetNewSites() {
     const QPointer<ServerLists> alive(this);
     const std::string page = Fetch(kNewSitesPath);
-    if (!alive)
-        return;
-    m_lists[NewSites()].entries = ReadNewSites(page);
-    Fill(NewSites());
+    if (alive)
+        Take(NewSites(), ReadNewSites(page));
 }
 
 std::string ServerLists::Fetch(std::string_view path) {
     if (m_tmNet.IsBusy())
         return {};
-    return m_tmNet.OpenURL(ToQt(m_services.sites.Address("maker", path))).toStdString();
+    const QPointer<TransferControl> alive(&m_tmNet);
+    const QByteArray page = m_tmNet.OpenURL(ToQt(m_services.sites.Address("maker", path)));
+    // A server's page about its error is no list, though hyphens and anchors may be on it.
+    return !alive || m_tmNet.WasRefused() ? std::string() : page.toStdString();
+}
+
+void ServerLists::Take(const QString& array, std::vector<ServerEntry> entries) {
+    if (entries.empty())
+        return;
+    m_lists[array].entries = std::move(entries);
+    Fill(array);
 }
 
 // Puts the entries into the menu, if it was wanted already; otherwise that happens when it is.
 void ServerLists::Fill(const QString& array) {
-    const List& list = m_lists[array];
+    List& list = m_lists[array];
     if (!list.menu || list.entries.empty())
         return;
+    qDeleteAll(std::exchange(list.items, {}));
     const std::size_t shown = std::min(list.entries.size(), kMostShown);
     for (std::size_t i = 0; i < shown; ++i) {
         const ServerEntry& entry = list.entries[i];
-        // The first new site takes the place of the item that stood for all of them.
-        QAction* item =
-            i == 0 ? list.menu->findChild<QAction*>(NameOf(array, entry.index)) : nullptr;
-        if (!item)
-            item = list.menu->addAction(QString());
-        item->setObjectName(NameOf(array, entry.index));
-        item->setText(MenuCaption(Shortened(ToQt(entry.caption))));
+        QAction* item = list.menu->addAction(MenuCaption(Shortened(ToQt(entry.caption))));
+        item->setObjectName(array + QString::number(entry.index));
         connect(item, &QAction::triggered, this,
                 [this, array, target = entry.target] { Choose(array, target); });
+        list.items << item;
     }
-    if (shown < list.entries.size())
-        list.menu->addAction(u"... and %L1 more"_s.arg(list.entries.size() - shown))
-            ->setEnabled(false);
+    if (shown < list.entries.size()) {
+        list.items << list.menu->addAction(u"... and %L1 more"_s.arg(list.entries.size() - shown));
+        list.items.last()->setEnabled(false);
+    }
 }
 
 void ServerLists::Choose(const QString& array, const std::string& target) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+class QAction;
 class QMenu;
 
 namespace tallowmere {
@@ -19,7 +20,8 @@ class SitePopups;
 class TransferControl;
 
 /// The menus of books and new sites that the maker's server fills. The pages are fetched while the
-/// window is in use; without them the menus keep the items that they have.
+/// window is in use; without them the menus keep the items that they have. A list that is fetched
+/// again takes the place of the one before.
 class ServerLists : public QObject {
     Q_OBJECT
 public:
@@ -39,9 +41,11 @@ private:
     struct List {
         std::vector<ServerEntry> entries;
         QPointer<QMenu> menu;
+        QList<QAction*> items; ///< those that stand for the entries, or for their absence
     };
 
     std::string Fetch(std::string_view path);
+    void Take(const QString& array, std::vector<ServerEntry> entries);
     void Fill(const QString& array);
     void Choose(const QString& array, const std::string& target);
 

@@ -28,9 +28,10 @@ std::vector<std::string> ReadNavigateEntries(const SettingsStore& settings) {
 
 void SaveNavigateEntries(SettingsStore& settings, std::string_view address,
                          const std::vector<std::string>& list) {
-    settings.SaveSetting(kSettingsSection, NavigateKey(1), address);
+    std::vector<std::pair<std::string, std::string>> values{{NavigateKey(1), std::string(address)}};
     for (std::size_t i = 0; i < list.size(); ++i)
-        settings.SaveSetting(kSettingsSection, NavigateKey(i + 2), list[i]);
+        values.emplace_back(NavigateKey(i + 2), list[i]);
+    settings.SaveSettings(kSettingsSection, values);
 }
 
 } // namespace tallowmere

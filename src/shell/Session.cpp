@@ -142,7 +142,7 @@ void Session::ConnectTools() {
     connect(m_dispatch, &LinkDispatch::SetupRequested, m_setupDialog, &Setup::Show);
     connect(m_dispatch, &LinkDispatch::AlertsStarted, m_timers, &Timers::StartAlerts);
     connect(m_dispatch, &LinkDispatch::PageLinkOpened, m_timers, &Timers::Unmark);
-    connect(m_setupDialog, &Setup::Closed, this, &Session::ApplyColors);
+    connect(m_setupDialog, &Setup::Closed, m_colors, &ColorConfig::Apply);
     connect(m_setupDialog, &Setup::HelpRequested, m_help, &Help::Open);
     connect(m_setupDialog, &Setup::ReportRequested, m_help, &Help::Report);
 }
@@ -152,7 +152,9 @@ void Session::Start() {
     RestoreWindow();
     ShowPortfolioLabels();
     m_portfolios->SetPorts();
-    ApplyColors();
+    // Areas first: the user's own links have colours of their own over them.
+    m_colors->Apply();
+    LoadCustomLinks();
     ReadFlags();
     CheckClub();
     if (Text("First").isEmpty()) {
@@ -218,12 +220,6 @@ void Session::ShowPortfolioLabels() {
 void Session::LoadCustomLinks() {
     for (int slot = kFirstCustom; slot <= kLastCustom; ++slot)
         m_form->ShowCustomLink(LoadCustomLink(m_settings, slot), slot);
-}
-
-// Areas first: the user's own links have colours of their own over them.
-void Session::ApplyColors() {
-    m_colors->Apply();
-    LoadCustomLinks();
 }
 
 void Session::FillServerLists() {

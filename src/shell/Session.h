@@ -106,7 +106,6 @@ private:
     void ReadFlags();
     void CheckClub();
     void ChooseFirstPage();
-    void ApplyColors();
     void ShowTickerStrip();
     void FillServerLists();
     void SeedFirstStart();

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRedirectLimit = 20;
+constexpr int kFirstRefusal = 400; // statuses from here on are errors
 
 } // namespace
 
@@ -35,6 +36,7 @@ void TransferControl::Open(const QString& address) {
     m_isBusy = true;
     m_hasFailed = false;
     ++m_transfer;
+    m_wasRefused = false;
 
     QUrl url = UrlFromAddress(address);
     if (const auto target = m_access.Resolve(url, AddressUse::Reading))
@@ -116,8 +118,10 @@ void TransferControl::OnData() {
 
 void TransferControl::OnFinished() {
     // A server that answered has answered, with whatever status and however short it fell.
+    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    m_wasRefused = status.toInt() >= kFirstRefusal;
     const bool hasAnswered =
-        m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid() &&
+        status.isValid() &&
         m_reply->error() != QNetworkReply::InsecureRedirectError &&
         m_reply->error() != QNetworkReply::TooManyRedirectsError &&
         m_reply->error() != QNetworkReply::OperationCanceledError;

@@ -53,6 +53,9 @@ public:
     /// Whether the last document could not be had at all: no server answered, or not securely, or
     /// it was cancelled.
     bool HasFailed() const { return m_hasFailed; }
+    /// Whether a server answered the last document with a status that means "not here" or "not
+    /// now"; what came then is a page about that.
+    bool WasRefused() const { return m_wasRefused; }
 
 Q_SIGNALS:
     /// `state` is 8 when the server's response was received.
@@ -77,6 +80,7 @@ private:
     int m_transfer = 0; ///< counts the documents
     bool m_isBusy = false;
     bool m_hasFailed = false;
+    bool m_wasRefused = false;
 };
 
 } // namespace tallowmere

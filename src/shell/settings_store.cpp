@@ -43,13 +43,23 @@ std::string SettingsStore::GetSetting(std::string_view section, std::string_view
 
 void SettingsStore::SaveSetting(std::string_view section, std::string_view key,
                                 std::string_view value) {
+    SaveSettings(section, {{std::string(key), std::string(value)}});
+}
+
+void SettingsStore::SaveSettings(std::string_view section,
+                                 const std::vector<std::pair<std::string, std::string>>& values) {
 #ifdef _WIN32
-    if (m_file.empty())
-        return WriteRegistrySetting(section, key, value);
+    if (m_file.empty()) {
+        for (const auto& [key, value] : values)
+            WriteRegistrySetting(section, key, value);
+        return;
+    }
 #endif
     const FileLock lock(m_file);
     const std::string text = ReadExistingFile(m_file);
-    const std::string changed = ChangeSettingsText(text, section, key, value);
+    std::string changed = text;
+    for (const auto& [key, value] : values)
+        changed = ChangeSettingsText(changed, section, key, value);
     if (changed == text)
         return;
     // Once is enough: what is written now holds no damage any more.

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tallowmere {
 
@@ -26,6 +28,10 @@ public:
     /// Creates or overwrites one value; it is on disk when the call returns, and what another
     /// program wrote to other keys meanwhile stays. Throws RuntimeError when it cannot be written.
     void SaveSetting(std::string_view section, std::string_view key, std::string_view value);
+
+    /// The same for several values of a section: all of them are written at once, or none.
+    void SaveSettings(std::string_view section,
+                      const std::vector<std::pair<std::string, std::string>>& values);
 
 private:
     struct Content;

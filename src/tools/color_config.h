@@ -26,8 +26,8 @@ constexpr ColorPair Swapped(ColorPair colors) {
     return {colors.background, colors.text};
 }
 
-/// Text on the links whose area has no text colour of its own.
-inline constexpr std::uint32_t kDesignedText = 0x600000;
+/// Text on the links whose area has no text colour of its own: black.
+inline constexpr std::uint32_t kDesignedText = 0x000000;
 /// The window and the frames of links: what the system gives to the face of a window.
 inline constexpr ColorPair kDesignedWindow{0x80000012, 0x8000000F};
 /// Links that belong to no area: the program's own tools.

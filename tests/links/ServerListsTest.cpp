@@ -140,6 +140,73 @@ private Q_SLOTS:
         QVERIFY(caption.startsWith(u"a   bx"_s) && caption.endsWith(u"x..."_s));
     }
 
+    void AListThatIsFetchedAgainTakesThePlaceOfTheOneBefore() {
+        Window window("", "");
+        std::string books = "1-One<br>\r\n2-Two<br>\r\n";
+        std::string sites = Anchor("http://a.example/", "A") + Anchor("http://b.example/", "B");
+        window.portal = [&](const std::string&, const std::string& path) {
+            return PortalAnswer{"text/html", path == "/rr.html" ? books : sites};
+        };
+        window.Fetch();
+        window.Fetch();
+        const QStringList search{u"Search for more ...."_s, u"-"_s};
+        QCOMPARE(window.Captions(u"mnuBooks"_s), (search + QStringList{u"One"_s, u"Two"_s}));
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), (QStringList{u"A"_s, u"B"_s}));
+        books = "3-Three<br>\r\n";
+        sites = Anchor("http://c.example/", "C");
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuBooks"_s), (search + QStringList{u"Three"_s}));
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), QStringList{u"C"_s});
+        window.Choose(u"mnuNewSites"_s, u"mnuNewSite1"_s);
+        QCOMPARE(*window.navigations, QStringList{u"Web: http://c.example/"_s});
+    }
+
+    void AFetchThatGivesNothingLeavesTheListOfBefore() {
+        Window window("", "");
+        std::string sites = Anchor("http://a.example/", "A");
+        window.portal = [&](const std::string&, const std::string&) {
+            return PortalAnswer{"text/html", sites};
+        };
+        window.Fetch();
+        sites.clear();
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), QStringList{u"A"_s});
+    }
+
+    void HostileAnchorsNeitherLoadNorCrash() {
+        // Nested, without a closing quote, with control characters, and then an honest one.
+        Window window("",
+                      "<a href=\"javascript:alert('<a href=')\">x<a href=\"data:,y\">\x1b\x07</a>" +
+                          Anchor("http://a.example/\r\nHost: evil", "A") +
+                          "<a href=\"http://never.example/ closed</a>" +
+                          Anchor("http://b.example/", "B"));
+        window.Fetch();
+        const QStringList captions = window.Captions(u"mnuNewSites"_s);
+        QCOMPARE(captions.constFirst(), u"x<a href=\"data:,y\">  "_s);
+        for (qsizetype i = 1; i <= captions.size(); ++i)
+            window.Choose(u"mnuNewSites"_s, u"mnuNewSite"_s + QString::number(i));
+        for (const QString& address : std::as_const(*window.navigations))
+            QVERIFY2(address.startsWith(u"Web: http://"_s) && !address.contains(u'\n'),
+                     qPrintable(address));
+        QVERIFY(window.prompts.messages.isEmpty());
+    }
+
+    void ThePageOfAnErrorIsNoList() {
+        LoopbackServer server;
+        TestSession window(server.Address({}), WebMode::Direct);
+        window.Store("First", "OK");
+        const QByteArray error = "<meta http-equiv=\"x\"><a href=\"http://a.example/\">A</a>";
+        for (const QString& page : {u"/rr.html"_s, u"/newsites.html"_s})
+            server.Serve(page, {error, CannedPage::Ending::Length, 404});
+        window.Start();
+        Navigations navigations(window.Form());
+        window->Lists().GetBooks();
+        window->Lists().GetNewSites();
+        QCOMPARE(window->Popups().Menu(u"mnuBooks"_s)->actions().size(), 2);
+        QCOMPARE(window->Popups().Menu(u"mnuNewSites"_s)->actions()[0]->text(), u"N/A"_s);
+        QVERIFY(window.prompts.messages.isEmpty());
+    }
+
     void AFailedFetchIsNotReported() {
         LoopbackServer server;
         TestSession window(server.Address({}), WebMode::Direct);

@@ -127,6 +127,24 @@ private Q_SLOTS:
         QVERIFY(window.prompts.messages.size() == 1); // the question at the start
     }
 
+    void APageThatGrowsIsComparedToItsLastByte() {
+        Club window;
+        window.FirstTick();
+        std::string page(8 * 1024 * 1024, 'x');
+        window.pages["/members/alacarte.shtml"] = page;
+        window.TickAgain();
+        QVERIFY(window.IsMarked(59));
+        window.ClickLink(59); // takes the mark away
+        QVERIFY(!window.IsMarked(59));
+        window.TickAgain();
+        QVERIFY(!window.IsMarked(59));
+        page += 'y';
+        window.pages["/members/alacarte.shtml"] = page;
+        window.TickAgain();
+        QVERIFY(window.IsMarked(59));
+        QVERIFY(!window.IsMarked(58));
+    }
+
     void OpeningAMarkedLinkGivesItsLabelTheColoursOfItsAreaAgain() {
         Club window;
         window.Settings().SaveSetting("Colors", "bTLB", "255");

@@ -54,6 +54,11 @@ private Q_SLOTS:
         bench.server.Serve(u"/members"_s, CannedPage{"401 Authorization Required", {}, 401});
         QCOMPARE(bench.control.OpenURL(bench.server.Address(u"/members"_s)),
                  QByteArray("401 Authorization Required"));
+        QVERIFY(bench.control.WasRefused());
+        QVERIFY(!bench.control.HasFailed());
+        bench.server.Serve(u"/open"_s, "page");
+        bench.control.OpenURL(bench.server.Address(u"/open"_s));
+        QVERIFY(!bench.control.WasRefused());
     }
 
     void ADocumentThatIsCutShortIsGivenAsFarAsItCame() {

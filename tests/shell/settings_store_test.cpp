@@ -66,6 +66,18 @@ TEST_F(Settings, SeesWhatAnotherProgramWrites) {
     EXPECT_EQ(m_store.GetSetting("Settings", "A", "gone"), "gone");
 }
 
+TEST_F(Settings, SeveralValuesAreWrittenTogether) {
+    m_store.SaveSetting("Settings", "NAV1", "old");
+    m_store.SaveSetting("Colors", "bTE", "1");
+    m_store.SaveSettings("Settings", {{"NAV1", "new"}, {"NAV2", "old"}, {"MNP", " x "}});
+    EXPECT_EQ(m_store.GetSetting("Settings", "NAV1", "-"), "new");
+    EXPECT_EQ(m_store.GetSetting("Settings", "NAV2", "-"), "old");
+    EXPECT_EQ(m_store.GetSetting("Settings", "MNP", "-"), " x ");
+    EXPECT_EQ(m_store.GetSetting("Colors", "bTE", "-"), "1");
+    m_store.SaveSettings("Settings", {});
+    EXPECT_EQ(m_store.GetSetting("Settings", "NAV1", "-"), "new");
+}
+
 TEST_F(Settings, AnUnchangedValueIsNotWrittenAgain) {
     m_store.SaveSetting("Settings", "A", "1");
     const auto stamp = StampOf(m_file);

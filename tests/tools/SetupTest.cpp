@@ -8,6 +8,8 @@
 #include "support/WebTest.h"
 #include "text/files.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QtWebEngineCore/qtwebenginecoreglobal.h>
 
 using namespace tallowmere;
@@ -174,6 +176,24 @@ private Q_SLOTS:
         });
     }
 
+    void WithoutToolTipsTheTickerListShowsNoneToo() {
+        Window window;
+        window.Open();
+        ListBox* list = window.Form().List1;
+        list->setToolTip(u"Ticker List"_s);
+        const auto rest = [&] {
+            const QPoint point = list->rect().center();
+            QHelpEvent event(QEvent::ToolTip, point, list->mapToGlobal(point));
+            QApplication::sendEvent(list, &event);
+            return QToolTip::text();
+        };
+        QCOMPARE(rest(), u"Ticker List"_s);
+        QToolTip::hideText();
+        QTRY_VERIFY(QToolTip::text().isEmpty());
+        window.Use([](frmUser& dialog) { dialog.chkToolTips->click(); });
+        QCOMPARE(rest(), QString());
+    }
+
     void ActiveEdgesAreSwitchedAtOnce() {
         Window window;
         window.Open();
@@ -263,15 +283,29 @@ private Q_SLOTS:
         QCOMPARE(window.Link(3)->Colors().background, 0xFF0000U);
     }
 
-    void CustomLinksKeepTheirOwnColoursOverThoseOfTheArea() {
+    void ACustomLinkWithATitleKeepsItsOwnColoursAndAnUnusedOneTakesThoseOfTheArea() {
         Window window;
         window.Store("CustomT101", "Mine");
+        window.Store("CustomF101", "65535");
         window.Store("CustomB101", "255");
         window.Store("CustomB102", "65280");
         window.Open();
-        window.Click(0);
-        QCOMPARE(window.Link(101)->Colors().background, 255U);
         QCOMPARE(window.Link(102)->Colors().background, 65280U);
+        window.Settings().SaveSetting("Colors", "bCUST", "16711680");
+        window.Click(0);
+        QCOMPARE(window.Link(101)->Colors(), (ColorPair{65535, 255}));
+        QCOMPARE(window.Link(102)->Colors(), (ColorPair{kSystemWindowText, 0xFF0000}));
+        QCOMPARE(window.Link(103)->Colors(), (ColorPair{kSystemWindowText, 0xFF0000}));
+    }
+
+    void ThePasswordLiesInAFileThatOnlyItsOwnerCanRead() {
+        Window window;
+        window.Open();
+        window.Use([](frmUser& dialog) { dialog.txtMNPwd->setText(u"s3cret"_s); });
+        QCOMPARE(window.Stored("MNP"), u"s3cret"_s);
+        const auto rights = std::filesystem::status(window.Folder() / "settings.ini").permissions();
+        QVERIFY((rights & (std::filesystem::perms::group_all |
+                           std::filesystem::perms::others_all)) == std::filesystem::perms::none);
     }
 
     void HelpOpensTheGuideInTheMainPane() {

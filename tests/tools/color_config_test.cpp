@@ -50,7 +50,7 @@ TEST(AreaColors, WithNothingStoredEveryAreaHasItsDefaults) {
 
 TEST(AreaColors, WhatHasNoDefaultKeepsItsDesignedColour) {
     const AreaColors colors(NothingStored);
-    EXPECT_EQ(colors.Of("RTS").text, kDesignedText);
+    EXPECT_EQ(colors.Of("RTS").text, 0x000000U);
     EXPECT_EQ(colors.Of("Back"), kDesignedWindow);
     EXPECT_EQ(colors.Of("no area"), kDesignedWindow);
 }
