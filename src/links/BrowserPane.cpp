@@ -328,9 +328,12 @@ void BrowserPane::OnCrash() {
 
 void BrowserPane::Refuse(const QString& address) {
     m_shown = Shown::Refusal;
+    const bool isMeantForTheWeb = WithScheme(address.toStdString()).starts_with("http");
     m_notice->Tell(tr("This address is not shown"),
-                   tr("Only pages of the web (http and https) and the program's own pages are "
-                      "shown here."),
+                   isMeantForTheWeb
+                       ? tr("No site can have this name.")
+                       : tr("Only pages of the web (http and https) and the program's own pages "
+                            "are shown here."),
                    address, PaneNotice::Offer::Nothing);
     if (m_view)
         m_view->hide();

@@ -62,6 +62,25 @@ private Q_SLOTS:
         QCOMPARE(window.Remembered(), QStringList{address});
     }
 
+    void OfANameThatNoSiteCanHaveThePaneSaysWhatIsWrong() {
+        TestSession window({}, WebMode::Direct);
+        window.Store("First", "OK");
+        window.Store("DefaultWeb", "Aabout:blank");
+        window.Start();
+        WithDialog<frmNav>([&] { window.ClickLink(kNavigateLink); },
+                           [](frmNav& dialog) {
+                               QTest::keyClicks(dialog.Combo1, u"a b"_s);
+                               QTest::keyClick(dialog.Combo1, Qt::Key_Return);
+                           });
+        const auto text = [&](const QString& label) {
+            const auto* shown = window.Form().Web->findChild<QLabel*>(label);
+            return shown && !shown->isHidden() ? shown->text() : QString();
+        };
+        QCOMPARE(text(u"NoticeText"_s), u"No site can have this name."_s);
+        QCOMPARE(text(u"NoticeAddress"_s), u"www.a b.com"_s);
+        QCOMPARE(window.Stored("NAV1"), u"www.a b.com"_s);
+    }
+
     void BlanksOnlyCloseTheDialogWithoutSaving() {
         Window window;
         window.Type(u"   "_s);
