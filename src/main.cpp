@@ -1,3 +1,4 @@
+#include "links/UserSites.h"
 #include "shell/Application.h"
 #include "shell/CommandLine.h"
 #include "shell/Folders.h"
@@ -18,7 +19,7 @@ constexpr int kWrongStart = 2;
 
 int Run(const CommandLine& commandLine) {
     const Folders folders = Folders::For(commandLine);
-    const Tables tables = Tables::Read(folders, commandLine.sites);
+    Tables tables = Tables::Read(folders, commandLine.sites);
 
     SingleInstance instance(folders.programFolder);
     if (!instance.IsFirst())
@@ -28,7 +29,7 @@ int Run(const CommandLine& commandLine) {
     static_cast<Application*>(qApp)->SetPrompts(&prompts);
     const PortalTexts texts{ReadTable(folders.data / "rr.html"),
                             ReadTable(folders.data / "newsites.html")};
-    SessionSetup setup{folders, commandLine.web, tables.sites, tables.menus, {}, prompts, clock};
+    SessionSetup setup{folders, commandLine.web, tables, {}, prompts, clock};
     std::unique_ptr<SamplePortal> portal;
     if (commandLine.web == WebMode::Sample) {
         portal = std::make_unique<SamplePortal>(
@@ -38,11 +39,15 @@ int Run(const CommandLine& commandLine) {
             return portal->Answer(host, pathAndQuery, clock.Today());
         };
     } else if (commandLine.web == WebMode::Live) {
-        setup.resolver = MakeResolver(tables);
         setup.sources = ReadSources(folders);
         setup.texts = texts;
     }
     Session session(std::move(setup));
+    if (portal) {
+        const auto follow = [&portal] { portal->SitesChanged(); };
+        QObject::connect(&session.OwnSites(), &UserSites::Changed, &session, follow);
+        follow(); // the session has read the user's own table
+    }
     QObject::connect(&instance, &SingleInstance::Raised, &session, &Session::Raise);
     session.Start();
     return QApplication::exec();

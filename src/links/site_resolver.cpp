@@ -4,6 +4,8 @@
 #include "text/bytes.h"
 #include "webdata/symbol_dialect.h"
 
+#include <set>
+
 namespace tallowmere {
 
 namespace {
@@ -33,6 +35,11 @@ std::string FieldValue(std::string_view field, std::string_view value) {
     return field == "yahoo" ? PercentEncode(PortalSpelling(value)) : CommaList(value);
 }
 
+std::string TargetOf(std::string_view key, const TodayTable& today) {
+    const auto target = today.addresses.find(key);
+    return target == today.addresses.end() ? std::string() : target->second;
+}
+
 } // namespace
 
 std::string FillToday(std::string_view addressTemplate, std::string_view value) {
@@ -48,15 +55,36 @@ std::string FillToday(std::string_view addressTemplate, std::string_view value) 
     return address.append(rest.Rest());
 }
 
-SiteResolver::SiteResolver(const SiteTable& sites, const MenuTable& menus,
-                           const TodayTable& today) {
-    for (const TodayRow& row : TodayRows(sites, menus)) {
-        const auto target = today.addresses.find(row.key);
-        if (target == today.addresses.end() || target->second.empty() || row.address.empty())
-            continue;
-        (row.isRead ? m_reads : m_pages).Add(row.address, m_targets.size());
-        m_targets.push_back(target->second);
-    }
+SiteResolver::SiteResolver(const SiteTable& sites, const MenuTable& menus, const TodayTable& today,
+                           std::span<const SiteTable> earlier)
+    : m_quotePage(TargetOf("quote_page", today)), m_outside(TargetOf(kOutsideKey, today)) {
+    const std::vector<TodayRow> rows = TodayRows(sites, menus);
+    for (const TodayRow& row : rows)
+        Add(row, today);
+    if (earlier.empty())
+        return;
+    std::set<std::pair<bool, std::string>> known;
+    for (const TodayRow& row : rows)
+        known.emplace(row.isRead, row.address);
+    for (const SiteTable& table : earlier)
+        for (const TodayRow& row : TodayRows(table, menus))
+            if (known.emplace(row.isRead, row.address).second)
+                Add(row, today);
+}
+
+void SiteResolver::Add(const TodayRow& row, const TodayTable& today) {
+    const std::string target = TargetOf(row.key, today);
+    if (target.empty() || row.address.empty())
+        return;
+    (row.isRead ? m_reads : m_pages).Add(row.address, m_targets.size());
+    m_targets.push_back(target);
+}
+
+std::optional<std::string> SiteResolver::InPlaceOfPortal(std::string_view ticker) const {
+    const std::string& target = ticker.empty() ? m_outside : m_quotePage;
+    if (target.empty() || target == kPortalTarget)
+        return std::nullopt;
+    return FillToday(target, ticker);
 }
 
 std::optional<std::string> SiteResolver::Resolve(std::string_view address, AddressUse use) const {
@@ -68,6 +96,8 @@ std::optional<std::string> SiteResolver::Resolve(std::string_view address, Addre
     const std::string& target = m_targets[hit->id];
     if (target != kPortalTarget)
         return FillToday(target, hit->value);
+    if (use == AddressUse::Outside)
+        return InPlaceOfPortal(hit->value);
     const auto schemeEnd = address.find("://");
     const bool hasScheme =
         schemeEnd != std::string_view::npos && schemeEnd < address.find_first_of("/?#");

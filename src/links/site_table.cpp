@@ -1,7 +1,8 @@
 #include "links/site_table.h"
 
+#include "links/site_keys.h"
 #include "text/bytes.h"
-#include "text/toml.h"
+#include "text/tolerant_toml.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +17,8 @@ using Texts = std::map<std::string, std::string, std::less<>>;
 constexpr std::array<std::string_view, 5> kKnownTables{"hosts", "programs", "links", "menus",
                                                        "sources"};
 
+constexpr std::array<std::string_view, 4> kPrograms{"browser", "calculator", "mail", "support"};
+
 std::string Quoted(std::string_view key) {
     return "\"" + std::string(key) + "\"";
 }
@@ -27,6 +30,10 @@ bool HoldsNoControl(std::string_view text) {
 
 bool HoldsNoBlankOrControl(std::string_view text) {
     return HoldsNoControl(text) && !Contains(text, " ");
+}
+
+bool IsHost(std::string_view text) {
+    return !text.empty() && HoldsNoBlankOrControl(text);
 }
 
 /// Reads a table of texts, each of which `isGood`; `flaw` says what a bad one holds.
@@ -45,6 +52,27 @@ Texts ReadTexts(const toml::table& root, std::string_view name, bool (*isGood)(s
         texts.emplace(key.str(), text->get());
     }
     return texts;
+}
+
+/// Puts the good rows of a table of a user's file over `texts`.
+template <typename IsKnown>
+void OverrideTexts(Texts& texts, TolerantToml& file, std::string_view name,
+                   bool (*isGood)(std::string_view), std::string_view flaw, IsKnown isKnown) {
+    const toml::table* table = file.root[name].as_table();
+    if (table == nullptr)
+        return;
+    for (const auto& [key, value] : *table) {
+        const auto* text = value.as_string();
+        const std::string row = Quoted(key.str()) + " in [" + std::string(name) + "] ";
+        if (!isKnown(key.str()))
+            file.Complain(value, row + "is not known");
+        else if (text == nullptr)
+            file.Complain(value, row + "is not a text in quotes");
+        else if (!isGood(text->get()))
+            file.Complain(value, row + std::string(flaw));
+        else
+            texts.insert_or_assign(std::string(key.str()), text->get());
+    }
 }
 
 void CheckTables(const toml::table& root, std::string_view fileName) {
@@ -67,6 +95,17 @@ SiteTable SiteTable::Parse(std::string_view text, std::string_view fileName) {
     table.m_programs =
         ReadTexts(root, "programs", HoldsNoControl, "holds a control character", fileName);
     return table;
+}
+
+void SiteTable::Override(TolerantToml& file) {
+    const auto keys = SiteKeys();
+    OverrideTexts(m_hosts, file, "hosts", IsHost, "holds no host", [&](std::string_view key) {
+        return key == "default" || std::binary_search(keys.begin(), keys.end(), key);
+    });
+    OverrideTexts(m_programs, file, "programs", HoldsNoControl, "holds a control character",
+                  [](std::string_view key) {
+                      return std::find(kPrograms.begin(), kPrograms.end(), key) != kPrograms.end();
+                  });
 }
 
 std::string_view SiteTable::Host(std::string_view site) const {

@@ -6,6 +6,8 @@
 
 namespace tallowmere {
 
+struct TolerantToml;
+
 /// Which host each site of the catalogue has, and which programs are started outside. Read from a
 /// TOML file: a table [hosts] with a key per site and `default` for any site without a key, and a
 /// table [programs] with `browser`, `calculator` and `mail`.
@@ -13,6 +15,10 @@ class SiteTable {
 public:
     /// Reads the text of a table. Throws RuntimeError "<fileName>:<line>: <what is wrong>".
     static SiteTable Parse(std::string_view text, std::string_view fileName);
+
+    /// Puts the rows of a user's file over those of this table. A row that is wrong, or of a site
+    /// or program that there is not, is complained of and left out.
+    void Override(TolerantToml& file);
 
     /// The host of a site, else the default host, else the empty text. It may hold a scheme, a port
     /// and a folder; it is put before a path as it stands.

@@ -8,8 +8,6 @@
 #include "text/tolerant_toml.h"
 
 #include <algorithm>
-#include <charconv>
-#include <set>
 
 namespace tallowmere {
 
@@ -67,23 +65,22 @@ constexpr OtherPage kOtherPages[] = {
 };
 // clang-format on
 
+/// Whether there is a page of this key. "03" is none: nobody would ask for it.
 bool IsKnownKey(std::string_view key) {
-    int index = -1;
-    const auto [end, error] = std::from_chars(key.data(), key.data() + key.size(), index);
-    if (error == std::errc() && end == key.data() + key.size())
-        return index >= 0 && index < kLinkCount;
-    return key == "index_page" ||
+    for (const LinkRow& row : Catalogue())
+        if (HasAddress(row) && std::to_string(row.index) == key)
+            return row.action != LinkAction::HomePage;
+    return key == "index_page" || key == kOutsideKey ||
            std::any_of(std::begin(kOtherPages), std::end(kOtherPages),
                        [&](const OtherPage& page) { return page.key == key; });
 }
 
 bool IsKnownItem(std::string_view array, std::string_view index) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(index.data(), index.data() + index.size(), number);
-    if (error != std::errc() || end != index.data() + index.size())
-        return false;
-    const SiteMenuItem* item = FindSiteMenuItem(array, number);
-    return item && (item->kind == MenuItemKind::Fixed || item->kind == MenuItemKind::Ticker);
+    const auto items = SiteMenuItems(array);
+    return std::any_of(items.begin(), items.end(), [&](const SiteMenuItem& item) {
+        return std::to_string(item.index) == index &&
+               (item.kind == MenuItemKind::Fixed || item.kind == MenuItemKind::Ticker);
+    });
 }
 
 /// Whether every brace of an address belongs to a field that can be filled in.
@@ -131,23 +128,28 @@ std::vector<TodayRow> TodayRows(const SiteTable& sites, const MenuTable& menus) 
     return rows;
 }
 
+void OverrideToday(TolerantToml& file, TodayTable& table) {
+    if (const toml::table* links = file.root["links"].as_table())
+        for (const auto& [key, value] : *links)
+            ReadRow(file, std::string(key.str()), IsKnownKey(key.str()), value, table);
+    const toml::table* menus = file.root["menus"].as_table();
+    if (menus == nullptr)
+        return;
+    for (const auto& [array, items] : *menus) {
+        if (!items.is_table()) {
+            file.Complain(items, "\"" + std::string(array.str()) + "\" is not a table");
+            continue;
+        }
+        for (const auto& [index, value] : *items.as_table())
+            ReadRow(file, std::string(array.str()) + "." + std::string(index.str()),
+                    IsKnownItem(array.str(), index.str()), value, table);
+    }
+}
+
 TodayTable ReadTodayTable(std::string_view text, std::string_view fileName, TodayTable base) {
     TodayTable table = std::move(base);
     TolerantToml file = ReadTolerantly(text, fileName);
-    const toml::table root = std::move(file.root); // a copy would forget the lines
-    if (const toml::table* links = root["links"].as_table())
-        for (const auto& [key, value] : *links)
-            ReadRow(file, std::string(key.str()), IsKnownKey(key.str()), value, table);
-    if (const toml::table* menus = root["menus"].as_table())
-        for (const auto& [array, items] : *menus) {
-            if (!items.is_table()) {
-                file.Complain(items, "\"" + std::string(array.str()) + "\" is not a table");
-                continue;
-            }
-            for (const auto& [index, value] : *items.as_table())
-                ReadRow(file, std::string(array.str()) + "." + std::string(index.str()),
-                        IsKnownItem(array.str(), index.str()), value, table);
-        }
+    OverrideToday(file, table);
     table.problems.insert(table.problems.end(), file.problems.begin(), file.problems.end());
     return table;
 }

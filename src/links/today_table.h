@@ -12,6 +12,8 @@
 /// the table of sites.
 namespace tallowmere {
 
+struct TolerantToml;
+
 /// What a row of the table is about.
 struct TodayRow {
     std::string key;     ///< "3" for a link, "mnuBChart.1" for a menu item, a word for other pages
@@ -26,6 +28,9 @@ std::vector<TodayRow> TodayRows(const SiteTable& sites, const MenuTable& menus);
 /// The value that stands for the built-in portal.
 constexpr std::string_view kPortalTarget = "portal:";
 
+/// The key of what a browser outside of the program opens where the built-in portal answers inside.
+constexpr std::string_view kOutsideKey = "outside";
+
 /// Today's addresses by key. An address holds {upper}, {lower} and {first}, {yahoo} for the finance
 /// portal's spelling of the ticker (BRK-B), or {list} for several tickers joined by commas.
 struct TodayTable {
@@ -36,5 +41,8 @@ struct TodayTable {
 /// Reads the tables [links] and [menus] of a text on top of `base`: a row replaces the one with the
 /// same key, an empty address takes it away.
 TodayTable ReadTodayTable(std::string_view text, std::string_view fileName, TodayTable base = {});
+
+/// The same for a text that was read already; what is wrong is noted in `file`.
+void OverrideToday(TolerantToml& file, TodayTable& table);
 
 } // namespace tallowmere

@@ -13,6 +13,7 @@
 #include "links/ServerLists.h"
 #include "links/SitePopups.h"
 #include "links/SmartNavigate.h"
+#include "links/UserSites.h"
 #include "market/ActiveEdges.h"
 #include "market/IndexStrip.h"
 #include "market/TickerStrip.h"
@@ -52,11 +53,22 @@ namespace {
 
 constexpr int kClubLink = 189;
 
+/// What is wrong with the user's table, for one line: files are named without their folders.
+QString TextOfProblems(const std::vector<std::string>& problems) {
+    if (problems.empty())
+        return {};
+    const QString first = ToQt(problems.front());
+    const auto file = first.lastIndexOf(u'/', first.indexOf(u".toml:"_s)) + 1;
+    const auto more = problems.size() - 1;
+    return more == 0 ? first.mid(file) : first.mid(file) + u" (and %1 more)"_s.arg(more);
+}
+
 } // namespace
 
 Session::Session(SessionSetup setup)
-    : m_setup(std::move(setup)),
-      m_settings(m_setup.folders.settingsFile), m_services{m_settings, m_setup.sites,
+    : m_setup(std::move(setup)), m_userSites(std::make_unique<UserSites>(
+                                     m_setup.tables, m_setup.folders.tables / "sites.toml")),
+      m_settings(m_setup.folders.settingsFile), m_services{m_settings, m_setup.tables.sites,
                                                            m_setup.prompts, m_setup.clock,
                                                            m_setup.folders.programFolder},
       m_web(std::make_unique<WebAccess>(m_setup.web)),
@@ -67,15 +79,16 @@ Session::Session(SessionSetup setup)
       m_spooNet(std::make_unique<TransferControl>(*m_web)),
       m_inet(std::make_unique<TransferPool>(*m_web)),
       m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
-    m_web->SetResolver(m_setup.resolver);
+    LeadAddresses();
     frmMain& form = *m_form;
-    m_outside = new SeparateBrowser(m_setup.sites, m_setup.prompts, &form);
+    m_outside = new SeparateBrowser(m_setup.tables.sites, m_setup.prompts, &form);
     m_panes = new PaneDeck(form, m_state, m_services, *m_outside);
     m_portfolios = new Portfolios(form, m_state, m_services);
     m_tickers = new TickerBox(form, m_state, m_services, *m_portfolios);
     m_dispatch = new LinkDispatch(form, m_state, m_services, *m_panes, *m_tickers, *m_inet);
     m_links = new LinkPanel(form, m_state, m_services, *m_dispatch, *m_panes);
-    m_popups = new SitePopups(form, m_state, m_services, m_setup.menus, *m_dispatch, *m_panes);
+    m_popups =
+        new SitePopups(form, m_state, m_services, m_setup.tables.menus, *m_dispatch, *m_panes);
     m_strip = new IndexStrip(form, m_services, *m_panes, *m_spooNet);
     m_edges = new ActiveEdges(form, m_state, m_services);
     m_colors = new ColorConfig(form, m_services, *m_portfolios);
@@ -107,7 +120,7 @@ Session::~Session() = default;
 
 void Session::ConnectPortal() {
     if (m_setup.web == WebMode::Live) {
-        m_live = std::make_unique<LiveQuotes>(m_setup.sites, m_setup.texts, m_setup.sources,
+        m_live = std::make_unique<LiveQuotes>(m_setup.tables.sites, m_setup.texts, m_setup.sources,
                                               m_setup.clock);
         m_web->SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
                                     WebAccess::PortalReply reply) {
@@ -138,6 +151,8 @@ void Session::Connect() {
 }
 
 void Session::ConnectTools() {
+    connect(m_userSites.get(), &UserSites::Changed, this, &Session::LeadAddresses);
+    connect(m_userSites.get(), &UserSites::ProblemsFound, this, &Session::TellOfTables);
     connect(m_dispatch, &LinkDispatch::NavigateRequested, m_navigate, &SmartNavigate::Show);
     connect(m_dispatch, &LinkDispatch::SetupRequested, m_setupDialog, &Setup::Show);
     connect(m_dispatch, &LinkDispatch::AlertsStarted, m_timers, &Timers::StartAlerts);
@@ -145,6 +160,23 @@ void Session::ConnectTools() {
     connect(m_setupDialog, &Setup::Closed, m_colors, &ColorConfig::Apply);
     connect(m_setupDialog, &Setup::HelpRequested, m_help, &Help::Open);
     connect(m_setupDialog, &Setup::ReportRequested, m_help, &Help::Report);
+}
+
+void Session::LeadAddresses() {
+    if (m_setup.web == WebMode::Live)
+        m_web->SetResolver(MakeResolver(m_setup.tables));
+}
+
+// The status line says it at once, and once more when the page that is loading has had its say.
+void Session::TellOfTables() {
+    const QString text = TextOfProblems(m_userSites->Problems());
+    if (text.isEmpty())
+        return;
+    m_panes->ShowStatus(text);
+    if (m_form->Web->Busy())
+        connect(
+            m_form->Web, &BrowserPane::DocumentComplete, m_panes,
+            [this, text] { m_panes->ShowStatus(text); }, Qt::SingleShotConnection);
 }
 
 void Session::Start() {
@@ -179,6 +211,7 @@ void Session::Start() {
     // The first page does not wait for the lists of the menus.
     QTimer::singleShot(0, m_lists, [this] { FillServerLists(); });
     ReportDamagedSettings();
+    TellOfTables();
 }
 
 void Session::ApplyProxy() {
@@ -239,7 +272,7 @@ void Session::CheckClub() {
     if (!m_state.clubMember)
         return;
     const QPointer<frmMain> alive(m_form.get());
-    const QString members = ToQt(m_setup.sites.Address("club_members", "/members/"));
+    const QString members = ToQt(m_setup.tables.sites.Address("club_members", "/members/"));
     m_form->Web->Navigate(members);
     m_form->Web->WaitWhileBusy();
     if (!alive)
@@ -262,7 +295,7 @@ void Session::ChooseFirstPage() {
     if (page.isEmpty()) {
         if (!m_state.clubMember)
             m_form->Web->Navigate(
-                ToQt(m_setup.sites.Address("quote_server", DetailedIndexQuery())));
+                ToQt(m_setup.tables.sites.Address("quote_server", DetailedIndexQuery())));
         return;
     }
     if (page.startsWith(u'B')) {

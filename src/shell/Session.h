@@ -1,10 +1,10 @@
 #pragma once
 
-#include "links/menu_table.h"
 #include "shell/CommandLine.h"
 #include "shell/Folders.h"
 #include "shell/MainState.h"
 #include "shell/Services.h"
+#include "shell/Tables.h"
 #include "webdata/WebAccess.h"
 #include "webdata/source_table.h"
 
@@ -44,21 +44,20 @@ class TickerStrip;
 class Timers;
 class TransferControl;
 class TransferPool;
+class UserSites;
 class WatchWindows;
 
 /// What a session is started with.
 struct SessionSetup {
     Folders folders;
     WebMode web = WebMode::Direct;
-    SiteTable sites;
-    MenuTable menus;
+    Tables& tables; ///< change when the user's own table of sites does
     /// The built-in portal of the sample mode.
     WebAccess::PortalFunction portal;
     Prompts& prompts;
     const Clock& clock;
-    /// Only the live mode has these: what leads addresses to today's, where quotes come from, and
-    /// the pages that its portal hands out as they are.
-    WebAccess::Resolver resolver = nullptr;
+    /// Only the live mode has these: where quotes come from, and the pages that its portal hands
+    /// out as they are.
     SourceTable sources = {};
     PortalTexts texts = {};
 };
@@ -94,11 +93,14 @@ public:
     ActiveEdges& Edges() { return *m_edges; }
     Timers& ClubAndRefresh() { return *m_timers; }
     ServerLists& Lists() { return *m_lists; }
+    UserSites& OwnSites() { return *m_userSites; }
 
 private:
     void ConnectPortal();
     void Connect();
     void ConnectTools();
+    void LeadAddresses();
+    void TellOfTables();
     void ApplyProxy();
     void RestoreWindow();
     void ShowPortfolioLabels();
@@ -118,6 +120,7 @@ private:
     void SaveWindow();
 
     SessionSetup m_setup;
+    std::unique_ptr<UserSites> m_userSites;
     SettingsStore m_settings;
     Services m_services;
     MainState m_state;

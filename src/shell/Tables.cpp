@@ -21,13 +21,15 @@ std::string ReadTable(const std::filesystem::path& path) {
 
 Tables Tables::Read(const Folders& folders, const QString& sitesFile) {
     Tables tables;
-    const std::filesystem::path sites =
-        sitesFile.isEmpty() ? folders.data / "sites.toml" : ToPath(sitesFile);
+    const std::filesystem::path shipped = folders.data / "sites.toml";
+    const std::filesystem::path sites = sitesFile.isEmpty() ? shipped : ToPath(sitesFile);
     const std::string text = ReadTable(sites);
     tables.sites = SiteTable::Parse(text, sites.string());
     tables.today = ReadTodayTable(text, sites.string());
     for (const std::string& problem : tables.today.problems)
         std::fprintf(stderr, "tallowmere: %s\n", problem.c_str());
+    if (!sitesFile.isEmpty())
+        tables.earlier.push_back(SiteTable::Parse(ReadTable(shipped), shipped.string()));
     const std::filesystem::path menus = folders.data / "menus.toml";
     tables.menus = MenuTable::Parse(ReadTable(menus), menus.string());
     return tables;
@@ -46,7 +48,8 @@ SourceTable ReadSources(const Folders& folders) {
 }
 
 WebAccess::Resolver MakeResolver(const Tables& tables) {
-    auto resolver = std::make_shared<SiteResolver>(tables.sites, tables.menus, tables.today);
+    auto resolver =
+        std::make_shared<SiteResolver>(tables.sites, tables.menus, tables.today, tables.earlier);
     return [resolver = std::move(resolver)](const std::string& address, AddressUse use) {
         return resolver->Resolve(address, use).value_or(address);
     };

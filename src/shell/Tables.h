@@ -9,11 +9,13 @@
 
 namespace tallowmere {
 
-/// The tables that the program reads at its start: where sites lie, and where they lead today.
+/// The tables that the program reads: where sites lie, and where they lead today.
 struct Tables {
     SiteTable sites;
     MenuTable menus;
     TodayTable today;
+    /// Others whose hosts stored addresses may hold.
+    std::vector<SiteTable> earlier;
 
     /// Reads the tables that ship with the program, or `sitesFile` for the sites. Rows of today's
     /// addresses that are wrong are left out and told on standard error. Throws RuntimeError

@@ -23,6 +23,9 @@ public:
     /// There is an answer to anything; `today` dates the pages.
     PortalAnswer Answer(std::string_view host, std::string_view pathAndQuery, Date today) const;
 
+    /// To be called when the table of sites changed.
+    void SitesChanged() { m_matcher = AddressMatcher(m_sites); }
+
 private:
     std::string Page(const MarketView& market, const PortalRequest& request) const;
     std::string CatalogueAnswer(const MarketView& market, const PortalRequest& request) const;

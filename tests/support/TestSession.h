@@ -22,10 +22,10 @@ public:
     TestPrompts prompts;
     TestClock clock;
     std::string programs; ///< further text of the table of sites
+    std::string today;    ///< the tables [links] and [menus] of the table of sites
     MenuTable menus;      ///< where the fixed items of the site menus lead; nowhere at first
     QStringList asked;    ///< addresses that the portal was asked for
     /// What a session in live mode works with besides.
-    WebAccess::Resolver resolver;
     SourceTable sources;
     PortalTexts portalTexts;
     /// What the built-in portal answers; a plain page unless the test says otherwise.
@@ -46,15 +46,16 @@ public:
         folders.settingsFile = Folder() / "settings.ini";
         folders.programFolder = Folder();
         folders.engine = Folder() / "engine";
+        folders.tables = Folder();
         const auto answer = [this](const std::string& host, const std::string& path) {
             asked << ToQt(host + path);
             return portal(host, path);
         };
-        m_session.reset(new Session(
-            {folders, m_mode,
-             SiteTable::Parse("[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs,
-                              "sites.toml"),
-             menus, answer, prompts, clock, resolver, sources, portalTexts}));
+        const std::string sites = "[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs;
+        m_tables = {
+            SiteTable::Parse(sites, "sites.toml"), menus, ReadTodayTable(today, "sites.toml"), {}};
+        m_session.reset(
+            new Session({folders, m_mode, m_tables, answer, prompts, clock, sources, portalTexts}));
         m_session->Start();
         return *m_session;
     }
@@ -91,6 +92,7 @@ private:
     QString m_host;
     WebMode m_mode;
     SettingsStore m_settings;
+    Tables m_tables;
     std::unique_ptr<Session> m_session;
 };
 

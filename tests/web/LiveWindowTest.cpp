@@ -1,6 +1,5 @@
 #include "links/BrowserPane.h"
 #include "market/IndexStrip.h"
-#include "shell/Tables.h"
 #include "support/StandIns.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -35,10 +34,7 @@ public:
     LiveWindow() : TestSession(u"h.example"_s, WebMode::Live) {
         Store("First", "OK");
         Store("Stocks1", "MSFT|");
-        Tables tables;
-        tables.sites = SiteTable::Parse("[hosts]\ndefault = \"h.example\"\n", "sites.toml");
-        tables.today = ReadTodayTable(kToday, "sites.toml");
-        resolver = MakeResolver(tables);
+        today = kToday;
     }
 
     void Open(int timeout = 10) {
