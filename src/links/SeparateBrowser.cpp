@@ -32,8 +32,9 @@ bool Start(QStringList command) {
 
 } // namespace
 
-SeparateBrowser::SeparateBrowser(const SiteTable& sites, Prompts& prompts, QObject* parent)
-    : QObject(parent), m_sites(sites), m_prompts(prompts) {}
+SeparateBrowser::SeparateBrowser(const SiteTable& sites, const WebAccess& access, Prompts& prompts,
+                                 QObject* parent)
+    : QObject(parent), m_sites(sites), m_access(access), m_prompts(prompts) {}
 
 bool SeparateBrowser::StartOrOpen(std::string_view program, const QUrl& url) const {
     const QString text = QString::fromStdString(std::string(m_sites.Program(program)));
@@ -49,7 +50,7 @@ void SeparateBrowser::Open(const QString& address) {
         m_prompts.Message(
             tr("Only pages of the web open in a separate browser, not %1").arg(address),
             MessageTitle());
-    else if (!StartOrOpen("browser", url))
+    else if (!StartOrOpen("browser", m_access.ResolveOutside(url)))
         m_prompts.Message(tr("No browser could be started for %1").arg(address), MessageTitle());
 }
 

@@ -81,7 +81,7 @@ Session::Session(SessionSetup setup)
       m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
     LeadAddresses();
     frmMain& form = *m_form;
-    m_outside = new SeparateBrowser(m_setup.tables.sites, m_setup.prompts, &form);
+    m_outside = new SeparateBrowser(m_setup.tables.sites, *m_web, m_setup.prompts, &form);
     m_panes = new PaneDeck(form, m_state, m_services, *m_outside);
     m_portfolios = new Portfolios(form, m_state, m_services);
     m_tickers = new TickerBox(form, m_state, m_services, *m_portfolios);

@@ -52,6 +52,12 @@ std::optional<QUrl> WebAccess::Resolve(const QUrl& url, AddressUse use) const {
     return QUrl(QString::fromStdString(standIn));
 }
 
+QUrl WebAccess::ResolveOutside(const QUrl& url) const {
+    if (m_mode != WebMode::Live)
+        return url;
+    return Resolve(url, AddressUse::Outside).value_or(url);
+}
+
 void WebAccess::Ask(const QUrl& portalUrl, PortalReply reply) const {
     if (!m_portal) {
         reply({});

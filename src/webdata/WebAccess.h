@@ -42,6 +42,10 @@ public:
     /// mode every such address leads to the portal.
     std::optional<QUrl> Resolve(const QUrl& url, AddressUse use) const;
 
+    /// Where a browser outside of the program goes for an http(s) address: in live mode to today's,
+    /// never to the portal.
+    QUrl ResolveOutside(const QUrl& url) const;
+
     /// Asks the portal for an address of its scheme. `reply` is called once, at once or later, and
     /// sees to it itself that whom it answers is still there.
     void Ask(const QUrl& portalUrl, PortalReply reply) const;

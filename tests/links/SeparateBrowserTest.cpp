@@ -1,6 +1,8 @@
 #include "links/SeparateBrowser.h"
 
+#include "links/site_resolver.h"
 #include "support/TestPrompts.h"
+#include "webdata/WebAccess.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -40,7 +42,8 @@ struct Bench {
     QTemporaryDir folder;
     TestPrompts prompts;
     SiteTable table;
-    SeparateBrowser outside{table, prompts};
+    WebAccess access{WebMode::Direct};
+    SeparateBrowser outside{table, access, prompts};
 };
 
 } // namespace
@@ -92,6 +95,43 @@ private Q_SLOTS:
         QVERIFY(m_onDesktop.isEmpty());
         bench.outside.Open(u"q.example"_s);
         QTRY_COMPARE(bench.Called(u"browser"_s), u"http://q.example\n"_s);
+    }
+
+    void InLiveModeTodaysPageOpens_data() {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("opened");
+        QTest::newRow("a link") << u"q.example/q?s=brk.b&d=2b"_s
+                                << u"https://today.example/BRK-B"_s;
+        QTest::newRow("one that only the portal answers, for a ticker")
+            << u"q.example/cgi-bin/AW/DoInquiry.zcom?ticker=MSFT&type=100"_s
+            << u"https://quotes.example/MSFT"_s;
+        QTest::newRow("one that only the portal answers, without a ticker")
+            << u"http://q.example/q?s=^nya+^spc+^oex+^tyx+^dji+^ixic&d=t"_s
+            << u"https://markets.example/"_s;
+        QTest::newRow("what is no page of ours") << u"https://elsewhere.example/q?s=a&d=2b"_s
+                                                 << u"https://elsewhere.example/q?s=a&d=2b"_s;
+    }
+
+    void InLiveModeTodaysPageOpens() {
+        QFETCH(QString, address);
+        const SiteTable sites =
+            SiteTable::Parse("[hosts]\ndefault = \"q.example\"\n", "sites.toml");
+        const TodayTable today = ReadTodayTable("[links]\n"
+                                                "3 = \"https://today.example/{yahoo}\"\n"
+                                                "15 = \"portal:\"\n"
+                                                "index_page = \"portal:\"\n"
+                                                "quote_page = \"https://quotes.example/{upper}\"\n"
+                                                "outside = \"https://markets.example/\"\n",
+                                                "sites.toml");
+        Bench bench;
+        WebAccess live(WebMode::Live);
+        const SiteResolver resolver(sites, {}, today);
+        live.SetResolver([&](const std::string& built, AddressUse use) {
+            return resolver.Resolve(built, use).value_or(built);
+        });
+        SeparateBrowser(bench.table, live, bench.prompts).Open(address);
+        QTEST(m_onDesktop.value(0), "opened");
+        QVERIFY(bench.prompts.messages.isEmpty());
     }
 
     void AProgramThatDoesNotStartIsReported() {

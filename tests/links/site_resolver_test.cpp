@@ -142,6 +142,25 @@ TEST(SiteResolver, SendsToThePortalWhatItAnswers) {
               "https://finance.yahoo.com/quote/MSFT/");
 }
 
+TEST(SiteResolver, SendsABrowserOutsideToThePortalsLike) {
+    const Fixture f;
+    const auto outside = [&](std::string_view address) {
+        return f.resolver.Resolve(address, AddressUse::Outside).value_or("none");
+    };
+    EXPECT_EQ(outside("quote.yahoo.com/q?s=msft&d=2b"), "https://finance.yahoo.com/quote/MSFT/");
+    EXPECT_EQ(outside(f.sites.Address("quote_server", DetailedIndexQuery())),
+              "https://finance.yahoo.com/markets/world-indices/");
+    EXPECT_EQ(outside("https://example.org/"), "none");
+
+    const TodayTable portalOnly =
+        ReadTodayTable("[links]\n3 = \"portal:\"\nindex_page = \"portal:\"\n"
+                       "quote_page = \"portal:\"\n",
+                       "mine.toml");
+    const SiteResolver resolver(f.sites, f.menus, portalOnly);
+    EXPECT_EQ(resolver.Resolve("quote.yahoo.com/q?s=msft&d=2b", AddressUse::Outside), std::nullopt)
+        << "without a page that is like it the address goes as it stands";
+}
+
 TEST(SiteResolver, SendsNoPasswordToAnotherSite) {
     const Fixture f;
     const std::string page = f.Page(StreamingPortfolioAddress("me", "secret&{upper}?#", f.sites));
