@@ -102,7 +102,7 @@ StandIns::StandIns() {
     for (std::size_t i = 0; i < kHosts; ++i)
         m_ports[i] = self.m_servers[i].serverPort();
     auto& servers = *this;
-    servers[Cnbc].Serve(u"/quotes"_s, Json(CnbcBody(PriceOf(Cnbc))));
+    SetCnbcPrice(PriceOf(Cnbc));
     servers[Yahoo].Serve(u"/spark"_s, Json(SparkBody(PriceOf(Yahoo))));
     servers[Nasdaq].Serve(u"/watchlist"_s, Json(NasdaqBody(PriceOf(Nasdaq))));
     servers[Treasury].Serve(
@@ -119,6 +119,10 @@ StandIns::StandIns() {
             servers[Fred].Serve(u"/series?id=%1"_s.arg(QString::fromStdString(*s)),
                                 Csv(FredBody(QByteArray::fromStdString(*s), PriceOf(Fred))));
     }
+}
+
+void StandIns::SetCnbcPrice(double price) {
+    (*this)[Cnbc].Serve(u"/quotes"_s, Json(CnbcBody(price)));
 }
 
 void StandIns::Answer(Host host, const CannedPage& page) {

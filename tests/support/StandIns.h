@@ -6,7 +6,8 @@
 namespace tallowmere {
 
 /// Loopback servers in place of the sources that ship with the program, one for each host. Every
-/// server answers in the shape of its source, with one price for whatever it is asked for.
+/// server answers in the shape of its source about the six indices, MSFT, AOL and YHOO, with one
+/// price for all of them.
 class StandIns {
 public:
     static constexpr int kHosts = 6;
@@ -16,8 +17,10 @@ public:
 
     LoopbackServer& operator[](Host host) { return m_servers.at(static_cast<std::size_t>(host)); }
 
-    /// The price that a host says; the day before it was one less.
+    /// The price that a host says at first; the day before it was one less.
     static double PriceOf(Host host) { return 1111.25 * (1 + host); }
+    /// Lets CNBC's service say another price.
+    void SetCnbcPrice(double price);
 
     /// Answers every address of a host with `page` from now on.
     void Answer(Host host, const CannedPage& page);
