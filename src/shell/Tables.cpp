@@ -40,8 +40,13 @@ SourceTable ReadSources(const Folders& folders) {
     SourceTable table = ReadSourceTable(ReadTable(shipped), shipped.string());
     const std::filesystem::path own = folders.tables / "sources.toml";
     std::error_code error;
-    if (std::filesystem::exists(own, error))
-        table = ReadSourceTable(ReadTable(own), own.string(), std::move(table));
+    if (std::filesystem::exists(own, error)) {
+        try {
+            table = ReadSourceTable(ReadTable(own), own.string(), std::move(table));
+        } catch (const RuntimeError& unreadable) {
+            table.problems.emplace_back(unreadable.what());
+        }
+    }
     for (const std::string& problem : table.problems)
         std::fprintf(stderr, "tallowmere: %s\n", problem.c_str());
     return table;

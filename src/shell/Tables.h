@@ -24,7 +24,8 @@ struct Tables {
 };
 
 /// The sources of quotes: the table that ships, with the user's own `sources.toml` over it. What
-/// is wrong in them is left out and told on standard error. Throws as Tables::Read.
+/// is wrong in them is left out and told on standard error. Throws RuntimeError when the shipped
+/// one cannot be read.
 SourceTable ReadSources(const Folders& folders);
 
 /// The text of a file that has to be there. Throws RuntimeError naming it when it cannot be read.

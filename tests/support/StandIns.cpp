@@ -39,15 +39,6 @@ QByteArray Days(double price, const QByteArray& between) {
     return times.join(',') + between + closes.join(',');
 }
 
-QByteArray CnbcBody(double price) {
-    return R"({"FormattedQuoteResult":{"FormattedQuote":[)" +
-           Rows(Dialect::Cnbc,
-                R"({"symbol":"{symbol}","code":0,"name":"Name of {symbol}","last":")" +
-                    Number(price) + R"(","change":"+1.00","last_time":"2026-11-20T16:00:00-0500"})",
-                ",") +
-           "]}}";
-}
-
 QByteArray SparkBody(double price) {
     return "{" +
            Rows(Dialect::Yahoo,
@@ -121,8 +112,20 @@ StandIns::StandIns() {
     }
 }
 
+CannedPage StandIns::CnbcAnswer(const QByteArrayList& symbols, double price) {
+    QByteArrayList rows;
+    for (const QByteArray& symbol : symbols)
+        rows << R"({"symbol":")" + symbol + R"(","code":0,"name":"Name of )" + symbol +
+                    R"(","last":")" + Number(price) +
+                    R"(","change":"+1.00","last_time":"2026-11-20T16:00:00-0500"})";
+    return Json(R"({"FormattedQuoteResult":{"FormattedQuote":[)" + rows.join(',') + "]}}");
+}
+
 void StandIns::SetCnbcPrice(double price) {
-    (*this)[Cnbc].Serve(u"/quotes"_s, Json(CnbcBody(price)));
+    QByteArrayList symbols;
+    for (const char* symbol : kSymbols)
+        symbols << QByteArray::fromStdString(*ToDialect(symbol, Dialect::Cnbc));
+    (*this)[Cnbc].Serve(u"/quotes"_s, CnbcAnswer(symbols, price));
 }
 
 void StandIns::Answer(Host host, const CannedPage& page) {

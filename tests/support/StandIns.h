@@ -19,6 +19,8 @@ public:
 
     /// The price that a host says at first; the day before it was one less.
     static double PriceOf(Host host) { return 1111.25 * (1 + host); }
+    /// An answer of CNBC's service about symbols in its spelling.
+    static CannedPage CnbcAnswer(const QByteArrayList& symbols, double price);
     /// Lets CNBC's service say another price.
     void SetCnbcPrice(double price);
 
