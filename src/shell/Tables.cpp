@@ -42,7 +42,8 @@ SourceTable ReadSources(const Folders& folders) {
     std::error_code error;
     if (std::filesystem::exists(own, error)) {
         try {
-            table = ReadSourceTable(ReadTable(own), own.string(), std::move(table));
+            const std::string text = ReadTable(own);
+            table = ReadSourceTable(text, own.string(), std::move(table));
         } catch (const RuntimeError& unreadable) {
             table.problems.emplace_back(unreadable.what());
         }
