@@ -5,6 +5,8 @@
 #include "forms/frmMain.h"
 #include "links/LinkDispatch.h"
 #include "links/LinkPanel.h"
+#include "links/before_navigate.h"
+#include "links/chart_page.h"
 #include "market/timers.h"
 #include "shell/QtText.h"
 #include "text/bytes.h"
@@ -38,6 +40,7 @@ MultiLinks::MultiLinks(frmMain& form, MainState& state, const Services& services
     Timer4.setInterval(kBlinkInterval);
     connect(&Timer4, &QTimer::timeout, this, &MultiLinks::Blink);
     connect(&dispatch, &LinkDispatch::RecordingToggled, this, &MultiLinks::Toggle);
+    connect(&dispatch, &LinkDispatch::MultiLinkRequested, this, &MultiLinks::ShowStored);
 }
 
 void MultiLinks::Toggle() {
@@ -86,7 +89,7 @@ void MultiLinks::Finish() {
     if (std::exchange(m_state.multiLinkPending, false))
         StorePage(page);
     else if (Contains(page, kFrame))
-        m_dispatch.ShowGenerated(std::string(kDisplayPage), page);
+        Show(page);
 }
 
 void MultiLinks::RestoreColors() {
@@ -110,6 +113,28 @@ void MultiLinks::StorePage(std::string page) {
         return;
     }
     WriteWholeFile(m_services.programFolder / ToPath(ToQt(*name)), page.append(kLineEnd));
+}
+
+void MultiLinks::ShowStored(const QString& address) {
+    const auto name = StoredPageName(FromQt(address));
+    if (!name)
+        return;
+    const std::string page = ReadWholeFile(m_services.programFolder / ToPath(ToQt(*name)));
+    if (!page.empty())
+        Show(page);
+}
+
+// A chart page lies in the program folder for one ticker at a time, so one that was recorded is
+// made anew. Without a ticker a page keeps its placeholders.
+void MultiLinks::Show(std::string_view page) {
+    const TickerForms forms = m_dispatch.CurrentForms().value_or(PlaceholderForms());
+    for (const auto& [file, makePage] :
+         {std::pair{kSmallChartsFile, &SmallChartsPage}, {kLargeChartsFile, &LargeChartsPage}}) {
+        const std::filesystem::path path = m_services.programFolder / file;
+        if (Contains(page, MultiLinkFrame(FromQt(PathToQt(path)))))
+            WriteWholeFile(path, makePage(forms, m_services.sites));
+    }
+    m_dispatch.ShowGenerated(kDisplayPage, ExpandMultiLink(page, forms));
 }
 
 } // namespace tallowmere

@@ -13,7 +13,8 @@ class frmMain;
 class LinkDispatch;
 class LinkPanel;
 
-/// Records several links as one page: link 211 starts it and, blinking, ends it.
+/// Records several links as one page: link 211 starts it and, blinking, ends it. Shows what was
+/// recorded for the selected ticker, at once or, from a stored page, later.
 class MultiLinks : public QObject {
     Q_OBJECT
 public:
@@ -32,6 +33,8 @@ private:
     void Blink();
     void RestoreColors();
     void StorePage(std::string page);
+    void ShowStored(const QString& address);
+    void Show(std::string_view page);
 
     frmMain& m_form;
     MainState& m_state;

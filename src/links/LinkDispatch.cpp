@@ -123,10 +123,10 @@ void LinkDispatch::Run(const LinkRow& row, const TickerForms& forms) {
         FindHomePage(row, forms);
         break;
     case LinkAction::SmallCharts:
-        ShowGenerated("ycs.htm", SmallChartsPage(forms, m_services.sites));
+        ShowGenerated(kSmallChartsFile, SmallChartsPage(forms, m_services.sites));
         break;
     case LinkAction::LargeCharts:
-        ShowGenerated("ycl.htm", LargeChartsPage(forms, m_services.sites));
+        ShowGenerated(kLargeChartsFile, LargeChartsPage(forms, m_services.sites));
         break;
     case LinkAction::StreamingPortfolio:
         LoadStreamingPortfolio();
@@ -263,7 +263,7 @@ void LinkDispatch::StartWatch() {
     Q_EMIT WatchRequested(m_state.lastTicker + u"|"_s + m_state.lastAddress);
 }
 
-void LinkDispatch::ShowGenerated(const std::string& name, std::string_view page) {
+void LinkDispatch::ShowGenerated(std::string_view name, std::string_view page) {
     const std::filesystem::path path = m_services.programFolder / name;
     WriteWholeFile(path, page);
     m_panes.Navigate(PathToQt(path));
@@ -287,20 +287,11 @@ void LinkDispatch::RunCustom(int index) {
     if (forms)
         Remember(Catalogue()[static_cast<std::size_t>(index)]);
     if (multiLink)
-        ShowMultiLink(ToQt(address), *forms);
+        Q_EMIT MultiLinkRequested(ToQt(address));
     else if (HoldsPlaceholder(address))
         m_panes.Navigate(ToQt(ExpandPlaceholders(address, *forms)));
     else
         m_panes.Navigate(ToQt(address));
-}
-
-void LinkDispatch::ShowMultiLink(const QString& target, const TickerForms& forms) {
-    const std::optional<std::string> name = StoredPageName(FromQt(target));
-    if (!name)
-        return;
-    const std::string page = ReadWholeFile(m_services.programFolder / ToPath(ToQt(*name)));
-    if (!page.empty())
-        ShowGenerated(std::string(kDisplayPage), ExpandMultiLink(page, forms));
 }
 
 } // namespace tallowmere

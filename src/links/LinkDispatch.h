@@ -26,7 +26,7 @@ public:
     void Click(int index);
 
     /// Puts a page that the program made into its folder and shows it in `Web`.
-    void ShowGenerated(const std::string& name, std::string_view page);
+    void ShowGenerated(std::string_view name, std::string_view page);
 
     /// The forms in which addresses take the selected ticker, or the placeholder words while a
     /// multi-link is recorded; none without a selected ticker.
@@ -37,6 +37,8 @@ Q_SIGNALS:
     void EditorRequested(int slot);
     void PortfolioMenuRequested();
     void RecordingToggled();
+    /// One of the user's own links with such an address was clicked, and a ticker is selected.
+    void MultiLinkRequested(const QString& address);
     void WatchRequested(const QString& target);
     void RemindersRequested();
     void SetupRequested();
@@ -56,7 +58,6 @@ private:
     void LoadAlerts(const LinkRow& row);
     void FindHomePage(const LinkRow& row, const TickerForms& forms);
     void StartWatch();
-    void ShowMultiLink(const QString& target, const TickerForms& forms);
     void Remember(const LinkRow& row);
     void AskForTicker(const QString& text);
 

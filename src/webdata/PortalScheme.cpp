@@ -32,6 +32,19 @@ QByteArray PageType(const QByteArray& body) {
     return decoder.hasError() ? "text/html; charset=windows-1252" : "text/html; charset=utf-8";
 }
 
+/// The web address that stands behind the host of the pages. The frames of a multi-link hold
+/// addresses as they were built, many without a scheme, which the engine takes for pages beside
+/// their own.
+std::optional<QUrl> AddressBehind(const QUrl& page) {
+    const QByteArray address =
+        page.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment).mid(1);
+    const auto hostEnd = address.indexOf('/');
+    if (hostEnd < 0 || !address.left(hostEnd).contains('.'))
+        return {};
+    const QUrl url = QUrl::fromEncoded("http://" + address);
+    return url.isValid() ? std::optional(url) : std::nullopt;
+}
+
 } // namespace
 
 PortalScheme::PortalScheme(const WebAccess& access, QString programFolder, QObject* parent)
@@ -89,10 +102,17 @@ void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
         job->fail(QWebEngineUrlRequestJob::RequestDenied);
         return;
     }
-    const QString name = job->requestUrl().path(QUrl::FullyDecoded).mid(1);
-    QFile file(m_programFolder + u'/' + name);
-    if (!IsGeneratedPageName(name.toStdString()) || !file.open(QIODevice::ReadOnly)) {
-        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    const std::string path = job->requestUrl().path(QUrl::FullyDecoded).toStdString();
+    // Pages name each other by where they lie on disk, too.
+    std::string_view name = GeneratedPageIn(m_programFolder.toStdString(), path);
+    if (name.empty())
+        name = std::string_view(path).substr(1);
+    QFile file(m_programFolder + u'/' + QString::fromUtf8(name));
+    if (!IsGeneratedPageName(name) || !file.open(QIODevice::ReadOnly)) {
+        if (const auto address = AddressBehind(job->requestUrl()))
+            job->redirect(*address);
+        else
+            job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
     const QByteArray body = file.readAll();

@@ -3,6 +3,7 @@
 #include "links/BrowserPane.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
+#include "text/bytes.h"
 #include "text/files.h"
 
 #include <QProxyStyle>
@@ -128,11 +129,41 @@ private Q_SLOTS:
         QVERIFY(!Exists(session, "multiweb.html"));
         session.ClickLink(kRecord);
         QCOMPARE(File(session, "multiweb.html"),
-                 kHead + Frame("h.example/q?s=LCASETICK&d=2b") +
-                     Frame("h.example/p/LEFTONE/LCASETICK.html") +
-                     Frame("http://h.example/a b%02?s=UCASETICK&x=%26q%3d ") + kTail);
+                 kHead + Frame("h.example/q?s=msft&d=2b") + Frame("h.example/p/m/msft.html") +
+                     Frame("http://h.example/a b%02?s=MSFT&x=%26q%3d ") + kTail);
         QTRY_COMPARE(session.Form().Web->LocationURL(), DisplayPage(session));
         QVERIFY(!session->State().templateMode);
+    }
+
+    void WhatIsRecordedWithoutATickerKeepsItsPlaceholders() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Start();
+        for (const int link : {kRecord, 3, kRecord})
+            session.ClickLink(link);
+        QCOMPARE(File(session, "multiweb.html"),
+                 kHead + Frame("h.example/q?s=LCASETICK&d=2b") + kTail);
+        QCOMPARE(session.prompts.messages, QStringList());
+    }
+
+    void ARecordedChartPageIsMadeForTheTickerThatItIsShownFor() {
+        TestSession session;
+        Prepare(session);
+        session.Start();
+        StartFromEditor(session, 110, u"Charts"_s);
+        session.ClickLink(6);
+        session.ClickLink(175);
+        session.ClickLink(kRecord);
+        const std::string frames = Frame((session.Folder() / "ycs.htm").string()) +
+                                   Frame((session.Folder() / "ycl.htm").string());
+        QCOMPARE(File(session, "Charts.mlnk"), kHead + frames + kTail + "\r\n");
+        session.Form().List1->SetListIndex(1);
+        session.ClickLink(110);
+        QCOMPARE(File(session, "multiweb.html"), kHead + frames + kTail + "\r\n");
+        for (const char* page : {"ycs.htm", "ycl.htm"}) {
+            QVERIFY(Contains(File(session, page), "h.example/q?s=IBM.X&amp;d=1d"));
+            QVERIFY(!Contains(File(session, page), "CASETICK"));
+        }
     }
 
     void NothingRecordedShowsNothing() {

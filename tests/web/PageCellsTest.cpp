@@ -86,6 +86,35 @@ private Q_SLOTS:
         QVERIFY(!bench.Column());
     }
 
+    void AddressesWithoutASchemeAreFramedToo() {
+        Bench bench;
+        const std::string host = FromQt(bench.server.Address({}));
+        WriteWholeFile(bench.session.Folder() / "Pages.mlnk",
+                       MultiLinkFrame(host + "/open?s=LCASETICK") + MultiLinkFrame(host + "/a b"));
+        bench.session.ClickLink(kSlot);
+        QTRY_COMPARE_WITH_TIMEOUT(bench.server.CountOf(u"/open?s=msft"_s), 1, kPatience);
+        QTRY_COMPARE_WITH_TIMEOUT(bench.server.CountOf(u"/a%20b"_s), 1, kPatience);
+        QTRY_VERIFY_WITH_TIMEOUT(!bench.Web().Busy(), kPatience);
+        QVERIFY(!bench.Column());
+    }
+
+    void WhatTheLinksRecordIsFramedAsTheyBuildIt() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "MSFT|");
+        session.Start();
+        constexpr int kRecord = 211;
+        constexpr int kQuote = 3;
+        constexpr int kSmallCharts = 6;
+        for (const int link : {kRecord, kQuote, kSmallCharts, kRecord})
+            session.ClickLink(link);
+        for (const QString& address : {u"h.example/q?s=msft&d=2b"_s, u"h.example/t?s=msft"_s})
+            QTRY_VERIFY2_WITH_TIMEOUT(session.asked.contains(address), qPrintable(address),
+                                      kPatience);
+        QTRY_VERIFY_WITH_TIMEOUT(!session.Form().Web->Busy(), kPatience);
+        QVERIFY(!session.Form().findChild<PageCells*>()->Column());
+    }
+
     void APageThatRefusesFramesIsSeenInItsCell_data() {
         QTest::addColumn<QString>("path");
         QTest::newRow("X-Frame-Options") << u"/deny?s=UCASETICK"_s;
