@@ -17,6 +17,8 @@
 
 namespace tallowmere {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDate ToQt(Date day) {
@@ -106,9 +108,14 @@ void DailyReminders::SetRemind() {
 
 void DailyReminders::StoreText() {
     const std::string text = ReplaceAll(FromQt(m_dialog->Text1->toPlainText()), "\n", "\r\n");
+    const std::string_view trimmed = Trim(text);
+    std::string expected = WithoutShownDay();
+    if (!trimmed.empty())
+        expected += NoteRecord(DayKey(FromQt(m_day)), trimmed);
     Notes("REMOVE");
-    Notes("SET", Trim(text));
+    Notes("SET", trimmed);
     m_isChanged = false;
+    Expect(expected);
 }
 
 void DailyReminders::ShowDay(const QDate& day) {
@@ -142,14 +149,31 @@ void DailyReminders::ChooseLine() {
 
 void DailyReminders::ClearAll() {
     Notes("KILL");
+    Expect({});
     m_dialog->Text1->clear();
     GetAppts();
 }
 
 void DailyReminders::ClearCurrent() {
+    const std::string expected = WithoutShownDay();
     Notes("REMOVE");
+    Expect(expected);
     m_dialog->Text1->clear();
     GetAppts();
+}
+
+std::string DailyReminders::WithoutShownDay() const {
+    const std::string content = Content();
+    return RemoveNote(content, DayKey(FromQt(m_day))).value_or(content);
+}
+
+// The store says nothing of what it could not write.
+void DailyReminders::Expect(std::string_view content) const {
+    if (Content() != content)
+        m_services.prompts.Message(
+            u"The reminders could not be saved. The disk may be full, or their file not be "
+            "writable."_s,
+            MessageTitle());
 }
 
 /// Performs an operation on the record of the shown day.

@@ -45,6 +45,10 @@ private:
     void ClearCurrent();
     std::string Notes(std::string_view operation, std::string_view text = {}) const;
     std::string Content() const;
+    /// The content of the store once the shown day has no record.
+    std::string WithoutShownDay() const;
+    /// Tells the user when the store does not hold what it should by now.
+    void Expect(std::string_view content) const;
 
     frmMain& m_form;
     Services m_services;

@@ -98,6 +98,8 @@ std::string SummaryCount(std::size_t count) {
 ReminderSummary Summarize(std::string_view content) {
     ReminderSummary summary;
     for (const Reminder& reminder : ReadReminders(content)) {
+        if (reminder.text.empty())
+            continue;
         summary.lines.push_back(SummaryLine(reminder));
         summary.days.push_back(DayOfKey(reminder.key));
     }

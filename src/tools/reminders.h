@@ -42,12 +42,12 @@ std::string SummaryCount(std::size_t count);
 
 /// What the summary shows.
 struct ReminderSummary {
-    std::vector<std::string> lines;        ///< one per record, or the line that there are none
+    std::vector<std::string> lines;        ///< one per reminder, or the line that there are none
     std::vector<std::optional<Date>> days; ///< the day that a click on each line chooses
     std::string count;
 };
 
-/// The summary of a store.
+/// The summary of a store. A record without a text is no reminder.
 ReminderSummary Summarize(std::string_view content);
 
 } // namespace tallowmere

@@ -1,6 +1,7 @@
 #include "tools/DailyReminders.h"
 #include "forms/frmRemind.h"
 #include "portfolio/keyed_store.h"
+#include "support/FullDisk.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 #include "text/files.h"
@@ -310,6 +311,45 @@ private Q_SLOTS:
         dialog.close();
         QCOMPARE(Stored(session, "11-21-2026"), QString());
         QCOMPARE(Stored(session, "11-22-2026"), QString());
+    }
+
+    void WhatCannotBeSavedIsTold_data() {
+        QTest::addColumn<int>("button");
+        QTest::newRow("clear all") << 0;
+        QTest::newRow("clear current") << 1;
+        QTest::newRow("save") << 2;
+    }
+    void WhatCannotBeSavedIsTold() {
+        QFETCH(int, button);
+        TestSession session;
+        Set(session, "11-21-2026", "old");
+        const frmRemind& dialog = Open(session);
+        Type(dialog, u"new"_s);
+        const std::string before = ReadExistingFile(File(session));
+        // The store is moved here when it is cleared, which takes no room on a disk.
+        std::filesystem::create_directories(BackupPath(File(session)) / "inside");
+        {
+            const FullDisk disk(0);
+            QTest::mouseClick(dialog.Command1[static_cast<std::size_t>(button)], Qt::LeftButton);
+        }
+        QVERIFY(session.prompts.messages.contains(
+            u"Quorvane: The reminders could not be saved. The disk may be full, or their file not "
+            "be writable."_s));
+        QCOMPARE(ReadExistingFile(File(session)), before);
+    }
+
+    void WhatIsSavedIsNotTold() {
+        TestSession session;
+        Set(session, "11-20-2026", "twice");
+        Set(session, "11-21-2026", "first");
+        Set(session, "11-21-2026", "second");
+        frmRemind& dialog = Open(session);
+        Type(dialog, u"ends with bars ||||||"_s);
+        ClickDay(dialog, {2026, 11, 20});
+        QTest::mouseClick(dialog.Command1[1], Qt::LeftButton);
+        QTest::mouseClick(dialog.Command1[0], Qt::LeftButton);
+        dialog.reject();
+        QCOMPARE(session.prompts.messages, QStringList());
     }
 
     void ATextWithBarsStaysReadable() {

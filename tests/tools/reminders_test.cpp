@@ -70,6 +70,13 @@ TEST(Reminders, ATextOfTwoLinesIsListedAsOneWithABlank) {
                 ElementsAre("12/31/1999 - a  b\nc\rd"));
 }
 
+TEST(Reminders, ARecordWithoutATextIsNotListed) {
+    const ReminderSummary summary = Summarize("||12-31-1999|||||||\r\n||01-02-2000||x|||||\r\n");
+    EXPECT_THAT(summary.lines, testing::ElementsAre("01/02/2000 - x"));
+    EXPECT_EQ(summary.count, "( 1 )");
+    EXPECT_THAT(Summarize("||12-31-1999|||||||\r\n").lines, testing::ElementsAre(kNoReminders));
+}
+
 TEST(Reminders, AKeyThatIsNoDateIsListedAsItStands) {
     const ReminderSummary summary = Summarize(Record("13-45-1999", "odd") + Record("MSFT", "note"));
     EXPECT_THAT(summary.lines, ElementsAre("13-45-1999 - odd", "MSFT - note"));
