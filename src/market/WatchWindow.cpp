@@ -29,6 +29,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kTick = 1s;
+constexpr double kEarliness = 0.05; ///< seconds by which a tick may come before its time
 constexpr int kDefaultWidthTwips = 10000;
 constexpr int kDefaultHeightTwips = 8500;
 
@@ -108,13 +109,16 @@ void WatchWindow::Tick() {
 void WatchWindow::WaitSecs(int seconds) {
     m_seconds = seconds;
     m_began = m_services.clock.Now();
+    // The ticks are counted from here, so that one of them falls on the end of the wait.
+    if (Timer1.isActive())
+        Timer1.start();
     ShowTimes();
 }
 
 bool WatchWindow::IsWaiting() const {
     const double noted = m_began.time().msecsSinceStartOfDay() / 1000.0;
     return m_seconds > 0 &&
-           RemainingWait(noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > 0;
+           RemainingWait(noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > kEarliness;
 }
 
 // Seconds that were changed hold for the wait that is under way too: who sets an

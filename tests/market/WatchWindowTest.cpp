@@ -2,6 +2,7 @@
 #include "forms/frmWiz.h"
 #include "links/BrowserPane.h"
 #include "market/WatchWindows.h"
+#include "support/Await.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 #include "text/files.h"
@@ -33,8 +34,7 @@ private:
         frmWiz& Watch(const QString& target = u"Page|h.example/watched"_s) {
             frmWiz* form = (*this)->Watches().CreateWiz(target);
             Controller(*form).Timer1.setInterval(5);
-            [[maybe_unused]] const bool loaded =
-                QTest::qWaitFor([form] { return !form->Web->Busy(); }, 10000);
+            [[maybe_unused]] const bool loaded = Await([form] { return !form->Web->Busy(); });
             return *form;
         }
         /// How often the watched page was asked for.
@@ -48,7 +48,7 @@ private:
     /// Lets two ticks go by, so that a whole one has been worked on.
     static void PassTicks(const frmWiz& form) {
         QSignalSpy ticks(&Controller(form).Timer1, &QTimer::timeout);
-        QTRY_VERIFY(ticks.size() >= 2);
+        QVERIFY(Await([&] { return ticks.size() >= 2; }));
     }
     static QList<frmWiz*> Open() {
         QList<frmWiz*> open;
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(form->windowTitle(), u"MSFT - Watch Wizard"_s);
         QCOMPARE(form->Text1->text(), u"h.example/q?s=msft&d=2b"_s);
         QCOMPARE(form->txtsecs->text(), u"60"_s);
-        QTRY_COMPARE(form->Web->LocationURL(), u"h.example/q?s=msft&d=2b"_s);
+        QVERIFY(Await([&] { return form->Web->LocationURL() == u"h.example/q?s=msft&d=2b"_s; }));
     }
 
     void TheControlsHaveTheirNames() {
@@ -105,12 +105,12 @@ private Q_SLOTS:
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
         window.PassSeconds(1);
-        QTRY_COMPARE(window.Loads(), 2);
-        QTRY_VERIFY(!form.Web->Busy());
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
+        QVERIFY(Await([&] { return !form.Web->Busy(); }));
         PassTicks(form);
         QCOMPARE(window.Loads(), 2);
         window.PassSeconds(61);
-        QTRY_COMPARE(window.Loads(), 3);
+        QVERIFY(Await([&] { return window.Loads() == 3; }));
     }
 
     void ChangedSecondsHoldForTheWaitUnderWay() {
@@ -123,12 +123,12 @@ private Q_SLOTS:
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
         form.Text1->setFocus();
-        QTRY_COMPARE(window.Loads(), 2);
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
         window.PassSeconds(30);
         PassTicks(form);
         QCOMPARE(window.Loads(), 2);
         window.PassSeconds(1);
-        QTRY_COMPARE(window.Loads(), 3);
+        QVERIFY(Await([&] { return window.Loads() == 3; }));
     }
 
     void WithoutSecondsThePageIsLoadedWithEveryTick() {
@@ -136,7 +136,7 @@ private Q_SLOTS:
         const frmWiz& form = window.Watch();
         TypeSeconds(form, {});
         window.PassSeconds(61);
-        QTRY_VERIFY(window.Loads() > 3);
+        QVERIFY(Await([&] { return window.Loads() > 3; }));
     }
 
     void AWaitGoesOnOverMidnight() {
@@ -147,7 +147,7 @@ private Q_SLOTS:
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
         window.PassSeconds(16);
-        QTRY_COMPARE(window.Loads(), 2);
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
     }
 
     void TheLineSaysWhenThePageWasLoadedAndWhenItIsDue() {
@@ -155,7 +155,8 @@ private Q_SLOTS:
         const frmWiz& form = window.Watch();
         QCOMPARE(form.lblTimes->text(), u"Loaded 10:00:00, due again 10:01:01"_s);
         window.PassSeconds(61);
-        QTRY_COMPARE(form.lblTimes->text(), u"Loaded 10:01:01, due again 10:02:02"_s);
+        QVERIFY(Await(
+            [&] { return form.lblTimes->text() == u"Loaded 10:01:01, due again 10:02:02"_s; }));
     }
 
     void TheSecondsBoxTakesDigitsAndNoLessThanThirty_data() {
@@ -187,10 +188,10 @@ private Q_SLOTS:
         QCOMPARE(form.Web->LocationURL(), u"h.example/watched"_s);
         form.Text1->setText(u"h.example/other"_s);
         QTest::keyClick(form.Text1, Qt::Key_Return);
-        QTRY_COMPARE(form.Web->LocationURL(), u"h.example/other"_s);
+        QVERIFY(Await([&] { return form.Web->LocationURL() == u"h.example/other"_s; }));
         form.Text1->setText(u"h.example/third"_s);
         QTest::mouseClick(form.cmdSubmit, Qt::LeftButton);
-        QTRY_COMPARE(form.Web->LocationURL(), u"h.example/third"_s);
+        QVERIFY(Await([&] { return form.Web->LocationURL() == u"h.example/third"_s; }));
     }
 
     void ManyWindowsKeepTheirOwnPagesAndWaits() {
@@ -203,14 +204,14 @@ private Q_SLOTS:
         TypeSeconds(second, u"3600"_s);
         TypeSeconds(first, u"30"_s);
         window.PassSeconds(61);
-        QTRY_COMPARE(window.Loads(u"h.example/a"_s), 2);
+        QVERIFY(Await([&] { return window.Loads(u"h.example/a"_s) == 2; }));
         QCOMPARE(second.Web->LocationURL(), u"h.example/b|c"_s);
         PassTicks(second);
         // The long wait of one does not hold the others up.
         window.PassSeconds(31);
-        QTRY_COMPARE(window.Loads(u"h.example/a"_s), 3);
+        QVERIFY(Await([&] { return window.Loads(u"h.example/a"_s) == 3; }));
         window.PassSeconds(31);
-        QTRY_COMPARE(window.Loads(u"h.example/a"_s), 4);
+        QVERIFY(Await([&] { return window.Loads(u"h.example/a"_s) == 4; }));
         QCOMPARE(window.asked.filter(u"h.example/b"_s).size(), 2);
     }
 
@@ -219,10 +220,10 @@ private Q_SLOTS:
         frmWiz& form = window.Watch();
         form.hide();
         window.PassSeconds(61);
-        QTRY_COMPARE(window.Loads(), 2);
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
         form.showMinimized();
         window.PassSeconds(61);
-        QTRY_COMPARE(window.Loads(), 3);
+        QVERIFY(Await([&] { return window.Loads() == 3; }));
     }
 
     void AfterClosingNothingIsRefreshedAnyMore() {
@@ -230,9 +231,9 @@ private Q_SLOTS:
         frmWiz& other = window.Watch(u"Other|h.example/other"_s);
         const QPointer<frmWiz> form(&window.Watch());
         form->close();
-        QTRY_VERIFY(!form);
+        QVERIFY(Await([&] { return !form; }));
         window.PassSeconds(61);
-        QTRY_COMPARE(window.Loads(u"h.example/other"_s), 2);
+        QVERIFY(Await([&] { return window.Loads(u"h.example/other"_s) == 2; }));
         PassTicks(other);
         QCOMPARE(window.Loads(), 1);
     }
@@ -293,7 +294,7 @@ private Q_SLOTS:
         const std::filesystem::path path = window.Folder() / "saved.html";
         window.prompts.files = {PathToQt(path)};
         form.mnuExport->trigger();
-        QTRY_VERIFY(QFile::exists(PathToQt(path)));
+        QVERIFY(Await([&] { return QFile::exists(PathToQt(path)); }));
         const QString saved = ToQt(ReadExistingFile(path));
         QCOMPARE(window.prompts.messages, QStringList{u"Export to File: MSFT.html"_s});
         QVERIFY(saved.contains(u"<title>MSFT - Watch Wizard</title>"_s));
@@ -308,7 +309,7 @@ private Q_SLOTS:
         const std::filesystem::path path = window.Folder() / "saved.PDF";
         window.prompts.files = {PathToQt(path)};
         form.mnuExport->trigger();
-        QTRY_VERIFY(QFile::exists(PathToQt(path)));
+        QVERIFY(Await([&] { return QFile::exists(PathToQt(path)); }));
         QVERIFY(ReadExistingFile(path).starts_with("%PDF-"));
     }
 
@@ -318,7 +319,7 @@ private Q_SLOTS:
         static_cast<Application*>(qApp)->SetPrompts(&window.prompts);
         window.prompts.files = {PathToQt(window.Folder())};
         form.mnuExport->trigger();
-        QTRY_COMPARE(window.prompts.messages.size(), 2);
+        QVERIFY(Await([&] { return window.prompts.messages.size() == 2; }));
         QVERIFY(window.prompts.messages[1].startsWith(u"Quorvane: "_s));
         static_cast<Application*>(qApp)->SetPrompts(nullptr);
         window.prompts.files = {std::nullopt};
@@ -331,7 +332,7 @@ private Q_SLOTS:
         const QPointer<frmWiz> first(&window.Watch());
         const QPointer<frmWiz> second(&window.Watch());
         window.Form().close();
-        QTRY_VERIFY(!first && !second);
+        QVERIFY(Await([&] { return !first && !second; }));
         QVERIFY(window.Settings().GetSetting("frmWiz", "Width", "none") != "none");
     }
 };
