@@ -286,7 +286,7 @@ class Widget:
     def click(self, button=1, times=1):
         left, top, width, height = self.extents
         assert width > 0 and height > 0, f"{self} has no place on the screen"
-        xdotool("mousemove", "--sync", left + width // 2, top + height // 2)
+        move_pointer(left + width // 2, top + height // 2)
         xdotool("click", *(("--repeat", times, "--delay", 60) if times > 1 else ()), button)
 
     def double_click(self):
@@ -297,6 +297,12 @@ def xdotool(*arguments):
     result = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True)
     assert result.returncode == 0, f"xdotool {arguments}: {result.stderr}"
     return result.stdout.strip()
+
+
+def move_pointer(left, top):
+    """Moves the pointer and waits until it is there; xdotool would wait long for one that is."""
+    if f"x:{left} y:{top} " not in xdotool("getmouselocation"):
+        xdotool("mousemove", "--sync", left, top)
 
 
 def type_text(text):
@@ -312,6 +318,13 @@ def screenshot(path, window="root"):
     path = Path(path)
     path.parent.mkdir(parents=True, exist_ok=True)
     subprocess.run(["import", "-window", window, str(path)], check=True)
+
+
+def pixel(left, top):
+    """Red, green and blue of a point of the display."""
+    found = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{left}+{top}", "-depth", "8",
+                            "rgb:-"], check=True, capture_output=True)
+    return tuple(found.stdout)
 
 
 def screenshot_at_rest(path, window):
