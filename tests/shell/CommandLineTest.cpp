@@ -1,5 +1,7 @@
 #include "shell/CommandLine.h"
 
+#include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace tallowmere;
@@ -23,6 +25,28 @@ private Q_SLOTS:
         QCOMPARE(line.web, WebMode::Sample);
         QCOMPARE(line.profile, u"/p"_s);
         QCOMPARE(line.sites, u"/s.toml"_s);
+    }
+
+    void TheOptionsOfTheHelpAreThoseOfThePageOfSettings() {
+        QFile file(QStringLiteral(TALLOWMERE_SOURCE_DIR "/docs/settings.md"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString page = QString::fromUtf8(file.readAll());
+        const auto options = [](const QString& text) {
+            static const QRegularExpression option(u"--[a-z]+"_s);
+            QSet<QString> found;
+            for (const auto& match : option.globalMatch(text))
+                found << match.captured();
+            return found;
+        };
+        const QString help = CommandLine::Parse({u"tallowmere"_s, u"--help"_s}).text;
+        const QString table = page.section(u"## Options of the command line"_s, 1);
+        QVERIFY(!options(help).isEmpty());
+        QCOMPARE(options(table), options(help));
+        for (const QString& mode : {u"live"_s, u"sample"_s, u"direct"_s}) {
+            QVERIFY(table.contains(u"`--web "_s + mode + u'`'));
+            QCOMPARE(CommandLine::Parse({u"tallowmere"_s, u"--web"_s, mode}).outcome,
+                     CommandLine::Outcome::Run);
+        }
     }
 
     void WrongArgumentsSayWhatIsWrong_data() {
