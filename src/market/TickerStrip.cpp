@@ -39,8 +39,11 @@ std::string TickerStrip::WithTickers(const std::string& path) const {
         return path;
     std::string tickers;
     for (const QString& ticker : m_form.List1->Items().first(
-             std::min(kMostTickers, static_cast<qsizetype>(m_form.List1->Count()))))
-        tickers += (tickers.empty() ? "" : "+") + PercentEncode(FromQt(ticker));
+             std::min(kMostTickers, static_cast<qsizetype>(m_form.List1->Count())))) {
+        if (!tickers.empty())
+            tickers += '+';
+        tickers += PercentEncode(FromQt(ticker));
+    }
     return path + "?s=" + tickers;
 }
 
