@@ -1,13 +1,10 @@
 // Switching between two portfolios of 10,000 tickers, from the click to the painted list, beside
 // the time of one frame.
-#include "forms/frmMain.h"
+#include "BenchSession.h"
 #include "shell/Application.h"
-#include "shell/QtText.h"
-#include "shell/Session.h"
 #include "webdata/PortalScheme.h"
 
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -48,26 +45,10 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     PortalScheme::Register();
     Application application(argc, argv);
-    const QTemporaryDir folder;
-    Folders folders;
-    folders.programFolder = ToPath(folder.path());
-    folders.settingsFile = folders.programFolder / "settings.ini";
-    folders.engine = folders.programFolder / "engine";
-    {
-        SettingsStore settings(folders.settingsFile);
-        settings.SaveSetting("Settings", "First", "OK");
+    BenchSession session([](SettingsStore& settings) {
         settings.SaveSetting("Settings", "Stocks1", Tickers('A'));
         settings.SaveSetting("Settings", "Stocks2", Tickers('B'));
-    }
-    DialogPrompts prompts;
-    const Clock clock;
-    const auto portal = [](const std::string&, const std::string&) {
-        return PortalAnswer{"text/html", "<html></html>"};
-    };
-    Session session({folders, WebMode::Sample,
-                     SiteTable::Parse("[hosts]\ndefault = \"h.example\"\n", "bench"),
-                     MenuTable::Parse("", "bench"), portal, prompts, clock});
-    session.Start();
+    });
     QApplication::processEvents();
 
     const double ours = Median([&](int run) {
