@@ -97,6 +97,7 @@ void MainMenus::BuildCommands() {
     zoomOut = Command(u"zoomOut"_s, u"Zoom &Out"_s, u"Ctrl+-"_s);
     zoomReset = Command(u"zoomReset"_s, u"&Normal Size"_s, u"Ctrl+0"_s);
     findInPage = Command(u"findInPage"_s, u"&Find in Page..."_s, u"Ctrl+F"_s);
+    sites = Command(u"sites"_s, u"S&ites..."_s);
     help = Command(u"help"_s, u"&Help"_s, u"F1"_s);
     about = Command(u"about"_s, u"&About Tallowmere"_s);
     for (int n = 1; n <= 10; ++n)
@@ -168,7 +169,10 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
     QMenu* view = bar.addMenu(u"&View"_s);
     view->addActions({foldLeft, foldRight});
 
-    addLinks(bar.addMenu(u"T&ools"_s), kTools);
+    QMenu* tools = bar.addMenu(u"T&ools"_s);
+    addLinks(tools, kTools);
+    tools->addSeparator();
+    tools->addAction(sites);
 
     QMenu* helpMenu = bar.addMenu(u"&Help"_s);
     helpMenu->addActions({help, about});

@@ -59,6 +59,7 @@ public:
     QAction* zoomOut;
     QAction* zoomReset;
     QAction* findInPage;
+    QAction* sites;
     QAction* help;
     QAction* about;
     std::array<QAction*, 11> selectPortfolio{};

@@ -4,6 +4,7 @@
 #include "shell/QtText.h"
 #include "text/files.h"
 #include "text/runtime_error.h"
+#include "text/toml_edit.h"
 
 #include <cstdio>
 
@@ -40,13 +41,43 @@ void UserSites::Watch() {
         m_watcher.addPath(file);
 }
 
+std::string UserSites::Text() const {
+    std::error_code error;
+    return std::filesystem::exists(m_file, error) ? ReadTable(m_file) : std::string();
+}
+
+void UserSites::Write(const std::function<std::string(const std::string&)>& change) {
+    const std::string text = Text();
+    std::string changed;
+    try {
+        changed = change(text);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError("The file " + m_file.string() + " cannot be changed: " + error.what());
+    }
+    if (changed == text)
+        return;
+    WriteWholeFile(m_file, changed);
+    Read();
+}
+
+void UserSites::Save(std::string_view key, std::string_view address) {
+    const std::string flaw = FlawOfToday(address);
+    if (!flaw.empty())
+        throw RuntimeError("\"" + std::string(address) + "\" " + flaw);
+    const auto [table, row] = PlaceOfRow(key);
+    Write([&](const std::string& text) { return SetTomlRow(text, table, row, address); });
+}
+
+void UserSites::Remove(std::string_view key) {
+    const auto [table, row] = PlaceOfRow(key);
+    Write([&](const std::string& text) { return RemoveTomlRow(text, table, row); });
+}
+
 void UserSites::Read() {
     Watch();
     std::string text;
     try {
-        std::error_code error;
-        if (std::filesystem::exists(m_file, error))
-            text = ReadTable(m_file);
+        text = Text();
     } catch (const RuntimeError& unreadable) {
         m_text.reset();
         m_problems = {unreadable.what()};

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 
 namespace tallowmere {
@@ -27,6 +28,11 @@ public:
     /// Reads the file if it is another than the one that was read last.
     void Read();
 
+    /// Writes today's address of a row into the file, and takes it out. Comments and other rows
+    /// stay. Throws RuntimeError, in words for the user, when that cannot be done.
+    void Save(std::string_view key, std::string_view address);
+    void Remove(std::string_view key);
+
 Q_SIGNALS:
     /// The tables changed.
     void Changed();
@@ -35,6 +41,8 @@ Q_SIGNALS:
 
 private:
     void Watch();
+    std::string Text() const;
+    void Write(const std::function<std::string(const std::string&)>& change);
     void Report();
 
     Tables& m_tables;

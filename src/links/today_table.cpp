@@ -95,19 +95,31 @@ void ReadRow(TolerantToml& file, const std::string& key, bool isKnown, const tom
              TodayTable& table) {
     const auto address = value.value<std::string>();
     const std::string name = "\"" + key + "\"";
+    const std::string flaw = address ? FlawOfToday(*address) : "is not an address in quotes";
     if (!isKnown)
         file.Complain(value, "there is no page " + name);
-    else if (!address)
-        file.Complain(value, name + " is not an address in quotes");
-    else if (!address->empty() && *address != kPortalTarget && !IsWebAddress(*address))
-        file.Complain(value, name + " is no http or https address");
-    else if (!HasOnlyKnownFields(*address))
-        file.Complain(value, name + " has a field that is not known");
+    else if (!flaw.empty())
+        file.Complain(value, name + " " + flaw);
     else
         table.addresses[key] = *address;
 }
 
 } // namespace
+
+std::string FlawOfToday(std::string_view address) {
+    if (address.empty() || address == kPortalTarget)
+        return {};
+    if (!IsWebAddress(address))
+        return "is no http or https address";
+    return HasOnlyKnownFields(address) ? "" : "has a field that is not known";
+}
+
+std::pair<std::string, std::string> PlaceOfRow(std::string_view key) {
+    const auto dot = key.find('.');
+    if (dot == std::string_view::npos)
+        return {"links", std::string(key)};
+    return {"menus." + std::string(key.substr(0, dot)), std::string(key.substr(dot + 1))};
+}
 
 std::vector<TodayRow> TodayRows(const SiteTable& sites, const MenuTable& menus) {
     std::vector<TodayRow> rows;

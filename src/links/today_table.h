@@ -21,6 +21,9 @@ struct TodayRow {
     bool isRead = false; ///< read by the program, not shown
 };
 
+/// The table of a user's file that a row stands in, and its key there.
+std::pair<std::string, std::string> PlaceOfRow(std::string_view key);
+
 /// Every page that the program builds an address for and that has moved or can move: the links, the
 /// items of the menus, and the pages that are built elsewhere.
 std::vector<TodayRow> TodayRows(const SiteTable& sites, const MenuTable& menus);
@@ -42,7 +45,10 @@ struct TodayTable {
 /// same key, an empty address takes it away.
 TodayTable ReadTodayTable(std::string_view text, std::string_view fileName, TodayTable base = {});
 
-/// The same for a text that was read already; what is wrong is noted in `file`.
+/// What is wrong with an address of today, in words; empty for a good one.
+std::string FlawOfToday(std::string_view address);
+
+/// The same as ReadTodayTable for a text that was read already; what is wrong is noted in `file`.
 void OverrideToday(TolerantToml& file, TodayTable& table);
 
 } // namespace tallowmere

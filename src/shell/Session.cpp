@@ -11,6 +11,7 @@
 #include "links/PaneDeck.h"
 #include "links/SeparateBrowser.h"
 #include "links/ServerLists.h"
+#include "links/SiteEditor.h"
 #include "links/SitePopups.h"
 #include "links/SmartNavigate.h"
 #include "links/UserSites.h"
@@ -110,6 +111,8 @@ Session::Session(SessionSetup setup)
     m_help = new Help(form, m_services, *m_panes, *m_outside);
     m_setupDialog = new Setup(form, m_state, m_services, *m_panes, *m_edges, *m_ticker,
                               *new ColorSettings(m_services, &form));
+    m_siteEditor = new SiteEditor(form, m_state, m_services, m_setup.tables, m_setup.web,
+                                  *m_userSites, *m_panes);
     m_web->SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
     ConnectPortal();
     Connect();

@@ -36,6 +36,7 @@ class Reports;
 class SeparateBrowser;
 class ServerLists;
 class Setup;
+class SiteEditor;
 class SitePopups;
 class SmartNavigate;
 class TickerBox;
@@ -93,6 +94,7 @@ public:
     ActiveEdges& Edges() { return *m_edges; }
     Timers& ClubAndRefresh() { return *m_timers; }
     ServerLists& Lists() { return *m_lists; }
+    SiteEditor& Sites() { return *m_siteEditor; }
     UserSites& OwnSites() { return *m_userSites; }
 
 private:
@@ -157,6 +159,7 @@ private:
     SmartNavigate* m_navigate = nullptr;
     Help* m_help = nullptr;
     Setup* m_setupDialog = nullptr;
+    SiteEditor* m_siteEditor = nullptr;
 };
 
 } // namespace tallowmere
