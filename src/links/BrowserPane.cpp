@@ -45,6 +45,7 @@ BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* pare
     layout->addWidget(m_findBar);
     m_notice->hide();
     connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
+    connect(m_notice, &PaneNotice::AsBuilt, this, &BrowserPane::LoadAsBuilt);
     connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
 }
 
@@ -129,8 +130,16 @@ void BrowserPane::Load(const QString& address) {
     EnsurePage();
     ShowPage();
     m_pendingAddress = address;
+    m_isAsBuilt = false;
     Begin(address);
     m_page->load(url);
+}
+
+void BrowserPane::LoadAsBuilt() {
+    const QString address = m_failedAddress;
+    m_profile.LetPass(UrlFromAddress(address));
+    Load(address);
+    m_isAsBuilt = true;
 }
 
 void BrowserPane::GoBack() {
@@ -289,13 +298,22 @@ void BrowserPane::OnWindowWanted(const QUrl& url) {
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
     m_failedAddress =
         m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url)) : m_pendingAddress;
+    TellOfFailure(tr("This page cannot be shown"),
+                  QString::fromStdString(LoadErrorText(error.toStdString())), url);
+    End(false);
+}
+
+// `url` is where the engine was when it failed.
+void BrowserPane::TellOfFailure(const QString& title, const QString& text, const QUrl& url) {
+    const QUrl built = UrlFromAddress(m_failedAddress);
+    const auto today = m_profile.Access().Resolve(built, AddressUse::Page);
+    const bool isLed = today && IsWebUrl(*today) && !m_isAsBuilt;
+    const QUrl tried = isLed && url == built ? *today : url;
     m_shown = Shown::Failure;
-    m_notice->Tell(tr("This page cannot be shown"),
-                   QString::fromStdString(LoadErrorText(error.toStdString())), m_failedAddress,
-                   PaneNotice::Offer::TryAgainOrSearch);
+    m_notice->Tell(title, text, isLed ? TextOf(tried) : m_failedAddress,
+                   PaneNotice::Offer::TryAgainOrSearch, isLed ? m_failedAddress : QString());
     m_view->hide();
     m_notice->show();
-    End(false);
 }
 
 void BrowserPane::TellOfEmptyAnswer(int status) {
@@ -304,12 +322,9 @@ void BrowserPane::TellOfEmptyAnswer(int status) {
         if (!guard || guard->m_isBusy || html != u"<html><head></head><body></body></html>")
             return;
         guard->m_failedAddress = address;
-        guard->m_shown = Shown::Failure;
-        guard->m_notice->Tell(tr("This page is empty"),
-                              tr("The server answered with status %1 and no page.").arg(status),
-                              address, PaneNotice::Offer::TryAgainOrSearch);
-        guard->m_view->hide();
-        guard->m_notice->show();
+        guard->TellOfFailure(tr("This page is empty"),
+                             tr("The server answered with status %1 and no page.").arg(status),
+                             guard->m_page->url());
     });
 }
 

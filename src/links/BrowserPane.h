@@ -79,6 +79,8 @@ Q_SIGNALS:
 private:
     void EnsurePage();
     void Load(const QString& address);
+    void LoadAsBuilt();
+    void TellOfFailure(const QString& title, const QString& text, const QUrl& url);
     void Begin(const QString& address);
     void End(bool isLoaded);
     void OnLoading(const QWebEngineLoadingInfo& info);
@@ -107,6 +109,7 @@ private:
 
     Shown m_shown = Shown::Page;
     QString m_failedAddress;
+    bool m_isAsBuilt = false;          ///< the last load was not led to today's address
     QString m_pendingAddress;          ///< of a load by `Navigate` that has not arrived yet
     QHash<QUrl, QString> m_builtTexts; ///< the text of each requested address
     int m_navigation = 0;              ///< tells a navigation from one that replaced it

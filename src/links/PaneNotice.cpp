@@ -35,7 +35,7 @@ QPushButton* AddButton(QHBoxLayout* layout, const QString& name, const QString& 
     return button;
 }
 
-// A catalogue's old path is seldom known to a search engine; the site behind it is.
+// A path of the catalogue is seldom known to a search engine; the site behind it is.
 QString SearchAddress(const QString& address) {
     const QString host = UrlFromAddress(address).host();
     return u"https://duckduckgo.com/?q="_s +
@@ -61,29 +61,36 @@ PaneNotice::PaneNotice(QWidget* parent) : QFrame(parent) {
     m_title->setFont(titleFont);
     m_text = AddLabel(layout, u"NoticeText"_s);
     m_address = AddLabel(layout, u"NoticeAddress"_s);
+    m_built = AddLabel(layout, u"NoticeBuilt"_s);
 
     auto* buttons = new QHBoxLayout;
     layout->addLayout(buttons);
     m_tryAgain = AddButton(buttons, u"NoticeTryAgain"_s, tr("Try again"));
+    m_asBuilt = AddButton(buttons, u"NoticeAsBuilt"_s, tr("Open the built address"));
     m_search = AddButton(buttons, u"NoticeSearch"_s, tr("Search the web"));
     m_archive = AddButton(buttons, u"NoticeArchive"_s, tr("Look in the Internet Archive"));
     buttons->addStretch();
     layout->addStretch();
 
     connect(m_tryAgain, &QPushButton::clicked, this, &PaneNotice::TryAgain);
+    connect(m_asBuilt, &QPushButton::clicked, this, &PaneNotice::AsBuilt);
     connect(m_search, &QPushButton::clicked, this,
             [this] { Q_EMIT AddressChosen(SearchAddress(m_shownAddress)); });
     connect(m_archive, &QPushButton::clicked, this,
-            [this] { Q_EMIT AddressChosen(ArchiveAddress(m_shownAddress)); });
+            [this] { Q_EMIT AddressChosen(ArchiveAddress(m_builtAddress)); });
 }
 
 void PaneNotice::Tell(const QString& title, const QString& text, const QString& address,
-                      Offer offer) {
+                      Offer offer, const QString& builtAddress) {
     m_shownAddress = address;
+    m_builtAddress = builtAddress.isEmpty() ? address : builtAddress;
     m_title->setText(title);
     m_text->setText(text);
     m_text->setVisible(!text.isEmpty());
     m_address->setText(address);
+    m_built->setText(tr("It stands for %1").arg(builtAddress));
+    m_built->setVisible(!builtAddress.isEmpty());
+    m_asBuilt->setVisible(!builtAddress.isEmpty());
     m_tryAgain->setVisible(offer != Offer::Nothing);
     m_search->setVisible(offer == Offer::TryAgainOrSearch);
     m_archive->setVisible(offer == Offer::TryAgainOrSearch);

@@ -47,7 +47,8 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     m_engine->setHttpCacheType(QWebEngineProfile::DiskHttpCache);
     m_engine->setPersistentCookiesPolicy(QWebEngineProfile::ForcePersistentCookies);
     ApplySettings(*m_engine->settings());
-    m_engine->setUrlRequestInterceptor(new RequestRedirector(access, this));
+    m_redirector = new RequestRedirector(access, this);
+    m_engine->setUrlRequestInterceptor(m_redirector);
     m_engine->installUrlSchemeHandler(PortalScheme::Name().toLatin1(),
                                       new PortalScheme(access, programFolder, this));
     connect(m_engine.get(), &QWebEngineProfile::downloadRequested, this,
@@ -56,6 +57,10 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
 
 EngineProfile::~EngineProfile() {
     qDeleteAll(findChildren<QWebEnginePage*>(Qt::FindDirectChildrenOnly));
+}
+
+void EngineProfile::LetPass(const QUrl& url) {
+    m_redirector->LetPass(url);
 }
 
 void EngineProfile::AskForDownload(QWebEngineDownloadRequest* download) {

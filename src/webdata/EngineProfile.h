@@ -11,6 +11,7 @@ class QWebEngineProfile;
 namespace tallowmere {
 
 class Prompts;
+class RequestRedirector;
 class WebAccess;
 
 /// The one profile of all panes: what sites store lives in it and survives a restart, and what
@@ -26,6 +27,8 @@ public:
 
     QWebEngineProfile& Engine() { return *m_engine; }
     const WebAccess& Access() const { return m_access; }
+    /// The next page that a pane asks for at the host of `url` is loaded as its address stands.
+    void LetPass(const QUrl& url);
     const QString& ProgramFolder() const { return m_programFolder; }
 
 Q_SIGNALS:
@@ -40,6 +43,7 @@ private:
     Prompts& m_prompts;
     QString m_programFolder;
     std::unique_ptr<QWebEngineProfile> m_engine;
+    RequestRedirector* m_redirector;
 };
 
 } // namespace tallowmere

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QUrl>
 #include <QWebEngineUrlRequestInterceptor>
 
 namespace tallowmere {
@@ -13,10 +14,16 @@ class RequestRedirector : public QWebEngineUrlRequestInterceptor {
 public:
     RequestRedirector(const WebAccess& access, QObject* parent);
 
+    /// The next page that a pane asks for at the host of `url` is loaded as its address stands.
+    void LetPass(const QUrl& url) { m_passing = url; }
+
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
 private:
+    bool Passes(const QWebEngineUrlRequestInfo& info) const;
+
     const WebAccess& m_access;
+    QUrl m_passing;
 };
 
 } // namespace tallowmere

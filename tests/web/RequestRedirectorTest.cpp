@@ -1,7 +1,11 @@
 #include "links/BrowserPane.h"
 #include "support/LoopbackServer.h"
+#include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
+
+#include <QLabel>
+#include <QPushButton>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -22,6 +26,8 @@ private:
 private Q_SLOTS:
     void init() {
         m_server.Clear();
+        if (!m_server.isListening())
+            QVERIFY(m_server.listen(QHostAddress::LocalHost));
         m_session = std::make_unique<TestSession>(u"h.example"_s, WebMode::Live);
         const std::string host = FromQt(m_server.Address({}));
         m_session->today = "[links]\n"
@@ -53,6 +59,66 @@ private Q_SLOTS:
     void AnImage() {
         Open("<img src='http://h.example/c/1y/m/msft.gif'><img src='http://h.example/v?s=ibm'>");
         QTRY_COMPARE(m_server.CountOf(u"/image"_s), 2);
+    }
+
+    void AFailedLinkNamesWhatWasTriedAndOffersTheBuiltAddress() {
+        const QString built = u"h.example/q?s=msft&d=2b"_s;
+        BrowserPane& pane = *m_session->Form().Web;
+        const auto text = [&](const QString& label) {
+            const auto* shown = pane.findChild<QLabel*>(label);
+            return shown->isVisible() ? shown->text() : QString();
+        };
+        const quint16 port = m_server.serverPort();
+        m_server.close();
+        pane.Navigate(built);
+        const QString tried = u"http://127.0.0.1:%1/today/MSFT"_s.arg(port);
+        QTRY_COMPARE(text(u"NoticeAddress"_s), tried);
+        QCOMPARE(text(u"NoticeText"_s), u"The server refuses connections."_s);
+        QCOMPARE(text(u"NoticeBuilt"_s), u"It stands for "_s + built);
+        QCOMPARE(pane.LocationURL(), built);
+
+        const Navigations navigations(m_session->Form());
+        QTest::mouseClick(pane.findChild<QPushButton*>(u"NoticeSearch"_s), Qt::LeftButton);
+        QTest::mouseClick(pane.findChild<QPushButton*>(u"NoticeArchive"_s), Qt::LeftButton);
+        QCOMPARE(navigations, (QStringList{u"Web: https://duckduckgo.com/?q=127.0.0.1"_s,
+                                           u"Web: https://web.archive.org/web/http://"_s + built}));
+    }
+
+    void ThePageComesWhenTheServerIsBackAndTheBuiltAddressOnDemand() {
+        const QString builtPath = u"/q?s=msft&d=2b"_s;
+        TestSession session(m_server.Address({}), WebMode::Live);
+        LoopbackServer today;
+        const quint16 port = today.serverPort();
+        session.today = "[links]\n3 = \"http://" + FromQt(today.Address({})) + "/today\"\n";
+        session.Start();
+        BrowserPane& pane = *session.Form().Web;
+        today.close();
+        pane.Navigate(m_server.Address(builtPath));
+        auto* asBuilt = pane.findChild<QPushButton*>(u"NoticeAsBuilt"_s);
+        QTRY_VERIFY(asBuilt->isVisible());
+        QTest::mouseClick(asBuilt, Qt::LeftButton);
+        QTRY_COMPARE(m_server.CountOf(builtPath), 1);
+        QTRY_VERIFY(!pane.Busy() && !asBuilt->isVisible());
+        QCOMPARE(pane.LocationURL(), m_server.Address(builtPath));
+
+        pane.Navigate(m_server.Address(builtPath));
+        QTRY_VERIFY(asBuilt->isVisible());
+        QCOMPARE(m_server.CountOf(builtPath), 1);
+        QVERIFY(today.listen(QHostAddress::LocalHost, port));
+        pane.Refresh();
+        QTRY_COMPARE(today.CountOf(u"/today"_s), 1);
+        QTRY_VERIFY(!asBuilt->isVisible());
+    }
+
+    void ABuiltAddressThatFailsTooIsNotOfferedAgain() {
+        m_server.close();
+        BrowserPane& pane = *m_session->Form().Web;
+        pane.Navigate(u"h.example/q?s=msft&d=2b"_s);
+        auto* asBuilt = pane.findChild<QPushButton*>(u"NoticeAsBuilt"_s);
+        QTRY_VERIFY(asBuilt->isVisible());
+        QTest::mouseClick(asBuilt, Qt::LeftButton);
+        QTRY_VERIFY(!asBuilt->isVisible() && !pane.Busy());
+        QCOMPARE(pane.findChild<QLabel*>(u"NoticeAddress"_s)->text(), u"h.example/q?s=msft&d=2b"_s);
     }
 
     void NothingElse() {
