@@ -118,11 +118,13 @@ def desktop(size=(1920, 1200)):
 class Server:
     """A web server on the loopback interface. `pages` maps a path with its query to a body; any
     other address gives a small page that names it. `headers` maps a path to further headers of its
-    answer. `requests` is what was asked for, in order."""
+    answer. `services` maps a path without its query to a function that gives the type and the body
+    of an answer to a path, or None to hang up. `requests` is what was asked for, in order."""
 
     def __init__(self):
         self.pages = {}
         self.headers = {}
+        self.services = {}
         self.requests = []
         self._changed = threading.Condition()
         server = self
@@ -134,13 +136,17 @@ class Server:
                 with server._changed:
                     server.requests.append((time.monotonic(), path))
                     server._changed.notify_all()
-                body = server.pages.get(path)
+                kind, body = "text/html; charset=utf-8", server.pages.get(path)
+                if service := server.services.get(path.partition("?")[0]):
+                    if (answer := service(path)) is None:
+                        return
+                    kind, body = answer
                 if body is None:
                     body = f"<html><head><title>{path}</title></head>" \
                            f"<body><h1>Page {path}</h1></body></html>"
                 data = body.encode()
                 self.send_response(200)
-                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.send_header("Content-Type", kind)
                 self.send_header("Content-Length", str(len(data)))
                 for header, value in server.headers.get(path, {}).items():
                     self.send_header(header, value)
@@ -374,6 +380,18 @@ class Program:
     def pages(self):
         """The titles of the pages that the visible panes show."""
         return [page.name for page in self.application.find_all(role="document web")]
+
+    def page_texts(self):
+        """All that the pages of the visible panes say, a page each."""
+        texts = []
+        for page in self.application.find_all(role="document web"):
+            words, waiting = [], [page]
+            while waiting:
+                widget = waiting.pop()
+                words.append(widget.name)
+                waiting += reversed(widget.children())
+            texts.append(" ".join(filter(None, words)))
+        return texts
 
     def window_id(self):
         """The main window as the window manager knows it: the biggest of the process."""
