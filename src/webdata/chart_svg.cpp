@@ -1,5 +1,6 @@
 #include "webdata/chart_svg.h"
 
+#include "text/bytes.h"
 #include "webdata/html_page.h"
 #include "webdata/number_text.h"
 
@@ -13,13 +14,14 @@ namespace {
 struct Layout {
     int width, height;
     int left, right, top, bottom; ///< the edges of the plot
-    int titleSize, textSize, noteSize;
+    int titleSize, textSize;
+    int bannerSize, noteSize; ///< of the note, as far as it fits across the plot, else in lines
     int gridLines;
 };
 
 // clang-format off
-constexpr Layout kSmall{192,  96, 6, 140, 20,  78, 11, 10, 11, 2};
-constexpr Layout kLarge{512, 288, 12, 440, 36, 256, 15, 12, 24, 5};
+constexpr Layout kSmall{192,  96, 6, 140, 20,  78, 11, 10, 11,  9, 2};
+constexpr Layout kLarge{512, 288, 12, 440, 36, 256, 15, 12, 24, 12, 5};
 // clang-format on
 
 // Colours on white; the texts keep a contrast above 4.5.
@@ -47,6 +49,41 @@ std::string Text(double x, double y, int size, std::string_view anchor, std::str
     return "<text x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" font-size=\"" +
            std::to_string(size) + "\" text-anchor=\"" + std::string(anchor) + "\" fill=\"" +
            std::string(colour) + "\">" + ShownText(text) + "</text>";
+}
+
+/// The words of a text in lines of so many characters; a longer word has a line of its own.
+std::vector<std::string> Wrapped(std::string_view text, std::size_t length) {
+    std::vector<std::string> lines;
+    for (const std::string_view word : Split(text, ' ')) {
+        if (!lines.empty() && lines.back().size() + 1 + word.size() <= length)
+            lines.back().append(" ").append(word);
+        else
+            lines.emplace_back(word);
+    }
+    return lines;
+}
+
+/// The note over the plot, with a white rim that keeps it clear of the curve: a short one across
+/// the middle, a long one in small lines that end at the bottom.
+std::string Note(std::string_view note, const Layout& layout) {
+    const double width = layout.right - layout.left;
+    const double middle = (layout.left + layout.right) / 2.0;
+    const auto fits = [&](int size) {
+        return static_cast<std::size_t>(width / (kCharacterWidth * size));
+    };
+    std::string svg = "<g stroke=\"#ffffff\" stroke-width=\"3\" paint-order=\"stroke\">";
+    if (note.size() <= fits(layout.bannerSize))
+        return svg +
+               Text(middle, (layout.top + layout.bottom) / 2.0, layout.bannerSize, "middle", kNote,
+                    note) +
+               "</g>";
+    const auto lines = Wrapped(note, fits(layout.noteSize));
+    double y = layout.bottom - 3 - static_cast<double>(lines.size() - 1) * (layout.noteSize + 1);
+    for (const std::string& line : lines) {
+        svg += Text(middle, y, layout.noteSize, "middle", kNote, line);
+        y += layout.noteSize + 1;
+    }
+    return svg + "</g>";
 }
 
 std::string Line(double x1, double y1, double x2, double y2) {
@@ -123,8 +160,6 @@ std::string ChartSvg(const Chart& chart, ChartSize size) {
     const Layout& layout = size == ChartSize::Small ? kSmall : kLarge;
     const std::string width = std::to_string(layout.width);
     const std::string height = std::to_string(layout.height);
-    const double middle = (layout.left + layout.right) / 2.0;
-    const double center = (layout.top + layout.bottom) / 2.0;
 
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width +
                       "\" height=\"" + height + "\" viewBox=\"0 0 " + width + " " + height +
@@ -134,17 +169,16 @@ std::string ChartSvg(const Chart& chart, ChartSize size) {
     const double titleLine = layout.titleSize + 2;
     if (chart.values.empty())
         return svg + Text(layout.left, titleLine, layout.titleSize, "start", kText, chart.title) +
-               Text(layout.width / 2.0, center, layout.titleSize, "middle", kText, "no prices") +
-               "</svg>";
+               Text((layout.left + layout.right) / 2.0, layout.top + layout.titleSize,
+                    layout.titleSize, "middle", kText, "no prices") +
+               Note(chart.note, layout) + "</svg>";
 
     const Range range = RangeOf(chart.values);
     svg += Curve(chart.values, range, layout) + Grid(range, layout) + Labels(chart.labels, layout) +
            Text(layout.left, titleLine, layout.titleSize, "start", kText, chart.title) +
            Text(layout.width - 4, titleLine, layout.titleSize, "end", kCurve,
                 PriceText(chart.values.back()));
-    // The note keeps clear of the curve by a white rim.
-    return svg + "<g stroke=\"#ffffff\" stroke-width=\"3\" paint-order=\"stroke\">" +
-           Text(middle, center, layout.noteSize, "middle", kNote, chart.note) + "</g></svg>";
+    return svg + Note(chart.note, layout) + "</svg>";
 }
 
 } // namespace tallowmere

@@ -11,6 +11,7 @@ struct PageFrame {
     std::string titleEnd;  ///< behind the title
     std::string note;      ///< at the head of the page
     std::string stripNote; ///< the same where there is room for a few words only
+    std::string logo;      ///< beside the mark, two words at most
 };
 
 /// A whole page around `body`, which is HTML; `title` is plain text.

@@ -5,6 +5,7 @@
 #include "webdata/web_address.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tallowmere {
 
@@ -24,6 +25,11 @@ std::string_view TitleOf(Period period) {
         break;
     }
     return " 1 day";
+}
+
+/// Whether a source was asked, and did not answer as it should.
+bool HasFailed(const SourceReport& report) {
+    return report.enabled && report.lastFailure && *report.lastFailure != SourceFailure::Empty;
 }
 
 int HalfOfMonth(const NewYorkClock& clock) {
@@ -107,8 +113,10 @@ Chart LiveView::ChartOf(std::string_view symbol, Period period) const {
     Chart chart;
     chart.title = ToUpper(symbol) + std::string(TitleOf(period));
     const auto kept = m_quotes.FindSeries(SpanOf(period), symbol);
-    if (kept.value == nullptr)
+    if (kept.value == nullptr) {
+        chart.note = WhyMissing(SpanOf(period), symbol);
         return chart;
+    }
     const PriceSeries& series = *kept.value;
     const auto start = period == Period::ThreeMonths ? series.times.back() - kThreeMonths : 0;
     std::vector<std::pair<std::size_t, std::string>> labels;
@@ -130,9 +138,18 @@ Chart LiveView::ChartOf(std::string_view symbol, Period period) const {
 }
 
 std::string LiveView::Missing(std::string_view symbol) const {
-    if (m_quotes.IsPending(PriceSpan::Quote, symbol))
+    return WhyMissing(PriceSpan::Quote, symbol);
+}
+
+std::string LiveView::WhyMissing(PriceSpan span, std::string_view symbol) const {
+    if (m_quotes.IsPending(span, symbol))
         return "The sources have not answered yet.";
-    return "No source that can be reached has a quote of this ticker.";
+    const auto reports = m_quotes.Reports(m_now);
+    const bool hasAny = std::any_of(reports.begin(), reports.end(), [](const SourceReport& report) {
+        return report.enabled && !HasFailed(report) && (report.lastGood != 0 || report.lastFailure);
+    });
+    return hasAny ? "No source that can be reached has this ticker."
+                  : "No source of quotes can be reached.";
 }
 
 std::string LiveView::HomePage(const ShownQuote& quote) const {
@@ -150,16 +167,24 @@ std::string LiveView::LinkTo(std::string_view path) const {
 PageFrame LiveView::Frame() const {
     std::string note = "Quotes of outside sources; each says its source and its time.";
     std::string failed;
+    std::string silent; // since the start
+    std::set<std::string> named;
     for (const SourceReport& report : m_quotes.Reports(m_now)) {
-        if (!report.enabled || !report.lastFailure || *report.lastFailure == SourceFailure::Empty)
+        // Two rows may be about one source.
+        if (!HasFailed(report) || !named.insert(report.name).second)
             continue;
-        failed += (failed.empty() ? "" : "; ") + report.name +
-                  (report.lastGood == 0 ? std::string(" (no answer since the start)")
-                                        : " (last answer " + ShowTime(report.lastGood) + ")");
+        if (report.lastGood == 0)
+            silent += (silent.empty() ? "" : ", ") + report.name;
+        else
+            failed += report.name + " (last answer " + ShowTime(report.lastGood) + "); ";
     }
+    if (!silent.empty())
+        failed += silent + " (no answer since the start)";
+    else if (!failed.empty())
+        failed.resize(failed.size() - 2);
     if (!failed.empty())
         note += " Could not be reached: " + failed + ".";
-    return {"", note, failed.empty() ? "Quorvane" : "Some sources cannot be reached"};
+    return {"", note, failed.empty() ? "Quorvane" : "Some sources cannot be reached", "Quorvane"};
 }
 
 } // namespace tallowmere

@@ -24,6 +24,8 @@ public:
     PageFrame Frame() const override;
 
 private:
+    std::string WhyMissing(PriceSpan span, std::string_view symbol) const;
+
     const SourceSchedule& m_quotes;
     const SiteTable& m_sites;
     const std::vector<std::string>& m_strip;

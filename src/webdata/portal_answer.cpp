@@ -88,7 +88,7 @@ std::optional<PortalAnswer> AnswerProgram(const MarketView& market, const Portal
     if (path.ends_with("/newsites.html"))
         return HtmlAnswer(texts.newSites);
     if (path == "/logo.gif")
-        return SvgAnswer(LogoSvg(market.Frame().stripNote));
+        return SvgAnswer(LogoSvg(market.Frame().logo));
     if (auto chart = ChartAnswer(market, request))
         return SvgAnswer(std::move(*chart));
     if (path == "/quotes")

@@ -60,7 +60,10 @@ std::string RangeText(const std::optional<double>& low, const std::optional<doub
 }
 
 std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period period) {
-    std::string html = "<h2>" + ShownText(quote.name) + " (" + ShownText(quote.symbol) + ")</h2>";
+    const std::string symbol = ShownText(quote.symbol);
+    std::string html = "<h2>" +
+                       (quote.name.empty() ? symbol : ShownText(quote.name) + " (" + symbol + ")") +
+                       "</h2>";
     html += "<p><span class=\"price\">" + PriceText(quote.last) + "</span> " +
             ColouredChange(quote.change, TextOr(quote.change, ChangeText, kUnknown) + " (" +
                                              TextOr(quote.percent, PercentText, kUnknown) + ")") +

@@ -74,7 +74,7 @@ std::string SampleView::HomePage(const ShownQuote& quote) const {
 
 PageFrame SampleView::Frame() const {
     return {" - SAMPLE DATA", "SAMPLE DATA: every price and figure on this page is invented.",
-            "SAMPLE DATA"};
+            "SAMPLE DATA", "SAMPLE DATA"};
 }
 
 std::string CompanyHost(std::string_view symbol) {

@@ -37,6 +37,14 @@ std::int64_t TimeOf(const PriceSeries& series) {
     return series.times.back();
 }
 
+/// Not every source knows the name of a company; one that was told stays.
+void KeepName(Quote& quote, const Quote& before) {
+    if (quote.name.empty())
+        quote.name = before.name;
+}
+
+void KeepName(PriceSeries&, const PriceSeries&) {}
+
 } // namespace
 
 SourceSchedule::SourceSchedule(SourceTable table)
@@ -197,7 +205,10 @@ void SourceSchedule::Keep(const Value& value, std::optional<Value> Subject::*mem
     const std::optional<Value>& kept = subject.*member;
     const bool isOlder = kept && TimeOf(value) != 0 && TimeOf(value) + kOlder < TimeOf(*kept);
     if (!isOlder) {
-        subject.*member = value;
+        Value newer = value;
+        if (kept)
+            KeepName(newer, *kept);
+        subject.*member = std::move(newer);
         subject.receivedAt = now;
         subject.source = flight.row;
     }

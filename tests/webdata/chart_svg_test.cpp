@@ -49,6 +49,30 @@ TEST(ChartSvg, SaysThatThereAreNoPrices) {
     EXPECT_THAT(svg, HasSubstr("SAMPLE DATA"));
 }
 
+TEST(ChartSvg, SaysWhyThereAreNone) {
+    const std::string svg = ChartSvg({"XYZ", "No source answers.", {}, {}}, ChartSize::Small);
+    EXPECT_THAT(svg, HasSubstr(">no prices<"));
+    EXPECT_THAT(svg, HasSubstr(">No source answers.<"));
+}
+
+TEST(ChartSvg, BreaksANoteThatIsWiderThanThePlot) {
+    // A character is taken to be 0.6 of the size wide: 24 of size 9 fit into the 134 pixels of the
+    // small plot, 59 of size 12 into the 428 of the large one, and a banner of 29 there.
+    const std::string note = "Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20, 2026";
+    const Chart chart{"T", note, {1, 2}, {}};
+    const std::string small = ChartSvg(chart, ChartSize::Small);
+    for (const char* line :
+         {">Nov 20, 2026 4:00 PM ET,<", ">Charts Inc, stale since<", ">Nov 20, 2026<"})
+        EXPECT_THAT(small, HasSubstr(line));
+    const std::string large = ChartSvg(chart, ChartSize::Large);
+    EXPECT_THAT(large, HasSubstr(">Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20,<"));
+    EXPECT_THAT(large, HasSubstr(">2026<"));
+    EXPECT_THAT(ChartSvg({"T", std::string(29, 'x'), {1, 2}, {}}, ChartSize::Large),
+                HasSubstr("font-size=\"24\""));
+    EXPECT_THAT(ChartSvg({"T", std::string(30, 'x'), {1, 2}, {}}, ChartSize::Large),
+                Not(HasSubstr("font-size=\"24\"")));
+}
+
 TEST(ChartSvg, LeavesLabelsOutThatWouldTouch) {
     const Chart chart{"T", "", {1, 2}, {{0.5, "one"}, {0.52, "two"}, {0.9, "three"}}};
     const std::string svg = ChartSvg(chart, ChartSize::Large);

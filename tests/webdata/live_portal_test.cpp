@@ -119,8 +119,25 @@ TEST_F(LivePortalTest, LetsTheStripKeepItsTextsWithoutANetwork) {
     const std::string page = Get("quote.yahoo.com" + IndexQuery());
     EXPECT_TRUE(IsCompleteIndexPage(page));
     EXPECT_THAT(ReadIndexPage(page), IsEmpty());
-    EXPECT_THAT(page, AllOf(HasSubstr("No source that can be reached"),
+    EXPECT_THAT(page, AllOf(HasSubstr("No source of quotes can be reached."),
                             HasSubstr("Quotes Inc (no answer since the start)")));
+    EXPECT_THAT(Get("ichart.yahoo.com/b?s=msft"),
+                AllOf(HasSubstr("no prices"), HasSubstr("No source of quotes can be")));
+    EXPECT_THAT(Get("quote.yahoo.com" + DetailedIndexQuery()),
+                HasSubstr("Charts Inc, Quotes Inc (no answer since the start)."));
+}
+
+TEST_F(LivePortalTest, KeepsTheNameThatAnEarlierSourceTold) {
+    Get("quote.yahoo.com/q?s=msft");
+    m_rows["MSFT"] = CnbcRow("MSFT", "421.75", "+1", "");
+    m_now += 60;
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=msft"),
+                AllOf(HasSubstr("Microsoft Corp (MSFT)"), HasSubstr("421.75")));
+}
+
+TEST_F(LivePortalTest, HeadsAQuoteWithoutANameByItsTicker) {
+    m_rows["MSFT"] = CnbcRow("MSFT", "421.75", "+1", "");
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=msft"), HasSubstr("<h2>MSFT</h2>"));
 }
 
 TEST_F(LivePortalTest, SaysSinceWhenAQuoteIsStaleAndGoesOnWhenTheNetworkReturns) {
@@ -152,7 +169,8 @@ TEST_F(LivePortalTest, AnswersThePortfolioThatTheCondensedPageIsCutFrom) {
     EXPECT_EQ(CountOccurrences(*condensed, "<table border=0"), 4U);
     for (const char* shown :
          {"<b>420.75</b>", "<b>510.25</b>", "<b>6011.25</b>", "Microsoft Corp", "Quotes Inc",
-          "Nov 20 2026 4:00 PM ET", "No source that can be reached", "Berkshire &lt;b&gt;"})
+          "Nov 20 2026 4:00 PM ET", "No source that can be reached has this ticker.",
+          "Berkshire &lt;b&gt;"})
         EXPECT_THAT(*condensed, HasSubstr(shown));
     for (const char* removed : {"More Info", "Div Date", "Ex-Div", "Yield", "SAMPLE", "latest"})
         EXPECT_THAT(*condensed, Not(HasSubstr(removed)));
@@ -185,7 +203,7 @@ TEST_F(LivePortalTest, DrawsTheChartsFromThePricesOfTheirSpan) {
     EXPECT_THAT(Get("ichart.yahoo.com/b?s=brk.b"), HasSubstr("BRK.B 1 day<"));
     EXPECT_THAT(Get("ichart.yahoo.com/b?s=nosuch"), HasSubstr("no prices"));
     EXPECT_THAT(Get("finance.yahoo.com/logo.gif"),
-                AllOf(StartsWith("<svg "), Not(HasSubstr("SAMPLE"))));
+                AllOf(StartsWith("<svg "), HasSubstr(">Quorvane<")));
 }
 
 TEST_F(LivePortalTest, CutsThreeMonthsOutOfTheYear) {
