@@ -94,6 +94,7 @@ public:
     ActiveEdges& Edges() { return *m_edges; }
     Timers& ClubAndRefresh() { return *m_timers; }
     ServerLists& Lists() { return *m_lists; }
+    ColorConfig& Colors() { return *m_colors; }
     SiteEditor& Sites() { return *m_siteEditor; }
     UserSites& OwnSites() { return *m_userSites; }
 
