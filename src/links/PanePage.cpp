@@ -5,6 +5,7 @@
 #include "webdata/PortalScheme.h"
 #include "webdata/WebAccess.h"
 
+#include <QAuthenticator>
 #include <QPointer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineNewWindowRequest>
@@ -54,6 +55,14 @@ PanePage::PanePage(EngineProfile& profile, Prompts& prompts)
     connect(this, &QWebEnginePage::featurePermissionRequested, this, &PanePage::AskForFeature);
     connect(this, &QWebEnginePage::certificateError, this,
             [](QWebEngineCertificateError error) { error.rejectCertificate(); });
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [this](const QUrl& url, QAuthenticator* authenticator) {
+                AskForSignIn(WebAccess::AsBuilt(url).host(), *authenticator);
+            });
+    connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
+            [this](const QUrl&, QAuthenticator* authenticator, const QString& proxy) {
+                AskForSignIn(proxy, *authenticator);
+            });
 }
 
 bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
@@ -96,6 +105,18 @@ void PanePage::AskForFeature(const QUrl& origin, QWebEnginePage::Feature feature
     if (guard)
         setFeaturePermission(origin, feature,
                              isGranted ? PermissionGrantedByUser : PermissionDeniedByUser);
+}
+
+void PanePage::AskForSignIn(const QString& server, QAuthenticator& authenticator) {
+    const auto signIn = m_prompts.AskSignIn(
+        tr("%1 asks for a user name and a password: %2").arg(server, authenticator.realm()),
+        MessageTitle());
+    // To the engine, an authenticator without anything in it says that the user does not sign in.
+    authenticator = {};
+    if (signIn) {
+        authenticator.setUser(signIn->user);
+        authenticator.setPassword(signIn->password);
+    }
 }
 
 void PanePage::javaScriptAlert(const QUrl& origin, const QString& text) {

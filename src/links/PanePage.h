@@ -2,6 +2,7 @@
 
 #include <QWebEnginePage>
 
+class QAuthenticator;
 class QWebEngineNewWindowRequest;
 
 namespace tallowmere {
@@ -39,6 +40,7 @@ protected:
 private:
     void OpenWindow(QWebEngineNewWindowRequest& request);
     void AskForFeature(const QUrl& origin, QWebEnginePage::Feature feature);
+    void AskForSignIn(const QString& server, QAuthenticator& authenticator);
 
     Prompts& m_prompts;
     bool m_isUnderWay = false;

@@ -64,7 +64,8 @@ std::string FillPath(std::string_view pathTemplate, const TickerForms& forms, Da
             cursor.Skip(field->first.size() + 1);
         }
     }
-    return path.append(cursor.Rest());
+    path += cursor.Rest();
+    return path;
 }
 
 std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteTable& sites,

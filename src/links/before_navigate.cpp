@@ -49,7 +49,9 @@ std::optional<std::string> RewriteStockLookup(std::string_view address, const Si
     std::string rewritten;
     if (schemeEnd != std::string_view::npos && !Contains(redirect, "://"))
         rewritten = address.substr(0, schemeEnd + 3);
-    return rewritten.append(redirect).append(address.substr(path + kLookupPath.size()));
+    rewritten += redirect;
+    rewritten += address.substr(path + kLookupPath.size());
+    return rewritten;
 }
 
 std::string MultiLinkFrame(std::string_view address) {

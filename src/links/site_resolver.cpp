@@ -52,7 +52,8 @@ std::string FillToday(std::string_view addressTemplate, std::string_view value) 
         if (rest.ReadUpTo("}", field))
             address += FieldValue(field, value);
     }
-    return address.append(rest.Rest());
+    address += rest.Rest();
+    return address;
 }
 
 SiteResolver::SiteResolver(const SiteTable& sites, const MenuTable& menus, const TodayTable& today,

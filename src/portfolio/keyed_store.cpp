@@ -111,7 +111,8 @@ std::string CollapseLineEnds(std::string_view text) {
         result.append(text, from, at - from);
         from = at + kLineEnd.size();
     }
-    return result.append(text, from);
+    result.append(text, from);
+    return result;
 }
 
 /// A store that holds whole records and a last line end, and no more: what the program itself
@@ -165,7 +166,8 @@ public:
         // The last record takes its line end along, but not the one after it.
         if (content.empty() && m_removed > 0)
             content = kLineEnd;
-        return content.append(kLineEnd);
+        content.append(kLineEnd);
+        return content;
     }
 
 private:
@@ -198,7 +200,10 @@ std::optional<std::string> RemoveNote(std::string_view content, std::string_view
     // The two bytes after the end mark go too, whatever they are: SET writes a line end there.
     const auto next = std::min(content.size(), record->end + kEnd.size() + kLineEnd.size());
     std::string rest(content.substr(0, record->start));
-    return CollapseLineEnds(rest.append(content.substr(next))).append(kLineEnd);
+    rest.append(content.substr(next));
+    rest = CollapseLineEnds(rest);
+    rest.append(kLineEnd);
+    return rest;
 }
 
 std::optional<std::string> RemoveNotes(std::string_view content,

@@ -2,8 +2,12 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFormLayout>
 #include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace tallowmere {
@@ -36,6 +40,29 @@ std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString
     const QString answer =
         QInputDialog::getText(Front(), title, prompt, QLineEdit::Normal, preset, &accepted);
     return accepted ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QString& title) {
+    QDialog dialog(Front());
+    dialog.setWindowTitle(title);
+    auto* question = new QLabel(text);
+    question->setTextFormat(Qt::PlainText);
+    question->setWordWrap(true);
+    auto* user = new QLineEdit;
+    auto* password = new QLineEdit;
+    password->setEchoMode(QLineEdit::Password);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+
+    auto* layout = new QFormLayout(&dialog);
+    layout->addRow(question);
+    layout->addRow(QCoreApplication::translate("Prompts", "&User Name"), user);
+    layout->addRow(QCoreApplication::translate("Prompts", "&Password"), password);
+    layout->addRow(buttons);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return SignIn{user->text(), password->text()};
 }
 
 std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,

@@ -85,7 +85,7 @@ QByteArray TransferControl::OpenURL(const QString& address) {
 QByteArray TransferControl::GetChunk(qsizetype size) {
     if (size >= m_data.size())
         return std::exchange(m_data, {});
-    const QByteArray chunk = m_data.left(size);
+    QByteArray chunk = m_data.left(size);
     m_data.remove(0, size);
     return chunk;
 }

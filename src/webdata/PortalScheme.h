@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QUrl>
 #include <QWebEngineUrlSchemeHandler>
 
 namespace tallowmere {

@@ -77,7 +77,8 @@ std::string Page(const PageFrame& frame, std::string_view title, std::string_vie
     page.append("</style></head>\n<body").append(bodyAttribute).append(">");
     if (!note.empty())
         page.append("<p class=\"note\">").append(ShownText(note)).append("</p>\n");
-    return page.append(body).append("\n</body></html>\n");
+    page.append(body).append("\n</body></html>\n");
+    return page;
 }
 
 } // namespace

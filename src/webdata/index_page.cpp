@@ -32,6 +32,7 @@ std::string StripRow(std::string_view symbol, std::string_view value, std::strin
 
 std::string IndexPage(const MarketView& market, const std::vector<std::string>& symbols) {
     std::vector<std::optional<ShownQuote>> quotes;
+    quotes.reserve(symbols.size());
     for (const std::string& symbol : symbols)
         quotes.push_back(market.Find(symbol));
     const bool hasAny = std::any_of(quotes.begin(), quotes.end(),

@@ -30,6 +30,7 @@ std::vector<std::string> SymbolsWithChange(const MarketView& market, bool rising
         std::reverse(movers.begin(), movers.end());
     movers.resize(std::min(movers.size(), kMoversShown));
     std::vector<std::string> symbols;
+    symbols.reserve(movers.size());
     for (auto& [percent, symbol] : movers)
         symbols.push_back(std::move(symbol));
     return symbols;

@@ -41,7 +41,7 @@ std::string HeaderRow(std::string_view symbol, std::string_view name) {
 std::string ChangeHtml(const ShownQuote& quote) {
     if (!quote.change)
         return std::string(kUnknown);
-    const std::string text =
+    std::string text =
         ChangeText(*quote.change) + " (" + TextOr(quote.percent, PercentText, kUnknown) + ")";
     if (*quote.change == 0)
         return text;

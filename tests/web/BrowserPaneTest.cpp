@@ -114,6 +114,23 @@ private Q_SLOTS:
         QCOMPARE(progress.last(), (QVariantList{0, 0}));
     }
 
+    void AServerThatWantsAPasswordGetsTheUsers() {
+        Bench bench;
+        CannedPage locked{"<title>locked</title>", Ending::Length, 401};
+        locked.headers << "WWW-Authenticate: Basic realm=\"the desk\"";
+        bench.server.Serve(u"/locked"_s, locked);
+        bench.prompts.signIns = {SignIn{u"mary"_s, u"s3cret"_s}};
+        QVERIFY(bench.Show(bench.server.Address(u"/locked"_s)));
+        // Refused, the password is asked for again, and no answer shows what the server says.
+        QCOMPARE(bench.server.CountOf(u"/locked"_s), 2);
+        QVERIFY(bench.server.LastHead().contains("Authorization: Basic " +
+                                                 QByteArray("mary:s3cret").toBase64()));
+        QCOMPARE(bench.prompts.messages.size(), 2);
+        QVERIFY(bench.prompts.messages.first().contains(u"127.0.0.1"_s));
+        QVERIFY(bench.prompts.messages.first().contains(u"the desk"_s));
+        QCOMPARE(bench.Title(), u"locked"_s);
+    }
+
     void ACancelledNavigationLoadsNothing() {
         Bench bench;
         bench.isCancelling = true;
