@@ -14,6 +14,7 @@
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWebEngineFindTextResult>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
@@ -96,7 +97,11 @@ void BrowserPane::EnsurePage() {
             });
     connect(m_findBar, &FindBar::Wanted, m_page, [this](const QString& text, bool isBackward) {
         m_page->findText(text,
-                         isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+                         isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
+                         [bar = QPointer(m_findBar)](const QWebEngineFindTextResult& result) {
+                             if (bar)
+                                 bar->ShowMatch(result.activeMatch(), result.numberOfMatches());
+                         });
     });
     connect(m_findBar, &FindBar::Closed, m_view, [this] { m_view->setFocus(); });
 }

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 
@@ -33,6 +34,9 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
     m_text->setAccessibleName(tr("Find in page"));
     m_text->setClearButtonEnabled(true);
     layout->addWidget(m_text, 1);
+    m_matches = new QLabel;
+    m_matches->setObjectName(u"FindMatches"_s);
+    layout->addWidget(m_matches);
     auto* previous = AddButton(layout, u"\u2191"_s, tr("Previous"));
     auto* next = AddButton(layout, u"\u2193"_s, tr("Next"));
     auto* close = AddButton(layout, u"\u2715"_s, tr("Close"));
@@ -49,6 +53,13 @@ void FindBar::Open() {
     show();
     m_text->setFocus();
     m_text->selectAll();
+}
+
+void FindBar::ShowMatch(int match, int matches) {
+    if (m_text->text().isEmpty())
+        m_matches->clear();
+    else
+        m_matches->setText(matches > 0 ? tr("%1 of %2").arg(match).arg(matches) : tr("Not found"));
 }
 
 void FindBar::Close() {

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QLineEdit;
 
 namespace tallowmere {
@@ -15,6 +16,9 @@ public:
     /// Shows the bar with its text selected, ready to be typed over.
     void Open();
 
+    /// Says which of how many places is the one found last; 0 of 0 when there is none.
+    void ShowMatch(int match, int matches);
+
 Q_SIGNALS:
     /// The text to find, on or back from the place found last; empty when the search ends.
     void Wanted(const QString& text, bool isBackward);
@@ -27,6 +31,7 @@ private:
     void Close();
 
     QLineEdit* m_text;
+    QLabel* m_matches;
 };
 
 } // namespace tallowmere

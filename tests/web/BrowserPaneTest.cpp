@@ -9,7 +9,10 @@
 #include "webdata/EngineProfile.h"
 #include "webdata/WebAccess.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -275,6 +278,55 @@ private Q_SLOTS:
         QVERIFY(!bench.Page());
         QVERIFY(bench.HasNotice());
         QCOMPARE(bench.NoticeText(u"NoticeAddress"_s), address);
+    }
+
+    void TheTextOfAPageIsFoundOnAndBack() {
+        Bench bench;
+        bench.server.Serve(u"/words"_s, "<title>words</title>gold silver gold oil gold");
+        QVERIFY(bench.Show(bench.server.Address(u"/words"_s)));
+        bench.pane.Find();
+        auto* bar = bench.pane.findChild<QWidget*>(u"FindBar"_s);
+        auto* text = bench.pane.findChild<QLineEdit*>(u"FindText"_s);
+        auto* matches = bench.pane.findChild<QLabel*>(u"FindMatches"_s);
+        QVERIFY(bar->isVisible());
+        QTest::keyClicks(text, u"gold"_s);
+        QTRY_COMPARE(matches->text(), u"1 of 3"_s);
+        QTest::keyClick(text, Qt::Key_Return);
+        QTRY_COMPARE(matches->text(), u"2 of 3"_s);
+        QTest::keyClick(text, Qt::Key_Return, Qt::ShiftModifier);
+        QTRY_COMPARE(matches->text(), u"1 of 3"_s);
+        QTest::keyClicks(text, u"en"_s);
+        QTRY_COMPARE(matches->text(), u"Not found"_s);
+        QTest::keyClick(text, Qt::Key_Escape);
+        QVERIFY(!bar->isVisible());
+    }
+
+    void APageIsZoomedWithinBoundsAndTheZoomStays() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        bench.pane.ZoomIn();
+        const double larger = bench.Page()->zoomFactor();
+        QVERIFY(larger > 1.0);
+        QVERIFY(bench.Show(bench.server.Address(u"/b"_s)));
+        QCOMPARE(bench.Page()->zoomFactor(), larger);
+        for (int step = 0; step < 50; ++step)
+            bench.pane.ZoomOut();
+        QCOMPARE(bench.Page()->zoomFactor(), 0.25);
+        bench.pane.ZoomReset();
+        QCOMPARE(bench.Page()->zoomFactor(), 1.0);
+    }
+
+    void TheMenuOfAPageOffersNoWindowsThatTheProgramDoesNotHave() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QTest::mouseClick(bench.pane.windowHandle(), Qt::RightButton, {}, {100, 200});
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QVERIFY(menu->actions().contains(bench.Page()->action(QWebEnginePage::Reload)));
+        for (const auto action : {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewTab})
+            QVERIFY(!menu->actions().contains(bench.Page()->action(action)));
+        menu->close();
     }
 
     void ACrashedPageSaysSoAndRefreshBringsItBack() {
