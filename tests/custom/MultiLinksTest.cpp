@@ -1,6 +1,7 @@
 #include "custom/MultiLinks.h"
 #include "custom/CustomEditor.h"
 #include "links/BrowserPane.h"
+#include "support/FullDisk.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 #include "text/bytes.h"
@@ -74,6 +75,16 @@ private:
         [[maybe_unused]] const bool loaded =
             QTest::qWaitFor([&] { return !web.Busy() && !web.LocationURL().isEmpty(); });
         return web.LocationURL();
+    }
+    /// Clicks a link while no file can grow beyond 64 KB; what goes wrong is told to the session.
+    static void ClickOnFullDisk(TestSession& session, int link) {
+        auto& application = static_cast<Application&>(*qApp);
+        application.SetPrompts(&session.prompts);
+        {
+            const FullDisk disk(65536);
+            session.ClickLink(link);
+        }
+        application.SetPrompts(nullptr);
     }
     static void Tick(QTimer& timer) {
         QTimerEvent event(timer.timerId());
@@ -306,6 +317,54 @@ private Q_SLOTS:
         session.ClickLink(105);
         QCOMPARE(session.prompts.messages, QStringList{u"Quorvane: Select a Ticker..."_s});
         QVERIFY(!Exists(session, "multiweb.html"));
+    }
+
+    void AFullDiskIsToldOfAndEndsTheRecordingAllTheSame() {
+        TestSession session;
+        Prepare(session);
+        const std::string address = "http://h.example/LCASETICK" + std::string(100'000, 'a');
+        StoreLink(session, 101, "Long", address.c_str());
+        session.Start();
+        StartFromEditor(session, 110, u"Big"_s);
+        session.ClickLink(101);
+        ClickOnFullDisk(session, kRecord);
+        QCOMPARE(session.prompts.messages.size(), 1);
+        QVERIFY(session.prompts.messages[0].startsWith(u"Quorvane: "_s));
+        QVERIFY(session.prompts.messages[0].contains(u"Big.mlnk"_s));
+        QVERIFY(!Exists(session, "Big.mlnk"));
+        QVERIFY(!Exists(session, "Big.mlnk.tmp"));
+        QVERIFY(!session->State().templateMode);
+        QVERIFY(!session->State().multiLinkPending);
+        QCOMPARE(session.Stored("Custom110"), u"MULTILINK:Big.mlnk"_s);
+    }
+
+    void OnAFullDiskThePageThatWasShownStays() {
+        TestSession session;
+        Prepare(session);
+        StoreLink(session, 105, "Stored", "MULTILINK:Stored.mlnk");
+        session.Start();
+        const std::string page = Frame("http://h.example/" + std::string(100'000, 'a'));
+        WriteWholeFile(session.Folder() / "Stored.mlnk", page);
+        WriteWholeFile(session.Folder() / "multiweb.html", "old");
+        const QString before = FirstPage(session);
+        ClickOnFullDisk(session, 105);
+        QCOMPARE(session.prompts.messages.size(), 1);
+        QCOMPARE(File(session, "multiweb.html"), "old");
+        QCOMPARE(File(session, "Stored.mlnk"), page);
+        QCOMPARE(session.Form().Web->LocationURL(), before);
+    }
+
+    void APageFileThatWasCutOffIsShownAsFarAsItGoes() {
+        TestSession session;
+        Prepare(session);
+        StoreLink(session, 105, "Cut", "MULTILINK:Cut.mlnk");
+        session.Start();
+        const std::string cut = kHead + Frame("http://h.example/msft") + "<IFRAME height=\"100";
+        WriteWholeFile(session.Folder() / "Cut.mlnk", cut);
+        session.ClickLink(105);
+        QCOMPARE(File(session, "multiweb.html"), cut);
+        QTRY_COMPARE(session.Form().Web->LocationURL(), DisplayPage(session));
+        QCOMPARE(session.prompts.messages, QStringList());
     }
 
     void APageFileThatIsGoneOrEmptyShowsNothing() {

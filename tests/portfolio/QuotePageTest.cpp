@@ -1,4 +1,5 @@
 #include "links/BrowserPane.h"
+#include "support/FullDisk.h"
 #include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -182,6 +183,23 @@ private Q_SLOTS:
         QCOMPARE(session.opened, QStringList());
         QCOMPARE(session.prompts.messages, QStringList());
         QCOMPARE(session->State().portfolioView.pendingView, "Skip");
+    }
+
+    void OnAFullDiskThePageBeforeStays() {
+        Quotes session("IBM|");
+        WriteWholeFile(session.Page(), "before");
+        session.answer = Answer(1000).toStdString();
+        {
+            const FullDisk disk(65536);
+            session.ShowCondensed();
+        }
+        QCOMPARE(session.Queries(), 1);
+        QCOMPARE(session.Written(), QByteArray("before"));
+        QCOMPARE(session.opened, QStringList());
+        QCOMPARE(session.prompts.messages, QStringList());
+        QVERIFY(!std::filesystem::exists(session.Folder() / "ycprint.html.tmp"));
+        session.ShowCondensed();
+        QVERIFY(session.Written().contains(Cell()));
     }
 
     void TheHourglassShowsAndASecondCallIsRefusedWhileItWorks() {

@@ -1,6 +1,7 @@
 #include "portfolio/Reports.h"
 #include "links/BrowserPane.h"
 #include "portfolio/keyed_store.h"
+#include "support/FullDisk.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 #include "text/files.h"
@@ -112,6 +113,28 @@ private Q_SLOTS:
         QTimer::singleShot(0, session.Form().menus->mnuViewPort, &QAction::trigger);
         QTRY_COMPARE(session.prompts.messages.size(), 1);
         application.SetPrompts(nullptr);
+        QCOMPARE(session.opened, QStringList());
+    }
+
+    void OnAFullDiskTheReportBeforeStaysAndTheUserIsTold() {
+        Report session;
+        session.Run("mnuViewPort");
+        const std::string before = ReadExistingFile(session.Page());
+        std::string tickers;
+        for (int i = 0; i < 2000; ++i)
+            tickers += "T" + std::to_string(i) + "|";
+        session.Store("Stocks2", tickers.c_str());
+        session.opened.clear();
+        auto& application = static_cast<Application&>(*qApp);
+        application.SetPrompts(&session.prompts);
+        QTimer::singleShot(0, session.Form().menus->mnuViewPort, [&] {
+            const FullDisk disk(65536);
+            session.Run("mnuViewPort");
+        });
+        QTRY_COMPARE(session.prompts.messages.size(), 1);
+        application.SetPrompts(nullptr);
+        QVERIFY(session.prompts.messages[0].contains(u"report.html"_s));
+        QCOMPARE(ReadExistingFile(session.Page()), before);
         QCOMPARE(session.opened, QStringList());
     }
 
