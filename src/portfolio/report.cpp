@@ -59,20 +59,27 @@ std::string QuoteLink(std::string_view ticker, const SiteTable& sites) {
 
 void AppendTickers(std::string& page, std::string_view storedList, const NoteIndex& notes,
                    const SiteTable& sites) {
+    constexpr std::string_view kNotedEnd = "\"</font></b>";
     PendingLine pending;
+    // A ticker with a note has a line of its own: what follows it begins a new one.
+    const auto flush = [&] {
+        if (page.ends_with(kNotedEnd))
+            page.append("<br>");
+        page.append(pending.Take()).append("<br>");
+    };
     for (const std::string& ticker : SplitTickerList(storedList)) {
         const std::string_view note = notes.Find(ticker);
         const std::string link = QuoteLink(ticker, sites);
         if (!note.empty()) {
             page.append("<br><b>").append(link).append("&nbsp;&nbsp;&nbsp;&nbsp;");
             page.append(kLeader).append("<font color=\"#008000\">\"");
-            page.append(EscapeHtml(note)).append("\"</font></b>");
+            page.append(EscapeHtml(note)).append(kNotedEnd);
         } else if (pending.Add(link)) {
-            page.append(pending.Take()).append("<br>");
+            flush();
         }
     }
     if (!pending.IsEmpty())
-        page.append(pending.Take()).append("<br>");
+        flush();
 }
 
 /// A note may hold line breaks; each of its lines is a line on paper.

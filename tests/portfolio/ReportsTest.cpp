@@ -89,7 +89,7 @@ private Q_SLOTS:
                  "<br><b>"_s +
                      Link(u"MSFT"_s, u"MSFT"_s) +
                      u"&nbsp;&nbsp;&nbsp;&nbsp;.......<font color=\"#008000\">\"buy &gt; 100?\""
-                     "</font></b>"_s +
+                     "</font></b><br>"_s +
                      Link(u"IBM"_s, u"IBM"_s) + u", "_s + Link(u"AOL"_s, u"AOL"_s) +
                      u"<br><br><br><big><big>Portfolio #10 : Portfolio #10</big> (1)</big><br>"_s +
                      Link(u"T%3CX"_s, u"T&lt;X"_s) + u"<br><br><br>"_s);

@@ -84,14 +84,14 @@ TEST(Report, ATickerWithANoteStandsAloneAheadOfThoseStillPending) {
                                   "<br><b>" +
                                   Link("IBM") +
                                   "&nbsp;&nbsp;&nbsp;&nbsp;.......<font color=\"#008000\">"
-                                  "\"watch\"</font></b>" +
+                                  "\"watch\"</font></b><br>" +
                                   Line(1, 2) + "<br><br><br>"));
 }
 
 TEST(Report, ANotedTickerDoesNotCountForALineOfTen) {
     const std::vector<StoredPortfolio> portfolios{{1, "P", "IBM|" + List(11)}};
     const std::string page = ReportPage(portfolios, Notes({{"IBM", "n"}}), kToday, Sites());
-    EXPECT_THAT(page, HasSubstr("</b>" + Line(1, 10) + "<br>" + Line(11, 11) + "<br><br><br>"));
+    EXPECT_THAT(page, HasSubstr("</b><br>" + Line(1, 10) + "<br>" + Line(11, 11) + "<br><br><br>"));
 }
 
 TEST(Report, ShowsNamesTickersAndNotesAsTheyAre) {
