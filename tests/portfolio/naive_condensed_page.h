@@ -12,11 +12,8 @@ namespace tallowmere::naive {
 
 /// Position of `part` from position `start` on, 0 when it does not occur.
 inline std::size_t Find(std::size_t start, const std::string& text, const std::string& part) {
-    for (std::size_t at = start; at + part.size() <= text.size() + 1; ++at) {
-        if (text.compare(at - 1, part.size(), part) == 0)
-            return at;
-    }
-    return 0;
+    const auto at = text.find(part, start - 1);
+    return at == std::string::npos ? 0 : at + 1;
 }
 
 inline std::string From(const std::string& text, std::size_t position) {
