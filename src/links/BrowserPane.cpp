@@ -11,6 +11,7 @@
 
 #include <QEventLoop>
 #include <QMenu>
+#include <QNetworkInformation>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -305,7 +306,23 @@ void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
         m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url)) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url);
+    AwaitNetwork();
     End(false);
+}
+
+// A page that failed is loaded again when the machine comes back to the network.
+void BrowserPane::AwaitNetwork() {
+    using Feature = QNetworkInformation::Feature;
+    if (!QNetworkInformation::loadBackendByFeatures(Feature::Reachability))
+        return;
+    QNetworkInformation* network = QNetworkInformation::instance();
+    network->disconnect(this);
+    connect(network, &QNetworkInformation::reachabilityChanged, this,
+            [this](QNetworkInformation::Reachability reachability) {
+                if (reachability == QNetworkInformation::Reachability::Online &&
+                    m_shown == Shown::Failure && !m_isBusy)
+                    Refresh();
+            });
 }
 
 // `url` is where the engine was when it failed.

@@ -80,6 +80,7 @@ private:
     void EnsurePage();
     void Load(const QString& address);
     void LoadAsBuilt();
+    void AwaitNetwork();
     void TellOfFailure(const QString& title, const QString& text, const QUrl& url);
     void Begin(const QString& address);
     void End(bool isLoaded);

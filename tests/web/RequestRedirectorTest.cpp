@@ -5,6 +5,7 @@
 #include "support/WebTest.h"
 
 #include <QLabel>
+#include <QNetworkInformation>
 #include <QPushButton>
 
 using namespace tallowmere;
@@ -108,6 +109,22 @@ private Q_SLOTS:
         pane.Refresh();
         QTRY_COMPARE(today.CountOf(u"/today"_s), 1);
         QTRY_VERIFY(!asBuilt->isVisible());
+    }
+
+    void AFailedPageComesWhenTheNetworkReturns() {
+        const quint16 port = m_server.serverPort();
+        m_server.close();
+        BrowserPane& pane = *m_session->Form().Web;
+        pane.Navigate(u"h.example/q?s=msft&d=2b"_s);
+        auto* again = pane.findChild<QPushButton*>(u"NoticeTryAgain"_s);
+        QTRY_VERIFY(again->isVisible() && !pane.Busy());
+        if (!QNetworkInformation::instance())
+            QSKIP("This system does not tell whether there is a network.");
+        QVERIFY(m_server.listen(QHostAddress::LocalHost, port));
+        Q_EMIT QNetworkInformation::instance()->reachabilityChanged(
+            QNetworkInformation::Reachability::Online);
+        QTRY_COMPARE(m_server.CountOf(u"/today/MSFT"_s), 1);
+        QTRY_VERIFY(!again->isVisible());
     }
 
     void ABuiltAddressThatFailsTooIsNotOfferedAgain() {
