@@ -22,3 +22,7 @@ target_link_libraries(tallowmere PRIVATE tallowmere_app)
 target_precompile_headers(tallowmere REUSE_FROM tallowmere_app)
 install(TARGETS tallowmere)
 install(DIRECTORY data/ DESTINATION share/tallowmere)
+
+# Asks for every address of the tables, for people with a network: ./dev probe
+add_executable(probe probe/probe.cpp)
+target_link_libraries(probe PRIVATE tallowmere_app)
