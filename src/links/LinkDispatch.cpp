@@ -198,12 +198,21 @@ void LinkDispatch::LoadGated(const LinkRow& row, const TickerForms& forms) {
             "account with their service.  If you need to setup an account, click Yes."_s,
             MessageTitle());
         m_services.settings.SaveSetting("Settings", "FRT", "Done");
-        if (setUp) {
-            m_panes.Navigate(ToQt(m_services.sites.Address("freert_home", "/")));
+        if (setUp && !ShowWhole(ToQt(m_services.sites.Address("freert_home", "/"))))
             return;
-        }
     }
     LoadRow(row, forms);
+}
+
+bool LinkDispatch::ShowWhole(const QString& address) {
+    m_panes.Navigate(address);
+    const QPointer<LinkDispatch> alive(this);
+    bool isLeft = false;
+    const auto leaving = connect(m_form.Web, &BrowserPane::BeforeNavigate2, this,
+                                 [&isLeft](const QString&, bool*) { isLeft = true; });
+    m_form.Web->WaitWhileBusy();
+    disconnect(leaving);
+    return alive && !isLeft;
 }
 
 void LinkDispatch::LoadStreamingPortfolio() {

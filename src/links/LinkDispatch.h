@@ -54,6 +54,8 @@ private:
     void RunCustom(int index);
     void LoadRow(const LinkRow& row, const TickerForms& forms);
     void LoadGated(const LinkRow& row, const TickerForms& forms);
+    /// Loads a page and waits for it; false when the user, or the window, went on meanwhile.
+    bool ShowWhole(const QString& address);
     void LoadStreamingPortfolio();
     void LoadAlerts(const LinkRow& row);
     void FindHomePage(const LinkRow& row, const TickerForms& forms);

@@ -146,11 +146,13 @@ private Q_SLOTS:
         QCOMPARE(window.navigations->last(), u"Web: h.example/rt/frt/stocktalk?symbol=MSFT"_s);
     }
 
-    void WhoWantsAnAccountIsTakenToTheService() {
+    void WhoWantsAnAccountSeesTheServiceFirst() {
         Window window;
         window.prompts.answers = {true};
         window.ClickLink(79);
-        QCOMPARE(*window.navigations, QStringList{u"Web: h.example/"_s});
+        QCOMPARE(*window.navigations,
+                 (QStringList{u"Web: h.example/"_s,
+                              u"Web: h.example/rt/frt/stocktalk?symbol=MSFT"_s}));
         QCOMPARE(window.Stored("FRT"), u"Done"_s);
     }
 
