@@ -402,6 +402,13 @@ class Program:
             return max(found, key=lambda w: self._area(w)) if found else None
         return wait_for(biggest, "a window of the program")
 
+    def windows(self):
+        """All its windows by their ids, open menus among them: the accessibility tree leaves those
+        out. None while one of them is just going."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid",
+                                str(self.process.pid)], capture_output=True, text=True)
+        return set(found.stdout.split()) if found.returncode == 0 else None
+
     @staticmethod
     def _area(window):
         _, _, width, height = geometry(window)

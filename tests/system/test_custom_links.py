@@ -1,7 +1,5 @@
 """The user's own links from outside: one is made in the editor, clicked, moved and emptied."""
 
-import subprocess
-
 import driver
 
 
@@ -29,18 +27,15 @@ class CustomLinks(driver.SystemTest):
         driver.wait_for(lambda: box.text == text, f"{text!r} in the box {name}")
 
     def choose(self, program, link, item):
-        """Chooses the so many-th item of a link's menu by keys: popup menus are windows that the
-        accessibility tree leaves out."""
-        def windows():
-            found = subprocess.run(
-                ["xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)],
-                capture_output=True, text=True).stdout.split()
-            return set(found)
-        before = windows()
+        """Chooses the so many-th item of a link's menu by keys."""
+        before = driver.wait_for(program.windows, "the windows")
         link.click(button=3)
-        driver.wait_for(lambda: windows() - before, "the menu")
+        menu, = driver.wait_for(lambda: (program.windows() or set()) - before, "the menu")
+        # A menu takes the keys a moment after its window is there.
+        driver.screenshot_at_rest(driver.SCREENSHOTS / "custom_menu.png", menu)
         driver.press(*["Down"] * item, "Return")
-        driver.wait_for(lambda: not windows() - before, "the menu to close")
+        driver.wait_for(lambda: (windows := program.windows()) and not windows - before,
+                        "the menu to close")
 
     def test_a_link_made_in_the_editor_opens_its_page(self):
         program = self.start()

@@ -73,6 +73,22 @@ class MultiLink(driver.SystemTest):
         driver.wait_for(lambda: path(PROFILE, "ibm") in program.pages(), "the page in its cell")
         driver.screenshot(driver.SCREENSHOTS / "multi_link_cell.png")
 
+    def test_what_is_recorded_without_the_editor_is_shown_at_once(self):
+        program = self.start()
+        window = self.window(program)
+        item = window.find(role="list item", name="AOL")
+        item.click()
+        driver.wait_for(lambda: item.selected, "AOL to be selected")
+        record = window.find(name="ML")
+        record.click()
+        driver.wait_for(lambda: not window.find(name="REFRESH").enabled, "the recording to start")
+        for description in ("Full Yahoo! Quote", "3 small Yahoo! charts"):
+            self.link(window, description).click()
+        self.assertNotIn(path(QUOTE, "aol"), self.server.paths())
+        record.click()
+        self.server.wait_for_request(path(QUOTE, "aol"))
+        self.server.wait_for_request("/t?s=aol")  # the last of the charts
+
 
 if __name__ == "__main__":
     driver.main()

@@ -1,7 +1,5 @@
 """Site menus from outside: an item of a submenu is chosen with the keyboard alone."""
 
-import subprocess
-
 import driver
 
 
@@ -15,16 +13,12 @@ class SiteMenu(driver.SystemTest):
         driver.wait_for(lambda: item.selected, "AOL to be selected")
 
         def windows():
-            """The windows of the program, open menus among them: the tree leaves those out. None
-            while one of them is just going."""
-            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid",
-                                    str(program.process.pid)], capture_output=True, text=True)
-            return len(found.stdout.split()) if found.returncode == 0 else None
+            return len(program.windows() or ())
 
         # The click opens the menu and leaves the focus on its link.
         without = driver.wait_for(windows, "the windows")
         window.find(name="WSC").click()
-        driver.wait_for(lambda: (windows() or 0) > without, "the menu at the pointer")
+        driver.wait_for(lambda: windows() > without, "the menu at the pointer")
         driver.press("Escape")
         # Away from the link, whose tooltip would be a window too.
         driver.xdotool("mousemove", "--sync", 1000, 700)
@@ -32,10 +26,12 @@ class SiteMenu(driver.SystemTest):
 
         driver.press("Return")
         driver.wait_for(lambda: windows() == without + 1, "the menu below its link")
+        # A menu takes the keys a moment after its window is there.
+        driver.screenshot_at_rest(driver.SCREENSHOTS / "site-menu.png", "root")
         driver.type_text("ch")
         driver.press("Right")
         driver.wait_for(lambda: windows() == without + 2, "the submenu")
-        driver.screenshot(driver.SCREENSHOTS / "site-menu.png")
+        driver.screenshot_at_rest(driver.SCREENSHOTS / "site-menu.png", "root")
         driver.type_text("mom")
         driver.press("Return")
         self.server.wait_for_request(
