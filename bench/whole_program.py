@@ -4,11 +4,13 @@ whole_program.py PROGRAM BARE_PROGRAM [RUNS]
 
 Both take turns, so that whatever else the machine does falls on both alike; the first turn only
 warms the caches. What is printed are medians, and ours as a ratio to the bare program's. Both load
-the same page from a server on the loopback interface: ours as its start page, and with --web direct,
-since in sample mode no address leaves the program.
+the same page from a server on the loopback interface: ours as its start page, with --web direct and
+with --web live, since in sample mode no address leaves the program. In live mode the sources of
+quotes lie at that server too.
 """
 
 import os
+import re
 import statistics
 import sys
 import tempfile
@@ -75,20 +77,27 @@ class Bare:
         return program.application.find(name="Load")
 
 
-class Ours:
-    name = "ours"
+def sources(server):
+    """A table that leads the sources to the server, with no quote of any."""
+    shipped = (driver.ROOT / "data" / "sources.toml").read_text()
+    return "".join(f'[sources.{key}]\nrequest = "http://{server.host}/source/{key}?{{symbols}}"\n'
+                   for key in re.findall(r"^\[sources\.(.+)\]$", shipped, re.MULTILINE))
 
-    def __init__(self, binary, server, folder):
+
+class Ours:
+    def __init__(self, binary, server, folder, mode):
+        self.name = mode
         # A profile that has been used before, with a page of the server as its start page and a
         # window as big as the bare one: 1280 by 900 pixels of 15 twips.
-        profile = Path(folder) / "profile"
+        profile = Path(folder) / mode
         profile.mkdir()
+        (profile / "sources.toml").write_text(sources(server))
         (profile / "settings.ini").write_text(
             f"[Settings]\nFirst=OK\nStocks1=MSFT|\nDefaultWeb=Ahttp://{server.host}/first\n"
             "[frmMain]\nTop=50\nLeft=50\nHeight=13500\nWidth=19200\n")
-        sites = Path(folder) / "sites.toml"
+        sites = Path(folder) / "all-sites.toml"
         sites.write_text(f'[hosts]\ndefault = "http://{server.host}"\n')
-        self.arguments = [binary, "--profile", profile, "--web", "direct", "--sites", sites]
+        self.arguments = [binary, "--profile", profile, "--web", mode, "--sites", sites]
         self.click_path = "/q?s=msft&d=2b"
 
     def button(self, program):
@@ -123,7 +132,8 @@ def main():
     program, bare = sys.argv[1:3]
     runs = max(int(sys.argv[3]) if len(sys.argv) > 3 else 7, 5)
     with driver.desktop(), driver.Server() as server, tempfile.TemporaryDirectory() as folder:
-        kinds = [Bare(bare, server), Ours(program, server, folder)]
+        kinds = [Bare(bare, server), *(Ours(program, server, folder, mode)
+                                          for mode in ("direct", "live"))]
         results = {kind.name: {goal: [] for goal in GOALS} for kind in kinds}
 
         # People start it without an assistive technology, so this is measured without one.
@@ -144,11 +154,17 @@ def main():
                     results[kind.name]["click to request"] += [t * 1000 for t in times]
 
     print(f"\nThe whole program beside a bare one, medians of {runs} runs")
-    print(f"{'':24}{'bare':>10}{'ours':>10}{'ratio':>8}{'goal':>7}")
+    modes = [kind.name for kind in kinds[1:]]
+    print(f"{'':24}{'bare':>10}" + "".join(f"{mode:>10}{'ratio':>8}" for mode in modes)
+          + f"{'goal':>7}")
     for what, goal in GOALS.items():
         unit = "MB" if what == "memory" else "ms"
-        there, here = (statistics.median(results[kind.name][what]) for kind in kinds)
-        print(f"{what + ' (' + unit + ')':24}{there:10.1f}{here:10.1f}{here / there:8.2f}{goal:7.2f}")
+        there = statistics.median(results["bare"][what])
+        line = f"{what + ' (' + unit + ')':24}{there:10.1f}"
+        for mode in modes:
+            here = statistics.median(results[mode][what])
+            line += f"{here:10.1f}{here / there:8.2f}"
+        print(line + f"{goal:7.2f}")
 
 
 if __name__ == "__main__":
