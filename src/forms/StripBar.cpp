@@ -44,6 +44,13 @@ void StripBar::SetPanelText(int panel, const QString& text) {
         Q_EMIT HeightChanged();
 }
 
+void StripBar::SetPanelNote(int panel, const QString& note) {
+    QLabel* label = m_panels.at(static_cast<std::size_t>(panel - 1));
+    label->setToolTip(note.isEmpty() ? QString()
+                                     : QStringLiteral("<qt>%1</qt>").arg(note.toHtmlEscaped()));
+    label->setAccessibleDescription(note);
+}
+
 int StripBar::Columns(int width) const {
     int widest = 1;
     for (const QLabel* label : m_panels)

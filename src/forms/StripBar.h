@@ -18,6 +18,8 @@ public:
     /// Panels count from 1.
     QString PanelText(int panel) const;
     void SetPanelText(int panel, const QString& text);
+    /// What is to be said about the text of a panel, in its tooltip.
+    void SetPanelNote(int panel, const QString& note);
 
     /// The height that the panels need at a width, in pixels.
     int heightForWidth(int width) const override;

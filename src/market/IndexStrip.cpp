@@ -67,8 +67,11 @@ void IndexStrip::Fetch() {
     if (!alive)
         return;
     int panel = 1;
-    for (const std::string& text : ReadIndexPage(View(page)))
+    for (const std::string& text : ReadIndexPage(View(page))) {
+        const IndexRow& row = IndexTable()[static_cast<std::size_t>(panel - 1)];
+        m_form.SpooBar->SetPanelNote(panel, ToQt(ReadIndexNote(View(page), row)));
         m_form.SpooBar->SetPanelText(panel++, ToQt(text));
+    }
 }
 
 void IndexStrip::OpenDetails() {

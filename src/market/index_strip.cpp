@@ -98,4 +98,14 @@ std::vector<std::string> ReadIndexPage(std::string_view page) {
     return panels;
 }
 
+std::string ReadIndexNote(std::string_view page, const IndexRow& row) {
+    constexpr std::string_view kTitleStart = "<tr title=\"";
+    const auto anchor = page.find(row.anchor);
+    const auto start = anchor == kNowhere ? kNowhere : page.rfind("<tr", anchor);
+    if (start == kNowhere || !page.substr(start).starts_with(kTitleStart))
+        return {};
+    const std::string_view title = page.substr(start + kTitleStart.size());
+    return UnescapeHtml(title.substr(0, title.find('"')));
+}
+
 } // namespace tallowmere

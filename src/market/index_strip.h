@@ -39,4 +39,8 @@ bool IsCompleteIndexPage(std::string_view page);
 /// panels from there on keep what they show.
 std::vector<std::string> ReadIndexPage(std::string_view page);
 
+/// What the page says about a row beside its values, which is where they come from and of what time
+/// they are: the title of the table's row. Empty for a page that says nothing, or has no such row.
+std::string ReadIndexNote(std::string_view page, const IndexRow& row);
+
 } // namespace tallowmere

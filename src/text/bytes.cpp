@@ -115,6 +115,24 @@ std::string EscapeHtml(std::string_view text) {
     return result;
 }
 
+std::string UnescapeHtml(std::string_view text) {
+    constexpr std::pair<std::string_view, char> references[] = {
+        {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#39;", '\''}};
+    std::string result;
+    while (!text.empty()) {
+        std::size_t length = 1;
+        char byte = text.front();
+        for (const auto& [reference, meant] : references)
+            if (text.starts_with(reference)) {
+                length = reference.size();
+                byte = meant;
+            }
+        result += byte;
+        text.remove_prefix(length);
+    }
+    return result;
+}
+
 std::string PercentEncode(std::string_view text) {
     std::string result;
     for (const char c : text) {

@@ -37,6 +37,9 @@ std::vector<std::string_view> Split(std::string_view text, char separator);
 /// The text with `&`, `<`, `>` and both quotes written as HTML character references.
 std::string EscapeHtml(std::string_view text);
 
+/// The text with the character references that EscapeHtml writes read back; any other one stays.
+std::string UnescapeHtml(std::string_view text);
+
 /// The text with every byte outside the unreserved set of RFC 3986 written as %XX, upper case.
 std::string PercentEncode(std::string_view text);
 

@@ -22,7 +22,9 @@ std::string IndexChange(const std::optional<double>& change) {
 
 std::string StripRow(std::string_view symbol, std::string_view value, std::string_view change,
                      std::string_view when, std::string_view name) {
-    return "<tr><td nowrap><a href=\"/q?s=" + ShownText(symbol) + "&d=t\">" + ShownText(symbol) +
+    // The title is what the panel of the strip says of itself.
+    const std::string row = when.empty() ? "<tr>" : "<tr title=\"" + ShownText(when) + "\">";
+    return row + "<td nowrap><a href=\"/q?s=" + ShownText(symbol) + "&d=t\">" + ShownText(symbol) +
            "</a></td><td nowrap><b>" + std::string(value) + "</b></td><td nowrap>" +
            std::string(change) + "</td><td nowrap>" + ShownText(when) + "</td><td nowrap>" +
            ShownText(name) + "</td></tr>\n";

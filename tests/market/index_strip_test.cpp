@@ -37,6 +37,18 @@ TEST(IndexStrip, ReadsABareChangeAndOneInAFontTagAlike) {
                 testing::ElementsAre("NYSE : 1.0 -4.47"));
 }
 
+TEST(IndexStrip, ReadsWhatThePageSaysAboutARow) {
+    const std::string titled =
+        "<tr title=\"4 PM, R&amp;D&quot;s\">" + Row("^SPC", "2", "+2").substr(4);
+    EXPECT_EQ(ReadIndexNote(WholePage() + titled, IndexTable()[1]), "");
+    EXPECT_EQ(ReadIndexNote(Row("^NYA", "1", "+1") + titled, IndexTable()[1]), "4 PM, R&D\"s");
+    EXPECT_EQ(ReadIndexNote(titled + Row("^NYA", "1", "+1"), IndexTable()[0]), "");
+    EXPECT_EQ(ReadIndexNote(titled, IndexTable()[0]), "");
+    EXPECT_EQ(ReadIndexNote("<tr title=\"cut off<a href=\"/q?s=^NYA&d=t\">", IndexTable()[0]),
+              "cut off<a href=");
+    EXPECT_EQ(ReadIndexNote("", IndexTable()[0]), "");
+}
+
 TEST(IndexStrip, FindsTheRowsWhereverTheyStand) {
     EXPECT_THAT(ReadIndexPage(Row("^SPC", "2", "+2") + Row("^NYA", "1", "+1")),
                 testing::ElementsAre("NYSE : 1 +1", "S&P 500 : 2 +2"));

@@ -43,6 +43,13 @@ TEST(Bytes, EscapesWhatHtmlWouldRead) {
               "&lt;a href=&quot;x&quot;&gt;R&amp;D&#39;s&lt;/a&gt;");
 }
 
+TEST(Bytes, UnescapesWhatItEscapes) {
+    const std::string text = "<a href=\"x\">R&D's &amp; &lt;</a>";
+    EXPECT_EQ(UnescapeHtml(EscapeHtml(text)), text);
+    EXPECT_EQ(UnescapeHtml("&amp;lt; &nbsp;&copy &;&"), "&lt; &nbsp;&copy &;&");
+    EXPECT_EQ(UnescapeHtml(""), "");
+}
+
 TEST(Bytes, PercentEncodesAndDecodes) {
     EXPECT_EQ(PercentEncode("BRK.B ^A/\xC3"), "BRK.B%20%5EA%2F%C3");
     EXPECT_EQ(PercentDecode("BRK.B%20%5ea%2F%C3"), "BRK.B ^a/\xC3");

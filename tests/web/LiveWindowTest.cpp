@@ -5,6 +5,7 @@
 #include "support/WebTest.h"
 #include "text/files.h"
 
+#include <QLabel>
 #include <QWebEngineView>
 
 using namespace tallowmere;
@@ -130,6 +131,8 @@ private:
     static void ShowsQuotesOf(LiveWindow& window, Host host, const QString& name) {
         window.TickStrip();
         QCOMPARE(window.StripTexts(), StripOf(host));
+        const QString note = window.Form().SpooBar->findChildren<QLabel*>().last()->toolTip();
+        QVERIFY2(note.contains(u"Nov 20, 2026 4:00 PM ET, "_s + name), qUtf8Printable(note));
         const QString quote = window.QuotePage();
         QVERIFY2(quote.contains(PriceText(host)), qUtf8Printable(quote));
         QVERIFY2(quote.contains(u"Nov 20, 2026 4:00 PM ET, "_s + name), qUtf8Printable(quote));

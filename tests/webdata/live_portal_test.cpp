@@ -101,6 +101,7 @@ TEST_F(LivePortalTest, AnswersTheStripInItsOwnFormat) {
                 ElementsAre("NYSE : 21,000.50 -12.25", "S&P 500 : 6,011.25 +11.25",
                             "S&P 100 : 2,950.00 0.00", "30Y-TSY : 4.51 -0.02",
                             "DJIA : 44,500.75 +100.00", "NAS/NMS : 19,801.44 -20.06"));
+    EXPECT_EQ(ReadIndexNote(page, IndexTable()[4]), "Nov 20, 2026 4:00 PM ET, Quotes Inc");
     EXPECT_THAT(page, AllOf(HasSubstr("Quotes Inc"), HasSubstr("Nov 20, 2026 4:00 PM ET"),
                             Not(HasSubstr("SAMPLE")), Not(HasSubstr("stale"))));
     EXPECT_EQ(m_requests, 1);
