@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace tallowmere {
@@ -47,6 +48,9 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
     cmdOK = button(u"cmdOK"_s, u"&OK"_s);
     cmdOK->setDefault(true);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    // The list would keep these keys for itself.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        new QShortcut(key, List1, cmdOK, &QPushButton::click, Qt::WidgetShortcut);
 
     auto* side = new QVBoxLayout;
     side->addWidget(Label1);

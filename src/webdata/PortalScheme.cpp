@@ -86,14 +86,14 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
                                                      {u"css"_s, "text/css; charset=utf-8"},
                                                      {u"png"_s, "image/png"}};
     // The names of the guide's files are plain; nothing else leads into a folder.
-    static const QRegularExpression plainName(u"^/(images/)?[a-z0-9-]+\\.(html|css|png)$"_s);
+    static const QRegularExpression plainName(u"^/[a-z0-9-]+\\.(html|css|png)\\z"_s);
     const QString path = job->requestUrl().path(QUrl::FullyDecoded);
     const QRegularExpressionMatch match = plainName.match(path);
     QFile file(m_access.HelpFolder() + path);
     if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     else
-        Reply(job, types.value(match.captured(2)), file.readAll());
+        Reply(job, types.value(match.captured(1)), file.readAll());
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {

@@ -69,6 +69,16 @@ private Q_SLOTS:
         });
     }
 
+    void EnterOnTheListIsTheDefaultButton() {
+        Window window;
+        window.Use([](frmColor& dialog) {
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QCOMPARE(dialog.focusWidget(), dialog.List1);
+            QTest::keyClick(dialog.List1, Qt::Key_Return);
+            QVERIFY(!dialog.isVisible());
+        });
+    }
+
     void AClickShowsTheColoursOfTheArea() {
         Window window;
         window.Settings().SaveSetting("Colors", "fNR", "65535"); // yellow: 0x00FFFF

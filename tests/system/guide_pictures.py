@@ -1,0 +1,218 @@
+#!/usr/bin/env python3
+"""Takes the pictures of the user guide: guide_pictures.py PROGRAM FOLDER
+The program runs in sample mode on a profile of its own.
+"""
+
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import driver
+
+TITLE = 20  # pixels that the window manager's title takes above a dialog
+NOTES = "||MSFT||Cloud growth slows? Read the next report.|||||\r\n"
+REMINDERS = "||12-01-2026||MSFT goes ex dividend|||||\r\n||12-15-2026||Look at the stops|||||\r\n"
+SETTINGS = """[Settings]
+First=OK
+Stocks1=AOL|YHOO|MSFT|IBM|
+PortName1=Tech
+Stocks2=GE|KO|
+Tips=False
+NAV1=www.zacks.com
+CustomT101=My chart
+Custom101=http://www.example.com/chart?s=LCASETICK
+CustomF101=16777215
+CustomB101=8388736
+"""
+
+
+class Pictures:
+    def __init__(self, program, folder):
+        self.program = program
+        self.folder = folder
+        self.window = program.main_window()
+
+    def size(self, width, height):
+        driver.place(self.program.window_id(), 60, 60, width, height)
+        driver.wait_for(lambda: self.window.extents[2:] == (width, height), "the new size")
+
+    def take(self, name, left, top, width, height):
+        """A picture of a part of the display in few colours. Carets never rest, so that there is
+        nothing to wait for but a while."""
+        part = f"{width}x{height}+{left}+{top}"
+        path = self.folder / f"{name}.png"
+        time.sleep(1.5)
+        driver.screenshot(path)
+        subprocess.run(["convert", str(path), "-crop", part, "+repage", "-strip", "+dither",
+                        "-colors", "96", "png8:" + str(path)], check=True)
+        print(name, path.stat().st_size)
+
+    def take_widget(self, name, widget, above=0, around=0):
+        left, top, width, height = widget.extents
+        self.take(name, left - around, top - above - around, width + 2 * around,
+                  height + above + 2 * around)
+
+    def dialog(self, name):
+        dialog = self.program.application.find(role="dialog", name=name)
+        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+        return dialog
+
+    def take_dialog(self, name, dialog):
+        driver.move_pointer(5, 5)
+        left, top, width, height = dialog.extents
+        self.take(name, left - 2, top - TITLE - 2, width + 4, height + TITLE + 4)
+
+    def close(self, dialog, *keys):
+        driver.press(*(keys or ("Escape",)))
+        driver.wait_for(lambda: not self.program.application.find_all(role="dialog"),
+                        "all dialogs to close")
+
+    def press(self, keys):
+        """Keys for the main window."""
+        driver.xdotool("windowactivate", "--sync", self.program.window_id())
+        driver.press(keys)
+
+    def title(self, *titles):
+        driver.wait_for(lambda: self.program.pages() and
+                        all(page.startswith(titles) for page in self.program.pages()),
+                        f"the page {titles}, not {self.program.pages()}")
+
+    def link(self, description):
+        return driver.wait_for(
+            lambda: next((c for c in self.window.walk() if c.description == description), None),
+            f"a link described as {description!r}")
+
+    def select(self, ticker):
+        item = self.window.find(role="list item", name=ticker)
+        item.click()
+        driver.wait_for(lambda: item.selected, f"{ticker} to be selected")
+
+    def run(self):
+        self.size(1080, 760)
+        self.select("MSFT")
+        self.window.find(name="Y!").click()
+        self.title("Y! - ")
+        driver.move_pointer(700, 600)
+        self.take_widget("main", self.window)
+
+        # The portfolio's corner, with the menu of a ticker.
+        self.window.find(role="list item", name="MSFT").click(button=3)
+        left, top, _, _ = self.window.extents
+        self.take("ticker-menu", left, top + 50, 420, 330)
+        driver.press("Escape")
+
+        self.window.find(name="Calendar").click()
+        self.take("site-menu", left + 160, top + 20, 560, 330)
+        driver.press("Escape")
+
+        self.program_find()
+        self.dialogs()
+        self.generated()
+        self.strip()
+
+    def program_find(self):
+        self.press("ctrl+f")
+        driver.type_text("volume")
+        left, top, width, height = self.window.extents
+        self.take("find", left + 215, top + height - 470, 640, 420)
+        driver.press("Escape")
+
+    def dialogs(self):
+        self.press("ctrl+l")
+        dialog = self.dialog("Smart Navigate - Enter a URL or Site Name")
+        driver.type_text("zacks")
+        left, top, width, height = dialog.extents
+        self.take("navigate", left - 2, top - TITLE - 2, width + 4, height + TITLE + 16)
+        driver.press("Escape")
+        if dialog.showing:
+            driver.press("Escape")
+        driver.wait_for(lambda: not dialog.showing, "the dialog to close")
+
+        self.press("ctrl+comma")
+        dialog = self.dialog("Browser Setup & Help")
+        self.take_dialog("setup", dialog)
+        dialog.find(name="Set Colors").click()
+        colors = self.dialog("Color Settings")
+        colors.find(role="list item", name="Charting/Quotes").click()
+        self.take_dialog("colors", colors)
+        self.close(colors, "Return")
+
+        self.press("ctrl+r")
+        dialog = self.dialog("Daily Reminders")
+        self.take_dialog("reminders", dialog)
+        self.close(dialog)
+
+        self.link("Custom link 102, empty").click()
+        dialog = self.dialog("Custom Link Properties")
+        self.take_dialog("editor", dialog)
+        self.close(dialog)
+
+        self.press("ctrl+i")
+        dialog = self.dialog("Ticker Scan")
+        self.take_dialog("scan", dialog)
+        self.close(dialog)
+
+        self.press("ctrl+w")
+        watch = self.program.application.find(name="MSFT - Watch Wizard")
+        driver.wait_for(lambda: watch.extents[2] > 50, "the watch window's size")
+        identity = driver.xdotool("search", "--name", "^MSFT - Watch Wizard$").split()[0]
+        driver.place(identity, 200, 200, 640, 420)
+        driver.wait_for(lambda: watch.extents[2] == 640, "the watch window's size")
+        self.take_widget("watch", watch, above=TITLE, around=2)
+        driver.press("ctrl+w")
+        driver.wait_for(lambda: not watch.showing, "the watch window to close")
+
+        menu = self.window.find(role="menu bar").find(name="Tools")
+        menu.click()
+        menu.find(name="Sites...").click()
+        dialog = self.dialog("Sites")
+        self.take_dialog("sites", dialog)
+        self.close(dialog)
+
+    def generated(self):
+        pane = self.window.find(name="Research page")
+        self.press("ctrl+shift+r")
+        driver.wait_for(lambda: self.program.pages() and "MSFT" not in self.program.pages()[0],
+                        "the report")
+        driver.move_pointer(900, 700)
+        self.take_widget("report", pane)
+
+        self.window.find(name="ML").click()
+        for description in ("Full Yahoo! Quote", "ZACKS Research"):
+            self.link(description).click()
+        self.window.find(name="ML").click()
+        driver.wait_for(lambda: self.window.find(name="REFRESH").enabled, "the recording to end")
+        self.take_widget("multi-link", pane)
+
+    def strip(self):
+        self.press("ctrl+comma")
+        dialog = self.dialog("Browser Setup & Help")
+        check = dialog.find(role="check box", name="Ticker")
+        left, top, _, height = check.extents
+        driver.move_pointer(left + 8, top + height // 2)
+        driver.xdotool("click", 1)
+        self.close(dialog, "Return")
+        # It rests under the pointer, and so can be pictured.
+        left, top, width, _ = self.window.extents
+        driver.wait_for(lambda: any(page.startswith("Ticker") for page in self.program.pages()),
+                        "the strip's page")
+        driver.move_pointer(left + width // 2, top + 78)
+        driver.move_pointer(left + width // 2 + 9, top + 80)
+        self.take("strip", left, top + 20, width, 90)
+
+
+def main():
+    program, folder = sys.argv[1:]
+    Path(folder).mkdir(parents=True, exist_ok=True)
+    with driver.desktop(), tempfile.TemporaryDirectory(prefix="profile-") as profile:
+        Path(profile, "settings.ini").write_text(SETTINGS)
+        Path(profile, "TickNotes.txt").write_bytes(NOTES.encode())
+        Path(profile, "remind.txt").write_bytes(REMINDERS.encode())
+        with driver.Program(program, "--web", "sample", profile=profile) as running:
+            Pictures(running, Path(folder)).run()
+
+
+if __name__ == "__main__":
+    main()
