@@ -124,7 +124,8 @@ Session::~Session() = default;
 void Session::ConnectPortal() {
     if (m_setup.web == WebMode::Live) {
         m_live = std::make_unique<LiveQuotes>(m_setup.tables.sites, m_setup.texts, m_setup.sources,
-                                              m_setup.clock);
+                                              m_setup.clock,
+                                              m_setup.folders.programFolder / "quotes.json");
         m_web->SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
                                     WebAccess::PortalReply reply) {
             m_live->Answer(host, m_ticker->WithTickers(pathAndQuery), std::move(reply));
@@ -359,6 +360,8 @@ void Session::Close() {
     for (TransferControl* control : {m_tmNet.get(), m_spooNet.get()})
         control->Cancel();
     m_inet->CancelAll();
+    if (m_live)
+        m_live->Save();
     m_settings.SaveSetting("Settings", "TickerList", std::to_string(m_state.currentPortfolio));
     SaveFormPosition(*m_form, m_settings);
     QCoreApplication::quit();

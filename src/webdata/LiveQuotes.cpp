@@ -1,11 +1,14 @@
 #include "webdata/LiveQuotes.h"
 
+#include "text/files.h"
+#include "text/runtime_error.h"
 #include "webdata/source_text.h"
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace tallowmere {
 
@@ -28,11 +31,17 @@ bool HasAnswered(const QNetworkReply& reply) {
 } // namespace
 
 LiveQuotes::LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources,
-                       const Clock& clock, QObject* parent, std::chrono::milliseconds patience)
+                       const Clock& clock, std::filesystem::path store, QObject* parent,
+                       std::chrono::milliseconds patience)
     : QObject(parent), m_portal(sites, std::move(texts)), m_quotes(std::move(sources)),
-      m_clock(clock), m_patience(patience) {
+      m_clock(clock), m_store(std::move(store)), m_patience(patience) {
     m_tick.setInterval(1s);
     connect(&m_tick, &QTimer::timeout, this, &LiveQuotes::Proceed);
+    try {
+        m_quotes.Restore(ReadQuotes(ReadExistingFile(m_store), Now()));
+    } catch (const RuntimeError& unreadable) {
+        std::fprintf(stderr, "tallowmere: %s\n", unreadable.what());
+    }
 }
 
 LiveQuotes::~LiveQuotes() {
@@ -50,6 +59,17 @@ void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery
     }
     m_waiting.push_back(std::move(page));
     Proceed();
+}
+
+void LiveQuotes::Save() const {
+    const std::vector<KeptQuote> quotes = m_quotes.KeptQuotes();
+    if (m_store.empty() || quotes.empty())
+        return;
+    try {
+        WriteWholeFile(m_store, WriteQuotes(quotes));
+    } catch (const RuntimeError& unwritten) {
+        std::fprintf(stderr, "tallowmere: %s\n", unwritten.what());
+    }
 }
 
 void LiveQuotes::Proceed() {

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <filesystem>
 
 class QNetworkReply;
 
@@ -21,10 +22,11 @@ namespace tallowmere {
 class LiveQuotes : public QObject {
     Q_OBJECT
 public:
-    /// `sites` and `clock` are kept by reference. A page waits for its quotes as long as
-    /// `patience`; then it is made from what is there.
+    /// `sites` and `clock` are kept by reference. The quotes that an earlier run left in the file
+    /// `store` are shown, as stale, until there are newer ones; an empty path is no file. A page
+    /// waits for its quotes as long as `patience`; then it is made from what is there.
     LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources, const Clock& clock,
-               QObject* parent = nullptr,
+               std::filesystem::path store = {}, QObject* parent = nullptr,
                std::chrono::milliseconds patience = std::chrono::seconds(25));
     ~LiveQuotes() override;
 
@@ -35,6 +37,9 @@ public:
     /// Answers an address without its scheme: at once when all it needs is at hand, else later.
     void Answer(const std::string& host, const std::string& pathAndQuery,
                 WebAccess::PortalReply reply);
+
+    /// Leaves the quotes at hand to a later run. What goes wrong is told on standard error.
+    void Save() const;
 
 private:
     /// A page that waits for its quotes.
@@ -56,6 +61,7 @@ private:
     LivePortal m_portal;
     SourceSchedule m_quotes;
     const Clock& m_clock;
+    std::filesystem::path m_store;
     std::chrono::milliseconds m_patience;
     ProxySetting m_proxy;
     QNetworkAccessManager m_network;

@@ -283,4 +283,22 @@ std::vector<SourceReport> SourceSchedule::Reports(std::int64_t now) const {
     return reports;
 }
 
+std::vector<KeptQuote> SourceSchedule::KeptQuotes() const {
+    std::vector<KeptQuote> kept;
+    for (const auto& [key, subject] : m_subjects)
+        if (subject.quote)
+            kept.push_back({*subject.quote, subject.receivedAt});
+    return kept;
+}
+
+void SourceSchedule::Restore(const std::vector<KeptQuote>& quotes) {
+    for (const KeptQuote& kept : quotes) {
+        Subject& subject = m_subjects[{PriceSpan::Quote, kept.quote.symbol}];
+        subject.quote = kept.quote;
+        subject.receivedAt = kept.receivedAt;
+        subject.stale = true;
+        subject.source = m_rows.size(); // none of this run
+    }
+}
+
 } // namespace tallowmere

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "webdata/quote_store.h"
 #include "webdata/source_table.h"
 
 #include <deque>
@@ -73,6 +74,11 @@ public:
     Kept<PriceSeries> FindSeries(PriceSpan span, std::string_view symbol) const;
 
     std::vector<SourceReport> Reports(std::int64_t now) const;
+
+    /// All quotes at hand, for a later run.
+    std::vector<KeptQuote> KeptQuotes() const;
+    /// Takes the quotes of an earlier run. They are stale until there are newer ones.
+    void Restore(const std::vector<KeptQuote>& quotes);
 
 private:
     using Key = std::pair<PriceSpan, std::string>;

@@ -241,6 +241,20 @@ private Q_SLOTS:
         QVERIFY(window.ChartImage().contains(u"no prices"_s));
     }
 
+    void TheStripShowsTheLastValuesOfTheRunBefore() {
+        LiveWindow window;
+        window.Open();
+        window.TickStrip();
+        window.Form().close();
+        for (int host = 0; host < StandIns::kHosts; ++host)
+            window.sources.TakeDown(static_cast<Host>(host));
+        window.Open();
+        window.TickStrip();
+        QCOMPARE(window.StripTexts(), StripOf(Host::Cnbc));
+        const QString note = window.Form().SpooBar->findChildren<QLabel*>().first()->toolTip();
+        QVERIFY2(note.contains(u"stale since "_s), qUtf8Printable(note));
+    }
+
     void ASourceThatAsksForPatienceIsLeftAloneAsLongAsItSays() {
         LiveWindow window;
         window.sources.Answer(

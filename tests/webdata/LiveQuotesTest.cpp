@@ -1,10 +1,13 @@
 #include "webdata/LiveQuotes.h"
 
+#include "shell/QtText.h"
 #include "shell/TransferControl.h"
 #include "support/StandIns.h"
 #include "support/TestClock.h"
+#include "text/files.h"
 
 #include <QSet>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace tallowmere;
@@ -25,10 +28,17 @@ public:
     explicit Portal(std::chrono::milliseconds patience = 10s)
         : m_quotes(std::make_unique<LiveQuotes>(
               m_sites, PortalTexts{"<html>books</html>", "<html>new</html>"}, sources.Table(1),
-              clock, nullptr, patience)) {}
+              clock, Store(), nullptr, patience)) {}
 
     LiveQuotes& Quotes() { return *m_quotes; }
     void End() { m_quotes.reset(); }
+    /// Ends and begins anew.
+    void Restart() {
+        m_quotes->Save();
+        m_quotes =
+            std::make_unique<LiveQuotes>(m_sites, PortalTexts(), sources.Table(1), clock, Store());
+    }
+    std::filesystem::path Store() const { return ToPath(m_folder.filePath(u"quotes.json"_s)); }
 
     void Ask(const std::string& pathAndQuery) {
         m_quotes->Answer("h.test", pathAndQuery, [this](const auto& answer) {
@@ -41,6 +51,7 @@ public:
     }
 
 private:
+    QTemporaryDir m_folder;
     SiteTable m_sites = SiteTable::Parse("[hosts]\ndefault = \"h.test\"\n", "sites.toml");
     std::unique_ptr<LiveQuotes> m_quotes;
 };
@@ -119,6 +130,38 @@ private Q_SLOTS:
         QVERIFY(portal.HasAnswered(1));
         QVERIFY(portal.pages[0].contains(u"The sources have not answered yet."_s));
         QVERIFY(!portal.sources[Host::Cnbc].Requests().isEmpty());
+    }
+
+    void TheLastQuotesAreShownAsStaleAfterARestartWithoutANetwork() {
+        Portal portal;
+        portal.Ask("/q?s=^nya+^spc");
+        QVERIFY(portal.HasAnswered(1));
+        portal.sources.TakeDown(Host::Cnbc);
+        portal.sources.TakeDown(Host::Yahoo);
+        portal.sources.TakeDown(Host::Cboe);
+        portal.sources.TakeDown(Host::Fred);
+        portal.Restart();
+        portal.Ask("/q?s=^nya+^spc");
+        QVERIFY(portal.HasAnswered(2));
+        QCOMPARE(portal.pages[1].count(u"1,111.25"_s), 2);
+        QVERIFY(portal.pages[1].contains(u"ET, CNBC, stale since "_s));
+
+        portal.sources.SetCnbcPrice(7.5);
+        portal.sources.BringBack(Host::Cnbc);
+        portal.clock.now = portal.clock.now.addSecs(20);
+        portal.Ask("/q?s=^nya+^spc");
+        QVERIFY(portal.HasAnswered(3));
+        QCOMPARE(portal.pages[2].count(u"7.50"_s), 2);
+        QVERIFY(!portal.pages[2].contains(u"stale"_s));
+    }
+
+    void ADamagedFileOfQuotesIsPassedOver() {
+        Portal portal;
+        WriteWholeFile(portal.Store(), "[{\"symbol\":");
+        portal.Restart();
+        portal.Ask("/q?s=^nya+^spc");
+        QVERIFY(portal.HasAnswered(1));
+        QVERIFY(portal.pages[0].contains(u"1,111.25"_s));
     }
 
     void APageThatWaitsIsDroppedWithTheRest() {
