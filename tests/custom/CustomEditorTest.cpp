@@ -1,5 +1,6 @@
 #include "custom/CustomEditor.h"
 #include "links/BrowserPane.h"
+#include "support/Await.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 #include "text/files.h"
@@ -192,7 +193,7 @@ private Q_SLOTS:
         session.Start();
         const QString address = u"http://h.example/q?s=%5Edji&d=2b%02"_s;
         session.Form().Web->Navigate(address);
-        QTRY_COMPARE(session.Form().Web->LocationURL(), address);
+        QVERIFY(Await([&] { return session.Form().Web->LocationURL() == address; }));
         const frmCustom& editor = OpenUnused(session);
         Click(editor.Command4);
         QCOMPARE(editor.txtURL->text(), address);

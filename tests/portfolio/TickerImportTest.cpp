@@ -1,6 +1,7 @@
 #include "portfolio/TickerImport.h"
 #include "forms/frmTicImport.h"
 #include "links/BrowserPane.h"
+#include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -45,7 +46,7 @@ private:
             Start();
             Form().Web->Navigate(kPage);
             [[maybe_unused]] const bool shown =
-                QTest::qWaitFor([this] { return Form().Web->LocationURL() == kPage; }, 10000);
+                Await([this] { return Form().Web->LocationURL() == kPage; });
             Form().menus->mnuImptTick->trigger();
         }
         frmTicImport& Dialog() { return *(*this)->Import().Dialog(); }
@@ -230,8 +231,8 @@ private Q_SLOTS:
         session.Start();
         frmMain& form = session.Form();
         form.Web->Navigate(server.Address(u"/list"_s));
-        QTRY_COMPARE(form.Web->LocationURL(), server.Address(u"/list"_s));
-        QTRY_VERIFY(!form.Web->Busy());
+        QVERIFY(Await([&] { return form.Web->LocationURL() == server.Address(u"/list"_s); }));
+        QVERIFY(Await([&] { return !form.Web->Busy(); }));
         server.Serve(u"/list"_s, CannedPage{"<a href=\"/q?s=IBM\">", CannedPage::Ending::Endless});
         server.Clear();
         form.menus->mnuImptTick->trigger();
