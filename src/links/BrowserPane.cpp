@@ -88,8 +88,11 @@ void BrowserPane::EnsurePage() {
     });
     connect(m_page, &QWebEnginePage::urlChanged, this, &BrowserPane::OnCommit);
     connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& url) {
-        // Off the link, the line says again where the pane is.
-        Q_EMIT StatusTextChange(url.isEmpty() ? LocationURL() : TextOf(QUrl(url)));
+        // Off the link, the line says again where the pane is, or what it is doing.
+        if (!url.isEmpty())
+            Q_EMIT StatusTextChange(TextOf(QUrl(url)));
+        else if (!m_isBusy)
+            Q_EMIT StatusTextChange(LocationURL());
     });
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status) {
@@ -197,8 +200,11 @@ QString BrowserPane::LocationURL() const {
         return m_failedAddress;
     if (!m_page || m_page->history()->count() == 0)
         return {};
-    const auto text = m_builtTexts.constFind(m_page->history()->currentItem().originalUrl());
-    return text != m_builtTexts.cend() ? *text : TextOf(m_page->url());
+    const QWebEngineHistory& history = *m_page->history();
+    const QWebEngineHistoryItem item = history.currentItem();
+    const QString arrived = m_arrivedTexts.value({history.currentItemIndex(), item.url()});
+    return arrived.isEmpty() ? m_builtTexts.value(item.originalUrl(), TextOf(m_page->url()))
+                             : arrived;
 }
 
 void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
@@ -267,19 +273,29 @@ void BrowserPane::OnCommit() {
     if (m_pendingAddress.isEmpty())
         return;
     ForgetOldTexts();
-    m_builtTexts.insert(m_page->history()->currentItem().originalUrl(), m_pendingAddress);
+    const QWebEngineHistory& history = *m_page->history();
+    const QWebEngineHistoryItem item = history.currentItem();
+    m_builtTexts.insert(item.originalUrl(), m_pendingAddress);
+    m_arrivedTexts.insert({history.currentItemIndex(), item.url()}, m_pendingAddress);
     SetZoom(m_zoom);
 }
 
 void BrowserPane::ForgetOldTexts() {
-    if (m_builtTexts.size() < kTextsKept)
+    if (m_builtTexts.size() < kTextsKept && m_arrivedTexts.size() < kTextsKept)
         return;
-    QHash<QUrl, QString> kept;
-    for (const QWebEngineHistoryItem& item : m_page->history()->items())
-        if (const auto text = m_builtTexts.constFind(item.originalUrl());
-            text != m_builtTexts.cend())
-            kept.insert(text.key(), *text);
-    m_builtTexts = kept;
+    decltype(m_builtTexts) built;
+    decltype(m_arrivedTexts) arrived;
+    const auto keep = [](const auto& texts, const auto& key, auto& kept) {
+        if (const auto text = texts.constFind(key); text != texts.cend())
+            kept.insert(key, *text);
+    };
+    int index = 0;
+    for (const QWebEngineHistoryItem& item : m_page->history()->items()) {
+        keep(m_builtTexts, item.originalUrl(), built);
+        keep(m_arrivedTexts, std::pair(index++, item.url()), arrived);
+    }
+    m_builtTexts = built;
+    m_arrivedTexts = arrived;
 }
 
 void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {

@@ -113,6 +113,9 @@ private:
     bool m_isAsBuilt = false;          ///< the last load was not led to today's address
     QString m_pendingAddress;          ///< of a load by `Navigate` that has not arrived yet
     QHash<QUrl, QString> m_builtTexts; ///< the text of each requested address
+    /// The same by place in the history and the address that it led to: on the way back the
+    /// history has forgotten what was requested.
+    QHash<std::pair<int, QUrl>, QString> m_arrivedTexts;
     int m_navigation = 0;              ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
     bool m_isInPageHook = false;

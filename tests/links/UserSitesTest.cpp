@@ -2,6 +2,7 @@
 
 #include "links/BrowserPane.h"
 #include "links/SitePopups.h"
+#include "market/IndexStrip.h"
 #include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -105,6 +106,18 @@ private Q_SLOTS:
         bench.session->Popups().Choose(u"mnuAVLink"_s, 3);
         QTRY_COMPARE(bench.server.CountOf(u"/mytv"_s), 1);
         QCOMPARE(bench.server.CountOf(u"/tv"_s), 0);
+    }
+
+    void TransfersGoWhereTheRowSays() {
+        Bench bench;
+        bench.session.Start();
+        QSignalSpy changed(&bench.session->OwnSites(), &UserSites::Changed);
+        WriteWholeFile(bench.File(), "[links]\n" + bench.Row("read_indices", "/indices"));
+        QVERIFY(changed.wait());
+        bench.session->Strip().Timer1.stop();
+        bench.session.clock.now = bench.session.clock.now.addSecs(1000);
+        bench.session->Strip().Tick();
+        QTRY_COMPARE(bench.server.CountOf(u"/indices"_s), 1);
     }
 
     void AWrongRowIsReportedWithFileAndLineAndTheOthersCount() {

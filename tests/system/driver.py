@@ -467,10 +467,11 @@ class SystemTest(unittest.TestCase):
         path.write_text(text)
         return path
 
-    def start(self, profile="profile", more_hosts=""):
-        """Starts the program with every site at the server; it is stopped when the test ends."""
+    def start(self, profile="profile", more_hosts="", web="direct"):
+        """Starts the program with every site at the server; it is stopped when the test ends. What
+        follows the hosts may go on with other tables."""
         sites = self.sites(f'[hosts]\ndefault = "http://{self.server.host}"\n{more_hosts}')
-        program = Program(SystemTest.binary, "--web", "direct", "--sites", sites,
+        program = Program(SystemTest.binary, "--web", web, "--sites", sites,
                           profile=self.folder / profile)
         self.addCleanup(program.stop)
         self.addCleanup(screenshot, SCREENSHOTS / f"{self.id().rpartition('.')[2]}.png")

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QNetworkInformation>
 #include <QPushButton>
+#include <QSignalSpy>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -136,6 +137,31 @@ private Q_SLOTS:
         QTest::mouseClick(asBuilt, Qt::LeftButton);
         QTRY_VERIFY(!asBuilt->isVisible() && !pane.Busy());
         QCOMPARE(pane.findChild<QLabel*>(u"NoticeAddress"_s)->text(), u"h.example/q?s=msft&d=2b"_s);
+    }
+
+    void TheBuiltAddressStaysShownOnTheWayBackAndForth() {
+        const QString first = u"h.example/q?s=msft&d=2b"_s, second = u"h.example/q?s=ibm&d=2b"_s;
+        BrowserPane& pane = *m_session->Form().Web;
+        QTRY_VERIFY(!pane.Busy()); // the first page
+        QStringList shown;
+        connect(&pane, &BrowserPane::StatusTextChange, this,
+                [&](const QString& text) { shown << text; });
+        QSignalSpy completed(&pane, &BrowserPane::DocumentComplete);
+        for (const QString& address : {first, second}) {
+            pane.Navigate(address);
+            QVERIFY(completed.wait());
+            QCOMPARE(pane.LocationURL(), address);
+        }
+        QVERIFY2(shown.filter(u"/today/"_s).isEmpty(), qPrintable(shown.join(u'\n')));
+        pane.GoBack();
+        QVERIFY(completed.wait());
+        QCOMPARE(pane.LocationURL(), first);
+        pane.Refresh();
+        QVERIFY(completed.wait());
+        QCOMPARE(pane.LocationURL(), first);
+        pane.GoForward();
+        QVERIFY(completed.wait());
+        QCOMPARE(pane.LocationURL(), second);
     }
 
     void NothingElse() {
