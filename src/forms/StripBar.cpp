@@ -25,6 +25,7 @@ StripBar::StripBar(QWidget* parent) : QWidget(parent) {
         label->setTextFormat(Qt::PlainText);
         label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         label->setAlignment(Qt::AlignCenter);
+        label->installEventFilter(this);
         m_panels[static_cast<std::size_t>(panel - 1)] = label;
     }
 }
@@ -46,9 +47,16 @@ void StripBar::SetPanelText(int panel, const QString& text) {
 
 void StripBar::SetPanelNote(int panel, const QString& note) {
     QLabel* label = m_panels.at(static_cast<std::size_t>(panel - 1));
-    label->setToolTip(note.isEmpty() ? QString()
-                                     : QStringLiteral("<qt>%1</qt>").arg(note.toHtmlEscaped()));
     label->setAccessibleDescription(note);
+}
+
+bool StripBar::eventFilter(QObject* watched, QEvent* event) {
+    const QString note = qobject_cast<QLabel*>(watched)->accessibleDescription();
+    if (!note.isEmpty() && event->type() == QEvent::Enter)
+        Q_EMIT NotePointedAt(note);
+    else if (!note.isEmpty() && event->type() == QEvent::Leave)
+        Q_EMIT NotePointedAt({});
+    return false;
 }
 
 int StripBar::Columns(int width) const {

@@ -18,7 +18,8 @@ public:
     /// Panels count from 1.
     QString PanelText(int panel) const;
     void SetPanelText(int panel, const QString& text);
-    /// What is to be said about the text of a panel, in its tooltip.
+    /// What is to be said about the text of a panel: told under the pointer, and to assistive
+    /// technology.
     void SetPanelNote(int panel, const QString& note);
 
     /// The height that the panels need at a width, in pixels.
@@ -28,8 +29,11 @@ Q_SIGNALS:
     void Clicked();
     /// The panels need another height than before.
     void HeightChanged();
+    /// The pointer came over a panel of which there is something to say, or left it (empty).
+    void NotePointedAt(const QString& note);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -30,6 +30,9 @@ IndexStrip::IndexStrip(frmMain& form, const Services& services, PaneDeck& panes,
     Timer1.setInterval(kFirstTickMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, &IndexStrip::Tick);
     connect(form.SpooBar, &StripBar::Clicked, this, &IndexStrip::OpenDetails);
+    connect(form.SpooBar, &StripBar::NotePointedAt, this, [this](const QString& note) {
+        m_panes.ShowStatus(note.isEmpty() ? m_panes.Front()->LocationURL() : note);
+    });
 }
 
 void IndexStrip::Start() {

@@ -131,7 +131,11 @@ private:
     static void ShowsQuotesOf(LiveWindow& window, Host host, const QString& name) {
         window.TickStrip();
         QCOMPARE(window.StripTexts(), StripOf(host));
-        const QString note = window.Form().SpooBar->findChildren<QLabel*>().last()->toolTip();
+        auto* panel = window.Form().findChild<QLabel*>(u"SpooBar6"_s);
+        QCOMPARE(panel->toolTip(), u"Indexes retrieved from Yahoo! Finanace"_s);
+        QEvent entering(QEvent::Enter);
+        QApplication::sendEvent(panel, &entering);
+        const QString note = window.Form().WebStatus->text();
         QVERIFY2(note.contains(u"Nov 20, 2026 4:00 PM ET, "_s + name), qUtf8Printable(note));
         const QString quote = window.QuotePage();
         QVERIFY2(quote.contains(PriceText(host)), qUtf8Printable(quote));
