@@ -14,11 +14,22 @@ namespace {
 constexpr std::string_view kPath = "/javaticker.html";
 /// More would take minutes to pass by.
 constexpr qsizetype kMostTickers = 200;
+/// Whoever goes through several portfolios has the strip follow once.
+constexpr int kFollowMilliseconds = 400;
 
 } // namespace
 
 TickerStrip::TickerStrip(frmMain& form, MainState& state, const Services& services)
-    : QObject(&form), m_form(form), m_state(state), m_services(services) {}
+    : QObject(&form), m_form(form), m_state(state), m_services(services) {
+    m_listChanged.setSingleShot(true);
+    m_listChanged.setInterval(kFollowMilliseconds);
+    connect(&m_listChanged, &QTimer::timeout, this, &TickerStrip::FollowList);
+    const auto changed = [this] { m_listChanged.start(); };
+    const QAbstractItemModel* list = form.List1->model();
+    connect(list, &QAbstractItemModel::modelReset, this, changed);
+    connect(list, &QAbstractItemModel::rowsInserted, this, changed);
+    connect(list, &QAbstractItemModel::rowsRemoved, this, changed);
+}
 
 void TickerStrip::Show(bool shown) {
     m_state.tickerShown = shown;
@@ -34,17 +45,28 @@ void TickerStrip::Switch(bool shown) {
     Show(shown);
 }
 
-std::string TickerStrip::WithTickers(const std::string& path) const {
+std::string TickerStrip::WithTickers(const std::string& path) {
     if (!path.ends_with(kPath))
         return path;
-    std::string tickers;
-    for (const QString& ticker : m_form.List1->Items().first(
-             std::min(kMostTickers, static_cast<qsizetype>(m_form.List1->Count())))) {
-        if (!tickers.empty())
-            tickers += '+';
-        tickers += PercentEncode(FromQt(ticker));
+    m_shownTickers = Tickers();
+    return path + "?s=" + *m_shownTickers;
+}
+
+std::string TickerStrip::Tickers() const {
+    QStringList tickers = m_form.List1->Items();
+    tickers.resize(std::min(kMostTickers, tickers.size()));
+    std::string joined;
+    for (const QString& ticker : std::as_const(tickers)) {
+        if (!joined.empty())
+            joined += '+';
+        joined += PercentEncode(FromQt(ticker));
     }
-    return path + "?s=" + tickers;
+    return joined;
+}
+
+void TickerStrip::FollowList() {
+    if (m_state.tickerShown && m_shownTickers && *m_shownTickers != Tickers())
+        m_form.WebTick->Refresh();
 }
 
 } // namespace tallowmere

@@ -4,12 +4,17 @@
 #include "shell/Services.h"
 
 #include <QObject>
+#include <QTimer>
+
+#include <optional>
+#include <string>
 
 namespace tallowmere {
 
 class frmMain;
 
-/// The streaming ticker strip above the panes.
+/// The streaming ticker strip above the panes. The page of the built-in portal follows the list of
+/// tickers.
 class TickerStrip : public QObject {
     Q_OBJECT
 public:
@@ -23,12 +28,17 @@ public:
 
     /// The address of the strip's page with the tickers of the list as its query: that is how the
     /// built-in portal is asked for it. Any other path is given back as it is.
-    std::string WithTickers(const std::string& path) const;
+    std::string WithTickers(const std::string& path);
 
 private:
+    std::string Tickers() const;
+    void FollowList();
+
     frmMain& m_form;
     MainState& m_state;
     Services m_services;
+    QTimer m_listChanged;
+    std::optional<std::string> m_shownTickers; ///< none while the page is not the portal's
 };
 
 } // namespace tallowmere
