@@ -107,6 +107,9 @@ void Chip::paintEvent(QPaintEvent*) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(body.adjusted(2, 2, -2, -2), kRadius - 1, kRadius - 1);
     }
+    // A quiet caption stays legible on any window behind it.
+    if (m_quiet && isEnabled())
+        painter.setOpacity(std::max(painter.opacity(), 0.8));
     painter.setPen(fore);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_caption.trimmed());
 }

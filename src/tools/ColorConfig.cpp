@@ -13,6 +13,9 @@ namespace tallowmere {
 
 namespace {
 
+/// Of the hint in an empty box, which stays legible with it.
+constexpr float kHintOpacity = 0.75F;
+
 void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
            QPalette::ColorRole background) {
     // System colours are those of the system, not what an earlier call left on the control.
@@ -20,6 +23,9 @@ void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
     QPalette palette = control->palette();
     palette.setColor(text, ScreenText(colors, system));
     palette.setColor(background, ScreenColor(colors.background, system));
+    QColor hint = palette.color(text);
+    hint.setAlphaF(kHintOpacity);
+    palette.setColor(QPalette::PlaceholderText, hint);
     control->setPalette(palette);
 }
 

@@ -137,6 +137,25 @@ private Q_SLOTS:
         QCOMPARE(*window.navigations, QStringList{u"Web: www.x.org"_s});
     }
 
+    void EntriesThatNobodyTypedDoNoHarm() {
+        Window window;
+        window.Store("NAV1", (std::string("www.") + std::string(1000000, 'x') + ".org").c_str());
+        window.Store("NAV2", "a.b\r\n\x07\x1b[0mc");
+        window.Store("NAV3", "javascript:alert(1).x");
+        window.Use([](frmNav& dialog) {
+            QCOMPARE(dialog.Combo1->count(), 3);
+            QVERIFY2(dialog.width() < 1500, qPrintable(QString::number(dialog.width())));
+            dialog.Combo1->setCurrentIndex(2);
+            QTest::mouseClick(dialog.Command1, Qt::LeftButton);
+        });
+        QCOMPARE(*window.navigations, QStringList{u"Web: javascript:alert(1).x"_s});
+        // What is no page of the web is not loaded; the pane says so.
+        window.navigations.reset();
+        window.Form().Web->Navigate(u"javascript:alert(1).x"_s);
+        QVERIFY(!window.Form().Web->Busy());
+        QVERIFY(!window.Form().Web->findChild<QFrame*>(u"PaneNotice"_s)->isHidden());
+    }
+
     void ABrokersPageMakesWayForTheMainPane() {
         Window window;
         window.Form().WebB->show();

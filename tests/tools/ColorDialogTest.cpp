@@ -1,4 +1,6 @@
+#include "custom/CustomEditor.h"
 #include "forms/frmColor.h"
+#include "forms/frmCustom.h"
 #include "links/BrowserPane.h"
 #include "portfolio/Portfolios.h"
 #include "shell/conversion.h"
@@ -47,6 +49,10 @@ private:
     }
     static QColor SampleBackground(const frmColor& dialog) {
         return dialog.Label1->palette().color(QPalette::Window);
+    }
+
+    static bool IsLegible(const QColor& text, const QColor& background) {
+        return Contrast(StoredColor(text), StoredColor(background)) >= kLegibleContrast;
     }
 
 private Q_SLOTS:
@@ -188,7 +194,11 @@ private Q_SLOTS:
     void AnUnusedSlotHasItsOwnDefaultOnTheScreenAndAnotherInTheEditor() {
         Window window;
         QCOMPARE(window.Link(102)->Colors().background, 0xC0FFFFU);
-        QVERIFY(kEditedCustomBackground != window.Link(102)->Colors().background);
+        window.ClickLink(102);
+        const frmCustom* editor = window->Editor().Editor();
+        QVERIFY(editor);
+        QCOMPARE(editor->lblExamp->Colors().background, 0xC0E0FFU);
+        QCOMPARE(window.Link(102)->Colors().background, 0xC0FFFFU);
     }
 
     void EveryCaptionIsLegibleInTheDefaultColours() {
@@ -199,6 +209,80 @@ private Q_SLOTS:
             QVERIFY2(Contrast(StoredColor(text), StoredColor(background)) >= kLegibleContrast,
                      qPrintable(link->Caption()));
         }
+    }
+
+    void EverythingIsLegibleOnADarkDesktopToo() {
+        const QPalette before = QApplication::palette();
+        const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });
+        QPalette dark;
+        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+            dark.setColor(role, QColor(0x2B, 0x2B, 0x2B));
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            dark.setColor(role, QColor(0xE6, 0xE6, 0xE6));
+        QApplication::setPalette(dark);
+        Window window;
+        const frmMain& form = window.Form();
+        for (const Chip* link : form.lbllink)
+            QVERIFY2(IsLegible(ScreenText(link->Colors(), link->palette()),
+                               ScreenColor(link->Colors().background, link->palette())),
+                     qPrintable(link->Caption()));
+        for (const QWidget* box :
+             {static_cast<QWidget*>(form.txtStock), static_cast<QWidget*>(form.List1)})
+            QVERIFY2(IsLegible(box->palette().color(QPalette::Text),
+                               box->palette().color(QPalette::Base)),
+                     qPrintable(box->objectName()));
+        for (const QWidget* label : {static_cast<QWidget*>(form.WebStatus), form.fraLeft->widget()})
+            QVERIFY2(IsLegible(label->palette().color(QPalette::WindowText),
+                               label->palette().color(QPalette::Window)),
+                     qPrintable(label->objectName()));
+        window.Use([](frmColor& dialog) {
+            for (int area = 0; area < kAreaCount; ++area) {
+                ClickArea(dialog, area);
+                QVERIFY2(IsLegible(SampleText(dialog), SampleBackground(dialog)),
+                         qPrintable(dialog.List1->Item(area)));
+            }
+        });
+    }
+
+    void AnUnusedSlotIsQuietButLegible_data() {
+        QTest::addColumn<QColor>("behind");
+        QTest::newRow("light") << QColor(0xF0, 0xF0, 0xF0);
+        QTest::newRow("dark") << QColor(0x20, 0x20, 0x20);
+    }
+    void AnUnusedSlotIsQuietButLegible() {
+        QFETCH(const QColor, behind);
+        QWidget parent;
+        QPalette palette;
+        palette.setColor(QPalette::Window, behind);
+        palette.setColor(QPalette::WindowText, Qt::black);
+        parent.setPalette(palette);
+        parent.resize(200, 60);
+        Chip chip(u"lbllink"_s, 101, u"< MMMM >"_s, &parent);
+        chip.SetColors({kSystemWindowText, kUnusedCustomBackground});
+        chip.SetQuiet(true);
+        chip.adjustSize();
+        const QImage image = parent.grab(chip.geometry()).toImage();
+        const QColor body = image.pixelColor(3, image.height() / 2);
+        QVERIFY(body != QColor(0xFF, 0xFF, 0xC0)); // quiet
+        double best = 1;
+        for (int y = 3; y < image.height() - 3; ++y)
+            for (int x = 3; x < image.width() - 3; ++x)
+                best = std::max(best,
+                                Contrast(StoredColor(image.pixelColor(x, y)), StoredColor(body)));
+        QVERIFY2(best >= kLegibleContrast, qPrintable(QString::number(best)));
+    }
+
+    void TheHintInTheEntryBoxIsLegible() {
+        Window window;
+        const QPalette& palette = window.Form().txtStock->palette();
+        const QColor hint = palette.color(QPalette::PlaceholderText);
+        const QColor base = palette.color(QPalette::Base);
+        const auto seen = [&](int ink, int paper) {
+            return (ink * hint.alpha() + paper * (255 - hint.alpha())) / 255;
+        };
+        QVERIFY(IsLegible({seen(hint.red(), base.red()), seen(hint.green(), base.green()),
+                           seen(hint.blue(), base.blue())},
+                          base));
     }
 
     void SystemTextIsLegibleOnADarkDesktopToo() {
