@@ -30,8 +30,6 @@ namespace {
 
 constexpr auto kTick = 1s;
 constexpr double kEarliness = 0.05; ///< seconds by which a tick may come before its time
-constexpr int kDefaultWidthTwips = 10000;
-constexpr int kDefaultHeightTwips = 8500;
 
 /// Lets only those keys through that the seconds box takes, pasted ones too.
 class SecondsValidator : public QValidator {
@@ -63,8 +61,7 @@ WatchWindow::WatchWindow(frmWiz& form, const Services& services, const std::stri
     try {
         LoadFormPosition(form, services.settings);
     } catch (const RuntimeError&) {
-        // The window is of more use in its own size than not at all.
-        form.resize(PixelsFromTwips(kDefaultWidthTwips), PixelsFromTwips(kDefaultHeightTwips));
+        // The window is of more use in its default place than not at all.
     }
     form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
     form.txtsecs->setValidator(new SecondsValidator(form.txtsecs));

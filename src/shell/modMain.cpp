@@ -22,16 +22,17 @@ constexpr float kTwipsToPixel = 15;
 constexpr int kTitleBarHeight = 30; // what must be in view of a window for the user to move it
 constexpr int kTitleBarWidth = 60;
 
-int ReadPixels(const SettingsStore& settings, const std::string& section, const char* key,
-               const char* fallback) {
+int ToPixels(const std::string& twips) {
     // Beyond this no screen lies, and arithmetic on rectangles stays within its range.
     constexpr float farthest = std::numeric_limits<short>::max();
-    try {
-        const float twips = ToSingle(settings.GetSetting(section, key, fallback));
-        return qRound(std::clamp(twips / kTwipsToPixel, -farthest, farthest));
-    } catch (const RuntimeError& error) {
-        throw RuntimeError(std::string(error.what()) + ": setting " + section + "/" + key);
-    }
+    return qRound(std::clamp(ToSingle(twips) / kTwipsToPixel, -farthest, farthest));
+}
+
+// A form may be larger than all screens together, but not so large that nobody can paint it.
+QSize LargestSize() {
+    constexpr QSize kAlwaysPainted(4096, 4096);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->virtualSize().expandedTo(kAlwaysPainted) : kAlwaysPainted;
 }
 
 void PullOntoScreen(QWidget& form) {
@@ -122,11 +123,24 @@ void TransferPool::CancelAll() {
 
 void LoadFormPosition(QWidget& form, const SettingsStore& settings) {
     const std::string section = form.objectName().toStdString();
-    form.move(form.x(), ReadPixels(settings, section, "Top", "50"));
-    form.move(ReadPixels(settings, section, "Left", "50"), form.y());
-    form.resize(form.width(), ReadPixels(settings, section, "Height", "8500"));
-    form.resize(ReadPixels(settings, section, "Width", "10000"), form.height());
+    std::string problem;
+    const auto read = [&](const char* key, const char* fallback) {
+        try {
+            return ToPixels(settings.GetSetting(section, key, fallback));
+        } catch (const RuntimeError& error) {
+            if (problem.empty())
+                problem = std::string(error.what()) + ": setting " + section + "/" + key;
+            return ToPixels(fallback);
+        }
+    };
+    const QSize largest = LargestSize();
+    form.move(form.x(), read("Top", "50"));
+    form.move(read("Left", "50"), form.y());
+    form.resize(form.width(), std::min(read("Height", "8500"), largest.height()));
+    form.resize(std::min(read("Width", "10000"), largest.width()), form.height());
     PullOntoScreen(form);
+    if (!problem.empty())
+        throw RuntimeError(problem);
 }
 
 void SaveFormPosition(const QWidget& form, SettingsStore& settings) {

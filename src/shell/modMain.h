@@ -55,7 +55,8 @@ private:
 };
 
 /// Puts a form where its section of the settings says, in twips; a form that would lie off every
-/// screen is pulled onto one. Throws RuntimeError naming the key whose value is no number.
+/// screen is pulled onto one. A value that is no number counts as its default, and in the end
+/// RuntimeError is thrown, which names its key.
 void LoadFormPosition(QWidget& form, const SettingsStore& settings);
 
 /// Writes a form's place and size in twips, unless it is minimised.

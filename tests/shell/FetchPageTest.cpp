@@ -196,6 +196,29 @@ private Q_SLOTS:
         }
     }
 
+    void APositionThatIsNoNumberCountsAsItsDefault() {
+        Place place;
+        place.Store("Top", "abc");
+        place.Store("Left", "300");
+        place.Store("Width", "");
+        place.Store("Height", "3000");
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, LoadFormPosition(place.form, place.settings));
+        QCOMPARE(place.form.geometry(), QRect(20, 3, 667, 200));
+    }
+
+    void AFormIsNeverTooLargeToBePainted() {
+        Place place;
+        place.Store("Height", "1e30");
+        place.Store("Width", "99999999");
+        LoadFormPosition(place.form, place.settings);
+        QVERIFY(place.form.width() <= 4096);
+        QVERIFY(place.form.height() <= 4096);
+        place.Store("Height", "-1e30");
+        place.Store("Width", "0");
+        LoadFormPosition(place.form, place.settings);
+        QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().contains(place.form.pos()));
+    }
+
     void AFormOffEveryScreenIsPulledOntoOne_data() {
         QTest::addColumn<QByteArray>("top");
         QTest::addColumn<QByteArray>("left");
