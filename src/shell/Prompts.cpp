@@ -5,10 +5,10 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFormLayout>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QVBoxLayout>
 
 namespace tallowmere {
 
@@ -17,6 +17,13 @@ namespace {
 QWidget* Front() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : QApplication::activeWindow();
+}
+
+QDialogButtonBox* MakeButtons(QDialog& dialog) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return buttons;
 }
 
 } // namespace
@@ -36,10 +43,18 @@ bool DialogPrompts::Ask(const QString& text, const QString& title) {
 
 std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString& title,
                                             const QString& preset) {
-    bool accepted = false;
-    const QString answer =
-        QInputDialog::getText(Front(), title, prompt, QLineEdit::Normal, preset, &accepted);
-    return accepted ? std::optional(answer) : std::nullopt;
+    QDialog dialog(Front());
+    dialog.setWindowTitle(title);
+    auto* question = new QLabel(prompt);
+    question->setTextFormat(Qt::PlainText);
+    auto* answer = new QLineEdit(preset);
+    answer->setAccessibleName(prompt);
+    answer->selectAll();
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(question);
+    layout->addWidget(answer);
+    layout->addWidget(MakeButtons(dialog));
+    return dialog.exec() == QDialog::Accepted ? std::optional(answer->text()) : std::nullopt;
 }
 
 std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QString& title) {
@@ -51,15 +66,12 @@ std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QStrin
     auto* user = new QLineEdit;
     auto* password = new QLineEdit;
     password->setEchoMode(QLineEdit::Password);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
 
     auto* layout = new QFormLayout(&dialog);
     layout->addRow(question);
     layout->addRow(QCoreApplication::translate("Prompts", "&User Name"), user);
     layout->addRow(QCoreApplication::translate("Prompts", "&Password"), password);
-    layout->addRow(buttons);
+    layout->addRow(MakeButtons(dialog));
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return SignIn{user->text(), password->text()};
