@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kGap = 3;
 constexpr int kListRows = 6;
+constexpr int kLongestEntry = 1'000'000; // a list of any size may be pasted
 
 QRect ToQt(const Rect& rect) {
     return {rect.x, rect.y, rect.width, rect.height};
@@ -87,6 +88,7 @@ void frmMain::BuildPortfolioControls() {
     txtStock->setObjectName(u"txtStock"_s);
     txtStock->setAccessibleName(u"Ticker entry"_s);
     txtStock->setPlaceholderText(u"Ticker"_s);
+    txtStock->setMaxLength(kLongestEntry);
     Label1 = new Chip(u"Label1"_s, -1, u" X"_s, m_body);
     Label1->setAccessibleDescription(u"Remove the selected ticker"_s);
     Label1->setToolTip(u"Click: remove the selected ticker. Double-click: clear the list."_s);

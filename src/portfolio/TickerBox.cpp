@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
                      Portfolios& portfolios)
     : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
-    connect(form.txtStock, &QLineEdit::textEdited, this, &TickerBox::UpperCase);
+    connect(form.txtStock, &QLineEdit::textChanged, this, &TickerBox::UpperCase);
     connect(form.txtStock, &QLineEdit::returnPressed, this, &TickerBox::EnterTickers);
     connect(form.List1, &ListBox::Clicked, this, &TickerBox::UpdateToolTip);
     connect(form.List1, &ListBox::DoubleClicked, this, &TickerBox::OpenSelected);
@@ -40,7 +40,11 @@ TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
 
 void TickerBox::UpperCase(const QString& text) {
     const int caret = m_form.txtStock->cursorPosition();
-    const QString upper = text.toUpper();
+    QString upper = text.toUpper();
+    // A column that was pasted out of a table is a row of symbols.
+    for (QChar& character : upper)
+        if (character == u'\n' || character == u'\r' || character == u'\t')
+            character = u' ';
     if (upper == text)
         return;
     m_form.txtStock->setText(upper);

@@ -89,6 +89,41 @@ private Q_SLOTS:
         QCOMPARE(session.Form().List1->ListIndex(), -1);
     }
 
+    void AnyStoredListLoadsAndIsWrittenBackWellFormed_data() {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QStringList>("tickers");
+        QTest::addColumn<QString>("written");
+        const auto row = [](const char* stored, const QStringList& tickers,
+                            const QString& written) {
+            QTest::newRow(stored) << QByteArray(stored) << tickers << written;
+        };
+        row("|", {u""_s}, u"|"_s);
+        row("||", {u""_s, u""_s}, u"||"_s);
+        row("|AAA|", {u""_s, u"AAA"_s}, u"|AAA|"_s);
+        row("AAA||BBB|", {u"AAA"_s, u""_s, u"BBB"_s}, u"AAA||BBB|"_s);
+        row("AAA", {u"AAA"_s}, u"AAA|"_s);
+        row("aaa|AAA|aaa|", {u"aaa"_s, u"AAA"_s, u"aaa"_s}, u"aaa|AAA|aaa|"_s);
+        row(" AAA | B B |", {u" AAA "_s, u" B B "_s}, u"AAA|B B|"_s);
+        row(" ", {u" "_s}, u"|"_s);
+        row("AAA|\r\nBBB|", {u"AAA"_s, u"\r\nBBB"_s}, u"AAA|\r\nBBB|"_s);
+        row("R&D|\"Q\"|;x=[1]|", {u"R&D"_s, u"\"Q\""_s, u";x=[1]"_s}, u"R&D|\"Q\"|;x=[1]|"_s);
+    }
+
+    void AnyStoredListLoadsAndIsWrittenBackWellFormed() {
+        QFETCH(const QByteArray, stored);
+        QFETCH(const QStringList, tickers);
+        QFETCH(const QString, written);
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", stored.constData());
+        session.Start();
+        QCOMPARE(session.Form().List1->Items(), tickers);
+        SelectNumber(session, 2);
+        QCOMPARE(session.Form().List1->Count(), 0);
+        QCOMPARE(session.Stored("Stocks1"), written);
+        QVERIFY(session.prompts.messages.isEmpty());
+    }
+
     void AListWithoutItsLastBarLoadsWholeAndIsMended() {
         TestSession session;
         session.Store("First", "OK");
@@ -137,6 +172,36 @@ private Q_SLOTS:
         QCOMPARE(session.Stored("Stocks1"), QString());
         QCOMPARE(Note(session, "BBB"), QString());
         QCOMPARE(Note(session, "CCC"), u"note"_s);
+    }
+
+    void WithoutASelectionTheCrossOnlyWritesTheList() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB");
+        SetNote(session, "AAA", "kept");
+        session.Start();
+        session.Form().List1->SetListIndex(-1);
+        QTest::mouseClick(session.Form().Label1, Qt::LeftButton);
+        QCOMPARE(session.Form().List1->Count(), 2);
+        QCOMPARE(session.Stored("Stocks1"), u"AAA|BBB|"_s);
+        QCOMPARE(Note(session, "AAA"), u"kept"_s);
+    }
+
+    void ClearingAListWhoseTickersStandElsewhereRemovesNoNote() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AAA|BBB|");
+        session.Store("Stocks7", "XBBBX|");
+        session.Store("Stocks10", "AAA|");
+        SetNote(session, "AAA", "first");
+        SetNote(session, "BBB", "second");
+        const std::string before = ReadWholeFile(session.Folder() / "TickNotes.txt");
+        session.Start();
+        session.prompts.answers = {true};
+        session.Form().menus->clearList->trigger();
+        QCOMPARE(session.Form().List1->Count(), 0);
+        QCOMPARE(session.Stored("Stocks1"), QString());
+        QCOMPARE(ReadWholeFile(session.Folder() / "TickNotes.txt"), before);
     }
 
     void ThePortfolioNamesStandInTheFourSubmenus() {

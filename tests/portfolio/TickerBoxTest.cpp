@@ -43,6 +43,28 @@ private Q_SLOTS:
         QCOMPARE(box->cursorPosition(), 2);
     }
 
+    void TextThatIsPutThereByOtherMeansIsUpperCasedToo() {
+        Window window("");
+        window.Form().txtStock->setText(u"ibm\r\nmsft\tintc"_s);
+        QCOMPARE(window.Form().txtStock->text(), u"IBM  MSFT INTC"_s);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Return);
+        QCOMPARE(window.Stored("Stocks1"), u"IBM|MSFT|INTC|"_s);
+    }
+
+    void AListOfAnySizeIsEnteredWhole() {
+        Window window("");
+        QString entry;
+        QString stored;
+        for (int i = 0; i < 10'000; ++i) {
+            entry += u"t%1,"_s.arg(i);
+            stored += u"T%1|"_s.arg(i);
+        }
+        window.Form().txtStock->setText(entry);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Return);
+        QCOMPARE(window.Form().List1->Count(), 10'000);
+        QCOMPARE(window.Stored("Stocks1"), stored);
+    }
+
     void SeveralTickersAreEnteredAtOnce() {
         Window window("");
         window.Enter(u"ibm, msft  intc"_s);
@@ -92,8 +114,11 @@ private Q_SLOTS:
         window.Form().List1->SetListIndex(-1);
         QTest::keyClick(window.Form().List1, Qt::Key_Return);
         QTest::keyClick(window.Form().List1, Qt::Key_Delete);
+        QTest::mouseDClick(window.Form().List1->viewport(), Qt::LeftButton, {},
+                           QPoint(5, window.Form().List1->viewport()->height() - 2));
         QVERIFY(window.navigations->isEmpty());
         QCOMPARE(window.Form().List1->Count(), 1);
+        QCOMPARE(window.Stored("Stocks1"), u"MSFT|"_s);
     }
 
     void TheTickerMenuNamesTheTickerAndShowsItsNote() {
