@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kWrongStart = 2;
 
-int Run(const CommandLine& commandLine) {
+int Run(Application& application, const CommandLine& commandLine) {
     const Folders folders = Folders::For(commandLine);
     Tables tables = Tables::Read(folders, commandLine.sites);
 
@@ -26,7 +26,7 @@ int Run(const CommandLine& commandLine) {
         return 0;
     DialogPrompts prompts;
     const Clock clock;
-    static_cast<Application*>(qApp)->SetPrompts(&prompts);
+    application.SetPrompts(&prompts);
     const PortalTexts texts{ReadTable(folders.data / "rr.html"),
                             ReadTable(folders.data / "newsites.html")};
     SessionSetup setup{folders, commandLine.web, tables, {}, prompts, clock};
@@ -50,7 +50,8 @@ int Run(const CommandLine& commandLine) {
     }
     QObject::connect(&instance, &SingleInstance::Raised, &session, &Session::Raise);
     session.Start();
-    return QApplication::exec();
+    // The start may wait for a page; an event loop that begins only now would forget the quitting.
+    return application.IsEnding() ? 0 : QApplication::exec();
 }
 
 } // namespace
@@ -68,7 +69,7 @@ int main(int argc, char** argv) {
     PortalScheme::Register();
     Application application(argc, argv);
     try {
-        return Run(commandLine);
+        return Run(application, commandLine);
     } catch (const RuntimeError& error) {
         std::fprintf(stderr, "tallowmere: %s\n", error.what());
         return kWrongStart;

@@ -14,6 +14,7 @@
 #include <QNetworkInformation>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineFindTextResult>
 #include <QWebEngineHistory>
@@ -33,6 +34,7 @@ constexpr double kZoomStep = 1.1;
 constexpr double kZoomMinimum = 0.25;
 constexpr double kZoomMaximum = 5;
 constexpr int kProgressMaximum = 100;
+constexpr auto kLongestWait = std::chrono::minutes(1);
 constexpr qsizetype kTextsKept = 256; // several times what the engine's history holds
 
 } // namespace
@@ -192,6 +194,7 @@ void BrowserPane::WaitWhileBusy() {
             loop.quit();
     });
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
     loop.exec();
 }
 

@@ -38,7 +38,8 @@ public:
 
     /// Whether a page is being loaded.
     bool Busy() const { return m_isBusy; }
-    /// Keeps the window alive until no page is being loaded, or the pane is gone.
+    /// Keeps the window alive until no page is being loaded, for a minute at most, or the pane is
+    /// gone.
     void WaitWhileBusy();
 
     /// The address of what the pane shows, as built: no stand-in and no redirect changes it. Where

@@ -60,8 +60,9 @@ void Application::QuitOnTermination() {
     if (socketpair(AF_UNIX, SOCK_STREAM, 0, terminationSockets) != 0)
         return;
     auto* notifier = new QSocketNotifier(terminationSockets[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [notifier] {
+    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
+        m_isEnding = true;
         closeAllWindows();
         quit();
     });

@@ -16,6 +16,9 @@ public:
     /// Through whom errors are shown.
     void SetPrompts(Prompts* prompts) { m_prompts = prompts; }
 
+    /// Whether the system asked the program to end, be it before its event loop ran.
+    bool IsEnding() const { return m_isEnding; }
+
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
@@ -23,6 +26,7 @@ private:
     void QuitOnTermination();
 
     Prompts* m_prompts = nullptr;
+    bool m_isEnding = false;
 };
 
 } // namespace tallowmere

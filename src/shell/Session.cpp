@@ -184,6 +184,15 @@ void Session::TellOfTables() {
 }
 
 void Session::Start() {
+    // A store that cannot be written does not keep the program from starting either.
+    std::string problem;
+    const auto attempt = [&problem](const std::function<void()>& write) {
+        try {
+            write();
+        } catch (const RuntimeError& error) {
+            problem = error.what();
+        }
+    };
     ApplyProxy();
     RestoreWindow();
     ShowPortfolioLabels();
@@ -194,8 +203,8 @@ void Session::Start() {
     ReadFlags();
     CheckClub();
     if (Text("First").isEmpty()) {
-        m_settings.SaveSetting("Settings", "First", "OK");
         m_state.firstStart = true;
+        attempt([this] { m_settings.SaveSetting("Settings", "First", "OK"); });
     }
     ChooseFirstPage();
     m_state.activeEdge = Flag(kSettingsSection, "ActiveEdge");
@@ -206,14 +215,16 @@ void Session::Start() {
     m_state.streamPassword = Text("MNP");
     m_links->EnableLinks();
     m_portfolios->SelectPortfolio(Number(kSettingsSection, "TickerList"));
-    SeedFirstStart();
+    attempt([this] { SeedFirstStart(); });
     m_strip->Start();
-    m_form->txtStock->setFocus();
-    m_timers->Start();
     m_form->show();
     m_reminders->CheckReminders();
+    m_form->txtStock->setFocus();
+    m_timers->Start();
     // The first page does not wait for the lists of the menus.
     QTimer::singleShot(0, m_lists, [this] { FillServerLists(); });
+    if (!problem.empty())
+        m_setup.prompts.Message(ToQt(problem), MessageTitle());
     ReportDamagedSettings();
     TellOfTables();
 }
@@ -240,9 +251,7 @@ void Session::RestoreWindow() {
     try {
         LoadFormPosition(*m_form, m_settings);
     } catch (const RuntimeError&) {
-        // The report of damaged settings names the value; the window opens where it can.
-        m_form->resize(PixelsFromTwips(ToInteger(DefaultOf("frmMain", "Width"))),
-                       PixelsFromTwips(ToInteger(DefaultOf("frmMain", "Height"))));
+        // The report of damaged settings names every such value.
     }
     m_form->SetPanels(Number("frmMain", "LeftWidth"), Number("frmMain", "RightWidth"),
                       Flag("frmMain", "LeftFolded"), Flag("frmMain", "RightFolded"));
@@ -362,8 +371,13 @@ void Session::Close() {
     m_inet->CancelAll();
     if (m_live)
         m_live->Save();
-    m_settings.SaveSetting("Settings", "TickerList", std::to_string(m_state.currentPortfolio));
-    SaveFormPosition(*m_form, m_settings);
+    try {
+        m_settings.SaveSetting("Settings", "TickerList", std::to_string(m_state.currentPortfolio));
+        SaveFormPosition(*m_form, m_settings);
+    } catch (const RuntimeError& error) {
+        // The program ends all the same, with every other window.
+        m_setup.prompts.Message(ToQt(error.what()), MessageTitle());
+    }
     QCoreApplication::quit();
 }
 
@@ -372,6 +386,9 @@ void Session::SendAll(const QString& site) {
 }
 
 void Session::Raise() {
+    // While the start is still waiting for the club there is nothing to work with yet.
+    if (m_state.currentPortfolio == 0)
+        return;
     m_form->setWindowState((m_form->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
     m_form->show();
     m_form->raise();

@@ -1,6 +1,7 @@
 #include "links/BrowserPane.h"
 #include "market/IndexStrip.h"
 #include "shell/modMain.h"
+#include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -131,6 +132,58 @@ private Q_SLOTS:
         QVERIFY(session.Form().isVisible());
     }
 
+    void ADamagedPositionLeavesTheOthersAsStored() {
+        TestSession session;
+        session.Settings().SaveSettings(
+            "frmMain", {{"Top", "high"}, {"Left", "1500"}, {"Height", ""}, {"Width", "9000"}});
+        session.Start();
+        QCOMPARE(session.Form().pos(), QPoint(100, 3));
+        QCOMPARE(session.Form().size(), QSize(600, 567));
+        QCOMPARE(session.prompts.messages.size(), 1);
+        for (const QString& key : {u"Top"_s, u"Height"_s})
+            QVERIFY2(session.prompts.messages[0].contains(key), qPrintable(key));
+    }
+
+    void OnlyTheValue1SwitchesTheTransfersToTheProxy_data() {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<bool>("switched");
+        QTest::newRow("1") << QByteArray("1") << true;
+        QTest::newRow("a number that rounds to 1") << QByteArray(" 1.2 ") << true;
+        QTest::newRow("2") << QByteArray("2") << false;
+        QTest::newRow("0") << QByteArray("0") << false;
+        QTest::newRow("True") << QByteArray("True") << false;
+    }
+
+    void OnlyTheValue1SwitchesTheTransfersToTheProxy() {
+        QFETCH(const QByteArray, stored);
+        QFETCH(const bool, switched);
+        LoopbackServer site;
+        LoopbackServer proxy;
+        TestSession session(site.Address({}), WebMode::Direct);
+        session.Store("Firewall", qPrintable(proxy.Address({})));
+        session.Store("PROXY", stored.constData());
+        session.Start();
+        // The lists of the menus are fetched by one of the transfer controls.
+        const QString direct = u"/rr.html"_s;
+        const QString throughProxy = u"http://"_s + site.Address(direct);
+        QTRY_COMPARE(site.CountOf(direct) + proxy.CountOf(throughProxy), 1);
+        QCOMPARE(proxy.CountOf(throughProxy), switched ? 1 : 0);
+    }
+
+    void AStoreThatCannotBeWrittenIsToldOnceAndTheStartGoesOn() {
+        TestSession session;
+        std::filesystem::create_directories(session.Folder() / "settings.ini" / "inside");
+        session.Start();
+        QCOMPARE(session.prompts.messages.size(), 1);
+        QVERIFY(session.prompts.messages[0].startsWith(u"Quorvane: "_s));
+        QVERIFY(session.prompts.messages[0].contains(u"settings.ini"_s));
+        QCOMPARE(session.Form().List1->Items(), (QStringList{u"AOL"_s, u"YHOO"_s, u"MSFT"_s}));
+        QVERIFY(session->Strip().Timer1.isActive());
+        session.Form().close();
+        QCOMPARE(session.prompts.messages.size(), 2);
+        QVERIFY(!session.Form().isVisible());
+    }
+
     void TheWindowComesBackWhereItWas() {
         TestSession session;
         session.Start();
@@ -153,11 +206,14 @@ private Q_SLOTS:
 
     void AMinimisedWindowKeepsItsStoredPlace() {
         TestSession session;
+        session.Settings().SaveSettings("frmMain", {{"Left", "150"}, {"Width", "10500"}});
         session.Start();
         session.Form().resize(900, 640);
         session.Form().showMinimized();
         session.Form().close();
-        QCOMPARE(session.Settings().GetSetting("frmMain", "Width", "none"), "none");
+        QCOMPARE(session.Settings().GetSetting("frmMain", "Width", "none"), "10500");
+        QCOMPARE(session.Settings().GetSetting("frmMain", "Left", "none"), "150");
+        QCOMPARE(session.Settings().GetSetting("frmMain", "Top", "none"), "none");
         QCOMPARE(session.Stored("TickerList"), u"1"_s);
     }
 
