@@ -64,7 +64,8 @@ void Application::QuitOnTermination() {
         notifier->setEnabled(false);
         m_isEnding = true;
         closeAllWindows();
-        quit();
+        // Unlike quit(), this ends the loops that the start waits in, too.
+        exit(0);
     });
     struct sigaction action = {};
     action.sa_handler = WriteTermination;

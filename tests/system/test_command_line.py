@@ -2,6 +2,7 @@
 
 import signal
 import subprocess
+import threading
 
 import driver
 
@@ -79,6 +80,22 @@ class OneProgramPerProfile(driver.SystemTest):
                            for path in (self.folder / "one").glob("*.ini"))
         self.assertIn("TickerList=1", settings)
         self.assertRegex(settings, r"Width=\d+")
+
+    def test_a_signal_ends_a_start_that_waits_for_a_page(self):
+        asked, over = threading.Event(), threading.Event()
+        self.addCleanup(over.set)
+
+        def stall(_):
+            asked.set()
+            over.wait(driver.PATIENCE)
+        self.server.services["/members/"] = stall
+        profile = self.folder / "profile"
+        profile.mkdir(mode=0o700)
+        (profile / "settings.ini").write_text("[Settings]\nFirst=OK\nSAVersion=True\n")
+        program = self.start()
+        self.assertTrue(asked.wait(driver.PATIENCE), "the page of the club was not asked for")
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_for_end(10), 0, program.errors())
 
 
 if __name__ == "__main__":
