@@ -127,8 +127,9 @@ std::string Labels(const std::vector<ChartLabel>& labels, const Layout& layout) 
     for (const ChartLabel& label : labels) {
         const double half =
             static_cast<double>(label.text.size()) * kCharacterWidth * layout.textSize / 2;
+        // The last one ends with the plot: to the right of it stand the prices.
         const double x = std::clamp(layout.left + label.at * (layout.right - layout.left), half + 2,
-                                    std::max(half + 2, layout.width - half - 2));
+                                    std::max(half + 2, layout.right - half));
         if (x - half < free)
             continue;
         free = x + half + layout.textSize / 3.0;
