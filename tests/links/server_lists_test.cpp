@@ -1,6 +1,9 @@
 #include "links/server_lists.h"
 
+#include "links/menu_table.h"
+#include "links/site_menus.h"
 #include "links/web_address.h"
+#include "shipped_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -115,6 +118,14 @@ TEST(NewSites, AMillionAnchorsAreReadInOneWalk) {
 TEST(BookAddress, IsTheProductPageOfTheBookstore) {
     const SiteTable sites = SiteTable::Parse("[hosts]\nbookstore = \"http://books.test\"\n", "s");
     EXPECT_EQ(BookAddress("0070380465", sites), "http://books.test/exec/obidos/ASIN/0070380465/");
+}
+
+TEST(BookSearch, AsksTheStoreForTheQuotedPhrase) {
+    const std::string address =
+        SiteMenuAddress("mnuBook", 1, "", ShippedSites(),
+                        MenuTable::Parse(ShippedFile("menus.toml"), "menus.toml"));
+    EXPECT_TRUE(IsWebAddress(address)) << address;
+    EXPECT_NE(address.find("%22Stock+Market%22"), std::string::npos) << address;
 }
 
 TEST(BookAddress, ACodeCannotLeadToAnotherPage) {
