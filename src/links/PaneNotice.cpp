@@ -1,9 +1,9 @@
 #include "links/PaneNotice.h"
 
+#include "forms/FlowLayout.h"
 #include "webdata/WebAccess.h"
 #include "webdata/web_address.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QUrl>
@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMargin = 32;
+constexpr int kGap = 6;
 constexpr double kTitleScale = 1.4;
 
 QLabel* AddLabel(QVBoxLayout* layout, const QString& name) {
@@ -28,7 +29,7 @@ QLabel* AddLabel(QVBoxLayout* layout, const QString& name) {
     return label;
 }
 
-QPushButton* AddButton(QHBoxLayout* layout, const QString& name, const QString& caption) {
+QPushButton* AddButton(QLayout* layout, const QString& name, const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
     layout->addWidget(button);
@@ -63,13 +64,12 @@ PaneNotice::PaneNotice(QWidget* parent) : QFrame(parent) {
     m_address = AddLabel(layout, u"NoticeAddress"_s);
     m_built = AddLabel(layout, u"NoticeBuilt"_s);
 
-    auto* buttons = new QHBoxLayout;
+    auto* buttons = new FlowLayout(nullptr, kGap);
     layout->addLayout(buttons);
     m_tryAgain = AddButton(buttons, u"NoticeTryAgain"_s, tr("Try again"));
     m_asBuilt = AddButton(buttons, u"NoticeAsBuilt"_s, tr("Open the built address"));
     m_search = AddButton(buttons, u"NoticeSearch"_s, tr("Search the web"));
     m_archive = AddButton(buttons, u"NoticeArchive"_s, tr("Look in the Internet Archive"));
-    buttons->addStretch();
     layout->addStretch();
 
     connect(m_tryAgain, &QPushButton::clicked, this, &PaneNotice::TryAgain);

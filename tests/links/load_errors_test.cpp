@@ -12,6 +12,8 @@ TEST(LoadErrors, SayInWordsWhyAPageCouldNotBeLoaded) {
     for (const Case& c : {
              Case{"net::ERR_NAME_NOT_RESOLVED", "There is no host of this name."},
              {"net::ERR_INTERNET_DISCONNECTED", "This machine is not connected to the network."},
+             {"net::ERR_NETWORK_CHANGED", "The network changed while the page was loading."},
+             {"net::ERR_UNSAFE_PORT", "This port belongs to another service than the web."},
              {"net::ERR_CONNECTION_REFUSED", "The server refuses connections."},
              {"net::ERR_CONNECTION_RESET", "The server broke the connection off."},
              {"net::ERR_CONNECTION_CLOSED", "The server closed the connection."},
