@@ -8,6 +8,7 @@
 #include "text/runtime_error.h"
 
 #include <QApplication>
+#include <QEvent>
 
 namespace tallowmere {
 
@@ -43,7 +44,9 @@ AreaColors ReadAreaColors(const SettingsStore& settings) {
 }
 
 ColorConfig::ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios)
-    : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {}
+    : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {
+    form.installEventFilter(this);
+}
 
 void ColorConfig::Apply() {
     const AreaColors colors = ReadAreaColors(m_services.settings);
@@ -52,12 +55,18 @@ void ColorConfig::Apply() {
     m_portfolios.PaintNumbers();
     Paint(m_form.WebStatus, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
     Paint(m_form.lblStat, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
-    m_form.SetBackground(ScreenColor(colors.Of("Back").background, m_form.palette()));
+    m_form.SetBackground(ScreenColor(colors.Of("Back").background, QApplication::palette(&m_form)));
     for (Chip* link : m_form.lbllink) {
         const std::string tag = FromQt(link->property("tag").toString());
         if (const auto pair = colors.OfLink(link->Index(), tag, FromQt(link->Caption())))
             link->SetColors(*pair);
     }
+}
+
+bool ColorConfig::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        Apply();
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace tallowmere

@@ -22,6 +22,9 @@ public:
 
     void Apply();
 
+    /// Applies them anew when the desktop changes its own colours.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     frmMain& m_form;
     Services m_services;

@@ -244,6 +244,22 @@ private Q_SLOTS:
         });
     }
 
+    void ADesktopThatTurnsDarkTakesTheWindowWithIt() {
+        const QPalette before = QApplication::palette();
+        const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });
+        Window window;
+        const QPalette& frame = window.Form().fraLeft->widget()->palette();
+        QVERIFY(frame.color(QPalette::Window).lightnessF() > 0.5);
+        QPalette dark = before;
+        dark.setColor(QPalette::Button, QColor(0x2B, 0x2B, 0x2B));
+        dark.setColor(QPalette::Window, QColor(0x2B, 0x2B, 0x2B));
+        QApplication::setPalette(dark);
+        QTRY_COMPARE(window.Form().fraLeft->widget()->palette().color(QPalette::Window),
+                     QColor(0x2B, 0x2B, 0x2B));
+        QVERIFY(IsLegible(window.Form().fraLeft->widget()->palette().color(QPalette::WindowText),
+                          QColor(0x2B, 0x2B, 0x2B)));
+    }
+
     void AnUnusedSlotIsQuietButLegible_data() {
         QTest::addColumn<QColor>("behind");
         QTest::newRow("light") << QColor(0xF0, 0xF0, 0xF0);
