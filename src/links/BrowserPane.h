@@ -117,7 +117,7 @@ private:
     /// The same by place in the history and the address that it led to: on the way back the
     /// history has forgotten what was requested.
     QHash<std::pair<int, QUrl>, QString> m_arrivedTexts;
-    int m_navigation = 0;              ///< tells a navigation from one that replaced it
+    int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
     bool m_isInPageHook = false;
     double m_zoom = 1;

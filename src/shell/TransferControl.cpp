@@ -120,11 +120,10 @@ void TransferControl::OnFinished() {
     // A server that answered has answered, with whatever status and however short it fell.
     const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     m_wasRefused = status.toInt() >= kFirstRefusal;
-    const bool hasAnswered =
-        status.isValid() &&
-        m_reply->error() != QNetworkReply::InsecureRedirectError &&
-        m_reply->error() != QNetworkReply::TooManyRedirectsError &&
-        m_reply->error() != QNetworkReply::OperationCanceledError;
+    const bool hasAnswered = status.isValid() &&
+                             m_reply->error() != QNetworkReply::InsecureRedirectError &&
+                             m_reply->error() != QNetworkReply::TooManyRedirectsError &&
+                             m_reply->error() != QNetworkReply::OperationCanceledError;
     if (!hasAnswered)
         m_data.clear();
     End(!hasAnswered);
