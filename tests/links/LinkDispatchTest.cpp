@@ -150,9 +150,9 @@ private Q_SLOTS:
         Window window;
         window.prompts.answers = {true};
         window.ClickLink(79);
-        QCOMPARE(*window.navigations,
-                 (QStringList{u"Web: h.example/"_s,
-                              u"Web: h.example/rt/frt/stocktalk?symbol=MSFT"_s}));
+        QCOMPARE(
+            *window.navigations,
+            (QStringList{u"Web: h.example/"_s, u"Web: h.example/rt/frt/stocktalk?symbol=MSFT"_s}));
         QCOMPARE(window.Stored("FRT"), u"Done"_s);
     }
 
