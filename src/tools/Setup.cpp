@@ -97,14 +97,12 @@ void Setup::Save(const frmUser& dialog) {
     m_state.clubMember = dialog.chkSA->isChecked();
     m_state.streamLogin = dialog.txtMNLogin->text();
     m_state.streamPassword = dialog.txtMNPwd->text();
-    const auto save = [this](std::string_view key, std::string_view value) {
-        m_services.settings.SaveSetting(kSettingsSection, key, value);
-    };
-    save("SAVersion", FromBoolean(m_state.clubMember));
-    save("MNL", FromQt(m_state.streamLogin));
-    save("MNP", FromQt(m_state.streamPassword));
-    save("Firewall", Trim(FromQt(dialog.txtFire->text())));
-    save("PROXY", dialog.chkFire->isChecked() ? "1" : "0");
+    m_services.settings.SaveSettings(
+        kSettingsSection, {{"SAVersion", FromBoolean(m_state.clubMember)},
+                           {"MNL", FromQt(m_state.streamLogin)},
+                           {"MNP", FromQt(m_state.streamPassword)},
+                           {"Firewall", std::string(Trim(FromQt(dialog.txtFire->text())))},
+                           {"PROXY", dialog.chkFire->isChecked() ? "1" : "0"}});
 }
 
 } // namespace tallowmere
