@@ -17,5 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             panels[i].size() > label.size() + 1 + page.size())
             std::abort();
     }
+    for (const auto& row : table)
+        if (tallowmere::ReadIndexNote(page, row).size() > page.size())
+            std::abort();
     return 0;
 }

@@ -255,8 +255,9 @@ private Q_SLOTS:
         window.Open();
         window.TickStrip();
         QCOMPARE(window.StripTexts(), StripOf(Host::Cnbc));
-        const QString note = window.Form().SpooBar->findChildren<QLabel*>().first()->toolTip();
-        QVERIFY2(note.contains(u"stale since "_s), qUtf8Printable(note));
+        const auto* panel = window.Form().findChild<QLabel*>(u"SpooBar1"_s);
+        QVERIFY2(panel->accessibleDescription().contains(u"stale since "_s),
+                 qUtf8Printable(panel->accessibleDescription()));
     }
 
     void ASourceThatAsksForPatienceIsLeftAloneAsLongAsItSays() {
