@@ -161,6 +161,22 @@ private Q_SLOTS:
         QCOMPARE(*window.navigations, QStringList{u"Web: http://c.example/"_s});
     }
 
+    void AListMayArriveWhileItsMenuIsOpen() {
+        Window window("", Anchor("http://a.example/", "A") + Anchor("http://b.example/", "B"));
+        QMenu* menu = (*window).Popups().Menu(u"mnuNewSites"_s);
+        menu->popup({20, 20});
+        QTest::keyClick(menu, Qt::Key_Down); // on the item that the list replaces
+        window.Fetch();
+        QCOMPARE(window.Captions(u"mnuNewSites"_s), (QStringList{u"A"_s, u"B"_s}));
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Down);
+        window.Fetch();
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QTRY_COMPARE(window.navigations->size(), 1);
+        menu->close();
+    }
+
     void AFetchThatGivesNothingLeavesTheListOfBefore() {
         Window window("", "");
         std::string sites = Anchor("http://a.example/", "A");
