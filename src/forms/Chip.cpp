@@ -1,5 +1,6 @@
 #include "forms/Chip.h"
 
+#include "shell/QtText.h"
 #include "tools/color_values.h"
 
 #include <QContextMenuEvent>
@@ -66,6 +67,7 @@ Chip::Chip(const QString& array, int index, const QString& caption, QWidget* par
 
 void Chip::SetCaption(const QString& caption) {
     m_caption = caption;
+    m_shown = LineStart(caption.trimmed());
     setAccessibleName(caption);
     updateGeometry();
     update();
@@ -84,8 +86,7 @@ void Chip::SetQuiet(bool quiet) {
 QSize Chip::sizeHint() const {
     const QFontMetrics metrics(font());
     const int height = metrics.height() + 2 * kPaddingY;
-    return {std::max(height, metrics.horizontalAdvance(m_caption.trimmed()) + 2 * kPaddingX),
-            height};
+    return {std::max(height, metrics.horizontalAdvance(m_shown) + 2 * kPaddingX), height};
 }
 
 void Chip::paintEvent(QPaintEvent*) {
@@ -111,7 +112,7 @@ void Chip::paintEvent(QPaintEvent*) {
     if (m_quiet && isEnabled())
         painter.setOpacity(std::max(painter.opacity(), 0.8));
     painter.setPen(fore);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_caption.trimmed());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_shown);
 }
 
 void Chip::mousePressEvent(QMouseEvent* event) {

@@ -71,6 +71,7 @@ protected:
 
 private:
     QString m_caption;
+    QString m_shown; ///< of the caption, without blanks around it
     ColorPair m_colors;
     int m_index;
     bool m_quiet = false;

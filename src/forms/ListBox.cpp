@@ -1,16 +1,35 @@
 #include "forms/ListBox.h"
 
+#include "shell/QtText.h"
+
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
 namespace tallowmere {
+
+namespace {
+
+class Delegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = LineStart(option->text);
+    }
+};
+
+} // namespace
 
 ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : QListView(parent) {
     setObjectName(name);
     setAccessibleName(accessibleName);
     setModel(&m_model);
+    setItemDelegate(new Delegate(this));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);

@@ -54,7 +54,7 @@ BrowserPane* PaneDeck::Front() const {
 }
 
 void PaneDeck::ShowStatus(const QString& text) {
-    m_form.WebStatus->setText(text);
+    m_form.WebStatus->setText(LineStart(text));
     m_form.WebStatus->setAccessibleName(text);
 }
 

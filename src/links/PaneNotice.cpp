@@ -1,6 +1,7 @@
 #include "links/PaneNotice.h"
 
 #include "forms/FlowLayout.h"
+#include "shell/QtText.h"
 #include "webdata/WebAccess.h"
 #include "webdata/web_address.h"
 
@@ -87,8 +88,8 @@ void PaneNotice::Tell(const QString& title, const QString& text, const QString& 
     m_title->setText(title);
     m_text->setText(text);
     m_text->setVisible(!text.isEmpty());
-    m_address->setText(address);
-    m_built->setText(tr("It stands for %1").arg(builtAddress));
+    m_address->setText(LineStart(address));
+    m_built->setText(tr("It stands for %1").arg(LineStart(builtAddress)));
     m_built->setVisible(!builtAddress.isEmpty());
     m_asBuilt->setVisible(!builtAddress.isEmpty());
     m_tryAgain->setVisible(offer != Offer::Nothing);

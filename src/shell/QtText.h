@@ -36,9 +36,16 @@ inline std::string FromQt(const QString& text) {
     return text.toStdString();
 }
 
+/// As much of a text as is shown in one line. A damaged setting may be so long that it would take
+/// seconds to lay out.
+inline QString LineStart(const QString& text) {
+    constexpr qsizetype kLongest = 2000;
+    return text.left(kLongest);
+}
+
 /// A text as the caption of a menu item: an ampersand in it is shown and is no access key.
-inline QString MenuCaption(QString text) {
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+inline QString MenuCaption(const QString& text) {
+    return LineStart(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 inline QString PathToQt(const std::filesystem::path& path) {

@@ -5,6 +5,8 @@
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
+#include <QLabel>
+
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
 
@@ -222,6 +224,25 @@ private Q_SLOTS:
         session.Start();
         session.Form().resize(10, 10);
         QCOMPARE(session.Form().size(), QSize(565, 134));
+    }
+
+    void OfAHugeValueOnlyTheStartIsLaidOut() {
+        constexpr int kWidest = 100'000;
+        const std::string huge(5'000'000, 'W');
+        TestSession session;
+        session.Store("First", "OK");
+        for (const char* key : {"Stocks1", "PortName1", "CustomT101", "DefaultWeb", "Firewall"})
+            session.Store(key, huge.c_str());
+        session.Start();
+        frmMain& form = session.Form();
+        QCOMPARE(form.List1->Item(0).size(), qsizetype(huge.size()));
+        QVERIFY(form.List1->sizeHintForColumn(0) < kWidest);
+        QVERIFY(form.lblPort->sizeHint().width() < kWidest);
+        QVERIFY(session.Link(101)->sizeHint().width() < kWidest);
+        QVERIFY(form.menus->mnuCopyPort.menu->sizeHint().width() < kWidest);
+        for (const auto* label : form.findChildren<QLabel*>())
+            QVERIFY2(label->text().size() < kWidest, qPrintable(label->objectName()));
+        QVERIFY(!form.grab().isNull());
     }
 
     void FoldedPanelsStayFoldedAfterARestart() {
