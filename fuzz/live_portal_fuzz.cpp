@@ -27,11 +27,9 @@ gives = ["year", "five-days", "day"]
 
 /// Whether a page holds no script but that of the ticker strip.
 bool HasOnlyOwnScripts(std::string_view page) {
-    for (auto at = page.find("<script"); at != page.npos; at = page.find("<script", at + 1)) {
-        const std::string_view script = page.substr(at);
-        if (!script.starts_with("<script>\nconst run ="))
+    for (auto at = page.find("<script"); at != page.npos; at = page.find("<script", at + 1))
+        if (!page.substr(at).starts_with("<script>\nconst run ="))
             return false;
-    }
     return true;
 }
 

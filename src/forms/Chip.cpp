@@ -135,7 +135,10 @@ void Chip::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void Chip::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
+    // Only the left button has double clicks; any other press counts, however soon it comes.
+    if (event->button() != Qt::LeftButton)
+        mousePressEvent(event);
+    else
         Q_EMIT DoubleClicked();
     event->accept();
 }

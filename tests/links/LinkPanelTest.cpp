@@ -1,9 +1,11 @@
+#include "links/LinkPanel.h"
 #include "links/BrowserPane.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
 #include <QFile>
+#include <QSignalSpy>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -82,6 +84,13 @@ private Q_SLOTS:
         QTest::mouseClick(window.Link(8), Qt::RightButton);
         QVERIFY(window.Form().WebB->isHidden());
         QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/\n"));
+    }
+
+    void RightPressesThatFollowQuicklyAllCount() {
+        Window window;
+        QSignalSpy menus(window.Form().findChild<LinkPanel*>(), &LinkPanel::CustomMenuRequested);
+        QTest::mouseDClick(window.Link(101), Qt::RightButton);
+        QCOMPARE(menus.size(), 2);
     }
 
     void ARightPressOnAToolSetsNothing() {

@@ -2,6 +2,7 @@
 
 #include "links/PaneNotice.h"
 #include "links/PanePage.h"
+#include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
@@ -47,7 +48,7 @@ struct Bench {
         return WaitForEnd();
     }
     bool WaitForEnd() {
-        return QTest::qWaitFor([this] { return !pane.Busy(); }, 10000);
+        return Await([this] { return !pane.Busy(); });
     }
     PanePage* Page() { return profile.findChild<PanePage*>(); }
     QVariant Run(const QString& script) {
@@ -57,7 +58,7 @@ struct Bench {
             result = value;
             isDone = true;
         });
-        [[maybe_unused]] const bool ran = QTest::qWaitFor([&] { return isDone; }, 5000);
+        [[maybe_unused]] const bool ran = Await([&] { return isDone; });
         return result;
     }
     /// A real click into the page; a page that was never clicked may not make history.

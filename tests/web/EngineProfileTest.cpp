@@ -3,6 +3,7 @@
 #include "links/BrowserPane.h"
 #include "links/PaneNotice.h"
 #include "links/PanePage.h"
+#include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
@@ -33,7 +34,7 @@ struct Run {
     }
     bool Show(const QString& address) {
         pane.Navigate(address);
-        return QTest::qWaitFor([this] { return !pane.Busy(); }, 10000);
+        return Await([this] { return !pane.Busy(); });
     }
     QString Title() { return profile.findChild<PanePage*>()->title(); }
     void Script(const QString& script) { profile.findChild<PanePage*>()->runJavaScript(script); }

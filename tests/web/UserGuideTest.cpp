@@ -1,5 +1,6 @@
 #include "links/BrowserPane.h"
 #include "links/PanePage.h"
+#include "support/Await.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 #include "webdata/EngineProfile.h"
@@ -29,7 +30,7 @@ struct Guide {
     }
     bool Show(const QString& address) {
         pane.Navigate(address);
-        return QTest::qWaitFor([this] { return !pane.Busy(); }, 10000);
+        return Await([this] { return !pane.Busy(); });
     }
     PanePage* Page() { return profile.findChild<PanePage*>(); }
     QVariant Script(const QString& script) {
@@ -39,7 +40,7 @@ struct Guide {
             result = value;
             isDone = true;
         });
-        return QTest::qWaitFor([&] { return isDone; }, 10000) ? result : QVariant();
+        return Await([&] { return isDone; }) ? result : QVariant();
     }
 
     QTemporaryDir home;
@@ -73,7 +74,22 @@ QString FolderWithSecrets() {
 
 class UserGuideTest : public QObject {
     Q_OBJECT
+private:
+    /// The same pane for all rows of a test. The engine does not outlive the application: it ends
+    /// with the last test.
+    Guide& OneGuide(const QString& folder) {
+        if (!m_guide || m_folder != folder)
+            m_guide = std::make_unique<Guide>(folder);
+        m_folder = folder;
+        return *m_guide;
+    }
+
+    std::unique_ptr<Guide> m_guide;
+    QString m_folder;
+
 private Q_SLOTS:
+    void cleanupTestCase() { m_guide.reset(); }
+
     void ItIsShownWithAllItsPictures() {
         Guide guide(ShippedGuide());
         QVERIFY(guide.Show(PortalScheme::HelpAddress()));
@@ -113,7 +129,7 @@ private Q_SLOTS:
     }
     void ThePanesFindSearchesIt() {
         QFETCH(const QString, wanted);
-        static Guide guide(ShippedGuide());
+        Guide& guide = OneGuide(ShippedGuide());
         if (guide.pane.LocationURL().isEmpty())
             QVERIFY(guide.Show(PortalScheme::HelpAddress()));
         QSignalSpy found(guide.Page(), &QWebEnginePage::findTextFinished);
@@ -140,7 +156,7 @@ private Q_SLOTS:
     }
     void NoAddressLeadsOutOfItsFolder() {
         QFETCH(const QString, path);
-        static Guide guide(FolderWithSecrets());
+        Guide& guide = OneGuide(FolderWithSecrets());
         QVERIFY(guide.Show(PortalScheme::HelpAddress()));
         QTRY_COMPARE(guide.Page()->title(), u"guide"_s);
         guide.Show(u"portal://help/"_s + path);
