@@ -89,7 +89,14 @@ private Q_SLOTS:
     void RightPressesThatFollowQuicklyAllCount() {
         Window window;
         QSignalSpy menus(window.Form().findChild<LinkPanel*>(), &LinkPanel::CustomMenuRequested);
-        QTest::mouseDClick(window.Link(101), Qt::RightButton);
+        QTest::mouseClick(window.Link(101), Qt::RightButton);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+        // The window system tells of the next press as of the second one of a double click.
+        QMouseEvent again(QEvent::MouseButtonDblClick, {2, 2},
+                          window.Link(101)->mapToGlobal({2, 2}), Qt::RightButton, Qt::RightButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(window.Link(101), &again);
         QCOMPARE(menus.size(), 2);
     }
 
