@@ -94,8 +94,8 @@ private Q_SLOTS:
         QApplication::activePopupWidget()->close();
         // The window system tells of the next press as of the second one of a double click.
         QMouseEvent again(QEvent::MouseButtonDblClick, {2, 2},
-                          window.Link(101)->mapToGlobal({2, 2}), Qt::RightButton, Qt::RightButton,
-                          Qt::NoModifier);
+                          window.Link(101)->mapToGlobal(QPointF(2, 2)), Qt::RightButton,
+                          Qt::RightButton, Qt::NoModifier);
         QApplication::sendEvent(window.Link(101), &again);
         QCOMPARE(menus.size(), 2);
     }
