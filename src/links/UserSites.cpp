@@ -64,13 +64,15 @@ void UserSites::Save(std::string_view key, std::string_view address) {
     const std::string flaw = FlawOfToday(address);
     if (!flaw.empty())
         throw RuntimeError("\"" + std::string(address) + "\" " + flaw);
-    const auto [table, row] = PlaceOfRow(key);
-    Write([&](const std::string& text) { return SetTomlRow(text, table, row, address); });
+    const auto place = PlaceOfRow(key);
+    Write([&](const std::string& text) {
+        return SetTomlRow(text, place.first, place.second, address);
+    });
 }
 
 void UserSites::Remove(std::string_view key) {
-    const auto [table, row] = PlaceOfRow(key);
-    Write([&](const std::string& text) { return RemoveTomlRow(text, table, row); });
+    const auto place = PlaceOfRow(key);
+    Write([&](const std::string& text) { return RemoveTomlRow(text, place.first, place.second); });
 }
 
 void UserSites::Read() {
