@@ -1,7 +1,7 @@
-#include "links/UserSites.h"
-#include "shell/CommandLine.h"
-#include "text/runtime_error.h"
-#include "webdata/Prober.h"
+#include "app/shell/CommandLine.h"
+#include "app/sites/UserSites.h"
+#include "core/text/runtime_error.h"
+#include "probe/Prober.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "links/site_table.h"
+#include "core/sites/site_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "forms/frmMain.h"
-#include "links/BrowserPane.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
 
 namespace tallowmere {
 

@@ -1,6 +1,6 @@
 #include "support/StandIns.h"
 
-#include "text/files.h"
+#include "core/text/files.h"
 
 namespace tallowmere {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/quotes/source_table.h"
 #include "support/LoopbackServer.h"
-#include "webdata/source_table.h"
 
 namespace tallowmere {
 

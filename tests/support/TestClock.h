@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Clock.h"
+#include "app/base/Clock.h"
 
 namespace tallowmere {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Prompts.h"
+#include "app/base/Prompts.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "forms/frmMain.h"
-#include "shell/QtText.h"
-#include "shell/Session.h"
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/shell/Session.h"
 #include "support/TestClock.h"
 #include "support/TestPrompts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Application.h"
-#include "webdata/PortalScheme.h"
+#include "app/engine/PortalScheme.h"
+#include "app/shell/Application.h"
 
 #include <QTest>
 

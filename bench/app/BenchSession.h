@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/shell/Session.h"
+#include "app/sites/Tables.h"
+
+#include <QTemporaryDir>
+
+#include <functional>
+
+namespace tallowmere {
+
+/// A started session on a fresh profile. All sites lie on one host; in sample mode a plain page is
+/// answered to every address.
+class BenchSession {
+public:
+    explicit BenchSession(const std::function<void(SettingsStore&)>& prepare = {},
+                          const std::string& host = "h.example", WebMode mode = WebMode::Sample) {
+        Folders folders;
+        folders.programFolder = ToPath(m_folder.path());
+        folders.settingsFile = folders.programFolder / "settings.ini";
+        folders.engine = folders.programFolder / "engine";
+        folders.tables = folders.programFolder;
+        SettingsStore settings(folders.settingsFile);
+        settings.SaveSetting("Settings", "First", "OK");
+        if (prepare)
+            prepare(settings);
+        const auto portal = [](const std::string&, const std::string&) {
+            return PortalAnswer{"text/html", "<html></html>"};
+        };
+        m_tables.sites = SiteTable::Parse("[hosts]\ndefault = \"" + host + "\"\n", "bench");
+        m_session = std::make_unique<Session>(
+            SessionSetup{folders, mode, m_tables, portal, m_prompts, m_clock});
+        m_session->Start();
+    }
+
+    Session* operator->() { return m_session.get(); }
+    frmMain& Form() { return m_session->Form(); }
+
+private:
+    QTemporaryDir m_folder;
+    DialogPrompts m_prompts;
+    Clock m_clock;
+    Tables m_tables;
+    std::unique_ptr<Session> m_session;
+};
+
+} // namespace tallowmere

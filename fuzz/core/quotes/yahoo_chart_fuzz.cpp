@@ -1,0 +1,9 @@
+#include "core/quotes/yahoo_chart.h"
+
+#include "core/quotes/source_answer_check.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    return tallowmere::CheckSourceAnswer(data, size, [](std::string_view body) {
+        return tallowmere::ParseYahooChart(body, tallowmere::PriceSpan::Quote);
+    });
+}

@@ -1,7 +1,0 @@
-#include "webdata/nasdaq_quotes.h"
-
-#include "source_answer_check.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    return tallowmere::CheckSourceAnswer(data, size, tallowmere::ParseNasdaqQuotes);
-}

@@ -1,9 +1,0 @@
-#include "webdata/yahoo_spark.h"
-
-#include "source_answer_check.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    return tallowmere::CheckSourceAnswer(data, size, [](std::string_view body) {
-        return tallowmere::ParseYahooSpark(body, tallowmere::PriceSpan::Quote);
-    });
-}

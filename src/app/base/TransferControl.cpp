@@ -1,0 +1,144 @@
+#include "app/base/TransferControl.h"
+
+#include "app/base/WebAccess.h"
+#include "app/engine/PortalScheme.h"
+#include "core/text/runtime_error.h"
+
+#include <QEventLoop>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRedirectLimit = 20;
+constexpr int kFirstRefusal = 400; // statuses from here on are errors
+
+} // namespace
+
+TransferControl::TransferControl(const WebAccess& access, QObject* parent,
+                                 std::chrono::milliseconds stallLimit)
+    : QObject(parent), m_access(access), m_stallLimit(stallLimit) {}
+
+TransferControl::~TransferControl() {
+    if (m_reply)
+        m_reply->disconnect(this);
+}
+
+void TransferControl::Open(const QString& address) {
+    if (m_isBusy)
+        throw RuntimeError("The transfer is still busy with another address");
+    m_data.clear();
+    m_received = 0;
+    m_isBusy = true;
+    m_hasFailed = false;
+    ++m_transfer;
+    m_wasRefused = false;
+
+    QUrl url = UrlFromAddress(address);
+    if (const auto target = m_access.Resolve(url, AddressUse::Reading))
+        url = *target;
+    if (url.scheme() == PortalScheme::Name()) {
+        m_access.Ask(url, [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
+            if (guard && guard->m_isBusy && guard->m_transfer == transfer)
+                guard->OnAnswer(answer);
+        });
+        return;
+    }
+    if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty()) {
+        End(true);
+        return;
+    }
+    m_proxy.ApplyTo(m_network);
+    QNetworkRequest request(url);
+    request.setMaximumRedirectsAllowed(kRedirectLimit);
+    request.setTransferTimeout(static_cast<int>(m_stallLimit.count()));
+    request.setHeader(QNetworkRequest::UserAgentHeader,
+                      u"Mozilla/5.0 Tallowmere/" TALLOWMERE_VERSION ""_s);
+    m_reply = m_network.get(request);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this,
+            [this] { Q_EMIT StateChanged(kResponseReceived); });
+    connect(m_reply, &QNetworkReply::readyRead, this, &TransferControl::OnData);
+    connect(m_reply, &QNetworkReply::finished, this, &TransferControl::OnFinished);
+}
+
+QByteArray TransferControl::OpenURL(const QString& address) {
+    Open(address);
+    const QPointer<TransferControl> guard(this);
+    if (m_isBusy) {
+        QEventLoop loop;
+        connect(this, &TransferControl::Finished, &loop, &QEventLoop::quit);
+        connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    if (!guard)
+        return {};
+    // The whole program ends: nobody waits for the rest.
+    if (m_isBusy)
+        Cancel();
+    return m_hasFailed ? QByteArray() : std::exchange(m_data, {});
+}
+
+QByteArray TransferControl::GetChunk(qsizetype size) {
+    if (size >= m_data.size())
+        return std::exchange(m_data, {});
+    QByteArray chunk = m_data.left(size);
+    m_data.remove(0, size);
+    return chunk;
+}
+
+void TransferControl::Cancel() {
+    if (!m_isBusy)
+        return;
+    m_data.clear();
+    End(true);
+}
+
+void TransferControl::OnAnswer(const std::optional<PortalAnswer>& answer) {
+    if (answer) {
+        m_data = QByteArray::fromStdString(answer->body);
+        Q_EMIT StateChanged(kResponseReceived);
+    }
+    End(!answer);
+}
+
+void TransferControl::OnData() {
+    const QByteArray piece = m_reply->read(kSizeLimit - m_received);
+    m_received += piece.size();
+    m_data += piece;
+    if (m_received >= kSizeLimit) {
+        End(false);
+        return;
+    }
+    Q_EMIT DataArrived();
+}
+
+void TransferControl::OnFinished() {
+    // A server that answered has answered, with whatever status and however short it fell.
+    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    m_wasRefused = status.toInt() >= kFirstRefusal;
+    const bool hasAnswered = status.isValid() &&
+                             m_reply->error() != QNetworkReply::InsecureRedirectError &&
+                             m_reply->error() != QNetworkReply::TooManyRedirectsError &&
+                             m_reply->error() != QNetworkReply::OperationCanceledError;
+    if (!hasAnswered)
+        m_data.clear();
+    End(!hasAnswered);
+}
+
+void TransferControl::End(bool hasFailed) {
+    if (m_reply) {
+        m_reply->disconnect(this);
+        m_reply->abort();
+        m_reply->deleteLater();
+        m_reply = nullptr;
+    }
+    m_isBusy = false;
+    m_hasFailed = hasFailed;
+    Q_EMIT Finished();
+}
+
+} // namespace tallowmere

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/shell/CommandLine.h"
+#include "core/portal/portal_answer.h"
+#include "core/sites/site_resolver.h"
+
+#include <QUrl>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tallowmere {
+
+/// Decides where an http(s) address leads when the engine or a transfer asks for it. The address
+/// that is built, shown and stored never changes; only this answer does.
+class WebAccess {
+public:
+    /// Answers host (with its port, if any) and path with query.
+    using PortalFunction = std::function<PortalAnswer(const std::string&, const std::string&)>;
+    /// Takes the portal's answer; nothing when there is none.
+    using PortalReply = std::function<void(const std::optional<PortalAnswer>&)>;
+    /// The same function for a portal whose answer may come later.
+    using LatePortalFunction =
+        std::function<void(const std::string&, const std::string&, PortalReply)>;
+    /// Gives the address that stands in for an address, or the same address; one that begins with
+    /// "portal:" leads to the portal.
+    using Resolver = std::function<std::string(const std::string&, AddressUse)>;
+
+    explicit WebAccess(WebMode mode) : m_mode(mode) {}
+
+    WebMode Mode() const { return m_mode; }
+    void SetPortal(PortalFunction portal);
+    void SetLatePortal(LatePortalFunction portal) { m_portal = std::move(portal); }
+    /// Where the files of the user guide lie.
+    void SetHelpFolder(const QString& folder) { m_helpFolder = folder; }
+    const QString& HelpFolder() const { return m_helpFolder; }
+    /// Used in live mode only.
+    void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
+
+    /// Where an http(s) address leads instead; nothing when it is loaded as it stands. In sample
+    /// mode every such address leads to the portal.
+    std::optional<QUrl> Resolve(const QUrl& url, AddressUse use) const;
+
+    /// Where a browser outside of the program goes for an http(s) address: in live mode to today's,
+    /// never to the portal.
+    QUrl ResolveOutside(const QUrl& url) const;
+
+    /// Asks the portal for an address of its scheme. `reply` is called once, at once or later, and
+    /// sees to it itself that whom it answers is still there.
+    void Ask(const QUrl& portalUrl, PortalReply reply) const;
+
+    /// The http address that an address of the portal stands for; any other address as it is.
+    static QUrl AsBuilt(const QUrl& url);
+
+private:
+    WebMode m_mode;
+    LatePortalFunction m_portal;
+    QString m_helpFolder;
+    Resolver m_resolver;
+};
+
+/// Whether an address has the scheme http or https.
+bool IsWebUrl(const QUrl& url);
+
+/// An address as typed or built, made fit for loading: blanks around it cut off, "http://" before
+/// it when it has no scheme. Invalid when it cannot be read as an address.
+QUrl UrlFromAddress(const QString& address);
+
+} // namespace tallowmere

@@ -1,0 +1,177 @@
+#include "app/custom/CustomEditor.h"
+
+#include "app/base/QtText.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "core/custom/custom_link.h"
+#include "core/custom/multi_link.h"
+#include "core/market/timers.h"
+#include "core/text/bytes.h"
+
+#include <QPushButton>
+
+#include <fstream>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+CustomEditor::CustomEditor(frmMain& form, MainState& state, const Services& services,
+                           LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch) {
+    connect(&dispatch, &LinkDispatch::EditorRequested, this, &CustomEditor::Open);
+}
+
+void CustomEditor::Open() {
+    if (m_editor)
+        return;
+    m_slot = m_state.currentCustomSlot;
+    m_pendingPageFile.reset();
+    m_editor = new frmCustom(&m_form);
+    m_editor->setAttribute(Qt::WA_DeleteOnClose);
+    Connect();
+    Load();
+    m_editor->setModal(true);
+    m_editor->show();
+}
+
+void CustomEditor::Connect() {
+    const frmCustom& editor = *m_editor;
+    connect(editor.txtTitle, &QLineEdit::textChanged, editor.lblExamp, &Chip::SetCaption);
+    connect(editor.txtTitle, &QLineEdit::editingFinished, this, &CustomEditor::TrimTitle);
+    connect(editor.Command1, &QPushButton::clicked, this, &CustomEditor::Reset);
+    connect(editor.Command2, &QPushButton::clicked, this, &CustomEditor::Save);
+    connect(editor.Command4, &QPushButton::clicked, this,
+            [this] { m_editor->txtURL->setText(m_form.Web->LocationURL()); });
+    connect(editor.Command5, &QPushButton::clicked, this, &CustomEditor::PickText);
+    connect(editor.Command6, &QPushButton::clicked, this, &CustomEditor::PickBackground);
+    connect(editor.cmdMulti, &QPushButton::clicked, this, &CustomEditor::StartMultiLink);
+    connect(m_editor, &QDialog::finished, this, &CustomEditor::Finished);
+}
+
+void CustomEditor::Load() {
+    const CustomLinkRecord record = LoadCustomLink(m_services.settings, m_slot);
+    const ColorPair area = CustomAreaColors(m_services.settings);
+    m_editor->lblExamp->SetColors(IsUnusedSlot(record.title) ? area
+                                                             : ColorsOver(area, record.colors));
+    m_editor->txtTitle->setText(ToQt(record.title));
+    m_editor->txtURL->setText(ToQt(record.address));
+}
+
+void CustomEditor::Finished() {
+    m_editor = nullptr; // it is still there until it is closed for good, but no longer in use
+    m_pendingPageFile.reset();
+    if (m_state.multiLinkPending)
+        m_dispatch.Click(kBlinkingLink);
+}
+
+void CustomEditor::TrimTitle() {
+    if (!m_editor)
+        return;
+    const QString title = m_editor->txtTitle->text();
+    const QString trimmed = ToQt(Trim(FromQt(title)));
+    if (trimmed != title)
+        m_editor->txtTitle->setText(trimmed);
+}
+
+std::string CustomEditor::Title() const {
+    return FromQt(m_editor->txtTitle->text());
+}
+
+std::optional<std::uint32_t> CustomEditor::Pick(std::uint32_t color, const QString& title) const {
+    const auto picked =
+        m_services.prompts.PickColor(ScreenColor(color, m_editor->palette()), title);
+    return picked ? std::optional(StoredColor(*picked)) : std::nullopt;
+}
+
+void CustomEditor::PickText() {
+    ColorPair colors = m_editor->lblExamp->Colors();
+    const auto picked = Pick(colors.text, u"Text Color"_s);
+    if (!picked || !m_editor)
+        return;
+    colors.text = *picked;
+    m_editor->lblExamp->SetColors(colors);
+}
+
+void CustomEditor::PickBackground() {
+    ColorPair colors = m_editor->lblExamp->Colors();
+    const auto picked = Pick(colors.background, u"Background Color"_s);
+    if (!picked || !m_editor)
+        return;
+    colors.background = *picked;
+    m_editor->lblExamp->SetColors(colors);
+}
+
+// Nothing is stored yet: Cancel still leaves the slot and its page file as they were.
+void CustomEditor::Reset() {
+    if (auto page = StoredPageName(FromQt(m_editor->txtURL->text())))
+        m_pendingPageFile = std::move(page);
+    m_editor->txtTitle->setText(ToQt(kEmptyCustomCaption));
+    m_editor->txtURL->clear();
+    m_editor->lblExamp->SetColors(CustomAreaColors(m_services.settings));
+}
+
+void CustomEditor::Refuse(std::string_view message) const {
+    m_services.prompts.Message(ToQt(message), ToQt(kCustomLinkCaption));
+}
+
+void CustomEditor::Store(const std::string& address) {
+    const ColorPair colors = StorableColors(m_editor->lblExamp->Colors());
+    const CustomLinkRecord record{address, Title(), colors};
+    SaveCustomLink(m_services.settings, m_slot, record);
+    m_form.ShowCustomLink(record, m_slot);
+}
+
+void CustomEditor::Save() {
+    TrimTitle();
+    const std::string address = FromQt(m_editor->txtURL->text());
+    if (!MaySaveCustomLink(Title(), address)) {
+        Refuse(kTitleMissing);
+        return;
+    }
+    Store(address);
+    if (m_pendingPageFile) {
+        std::error_code ignored;
+        std::filesystem::remove(m_services.programFolder / ToPath(ToQt(*m_pendingPageFile)),
+                                ignored);
+    }
+    m_editor->accept();
+}
+
+void CustomEditor::StartMultiLink() {
+    TrimTitle();
+    const std::string title = Title();
+    if (title.empty() || IsUnusedSlot(title)) {
+        Refuse(kMultiLinkTitleMissing);
+        return;
+    }
+    const std::optional<std::string> name = MultiLinkPageName(title);
+    if (!name) {
+        Refuse(kMultiLinkTitleInvalid);
+        return;
+    }
+    const std::filesystem::path page = m_services.programFolder / ToPath(ToQt(*name));
+    std::error_code ignored;
+    if (std::filesystem::exists(page, ignored)) {
+        Refuse(MultiLinkExists(title));
+        return;
+    }
+    if (!CanBeFile(page)) {
+        Refuse(kMultiLinkTitleInvalid);
+        return;
+    }
+    Store(std::string(kMultiLinkPrefix) + *name);
+    m_state.multiLinkPending = true;
+    m_state.multiLinkSlot = m_slot;
+    m_editor->accept();
+}
+
+// The system alone knows what it takes for the name of a file.
+bool CustomEditor::CanBeFile(const std::filesystem::path& page) const {
+    const bool made = std::ofstream(page, std::ios::binary).is_open();
+    std::error_code error;
+    return made && std::filesystem::remove(page, error) && !error;
+}
+
+} // namespace tallowmere

@@ -1,0 +1,140 @@
+#include "app/custom/MultiLinks.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "app/links/LinkPanel.h"
+#include "app/tools/ColorConfig.h"
+#include "core/custom/custom_link.h"
+#include "core/custom/multi_link.h"
+#include "core/links/before_navigate.h"
+#include "core/links/chart_page.h"
+#include "core/market/timers.h"
+#include "core/text/bytes.h"
+#include "core/text/files.h"
+
+#include <QStyle>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::string_view kFrame = "<IFRAME";
+constexpr std::string_view kLineEnd = "\r\n";
+
+Chip* RecordingLink(const frmMain& form) {
+    return form.lbllink[kBlinkingLink];
+}
+
+// A user who asked the system for less motion sees the colours swapped once.
+bool MayBlink(const QWidget* widget) {
+    return widget->style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, widget) > 0;
+}
+
+} // namespace
+
+MultiLinks::MultiLinks(frmMain& form, MainState& state, const Services& services,
+                       LinkDispatch& dispatch, LinkPanel& panel, ColorConfig& colors)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
+      m_panel(panel), m_colors(colors) {
+    Timer4.setInterval(kBlinkInterval);
+    connect(&Timer4, &QTimer::timeout, this, &MultiLinks::Blink);
+    connect(&dispatch, &LinkDispatch::RecordingToggled, this, &MultiLinks::Toggle);
+    connect(&dispatch, &LinkDispatch::MultiLinkRequested, this, &MultiLinks::ShowStored);
+}
+
+void MultiLinks::Toggle() {
+    if (m_state.templateMode)
+        Finish();
+    else
+        Start();
+}
+
+void MultiLinks::Start() {
+    EnableRecordable();
+    m_state.templateMode = true;
+    m_state.multiLinkPage = ToQt(kMultiLinkHead);
+    if (MayBlink(RecordingLink(m_form)))
+        Timer4.start();
+    else
+        Blink();
+}
+
+void MultiLinks::EnableRecordable() {
+    for (Chip* link : m_form.lbllink) {
+        const int index = link->Index();
+        const Area area = Catalogue()[static_cast<std::size_t>(index)].area;
+        const std::string address =
+            IsCustomSlot(index) ? LoadCustomLink(m_services.settings, index).address : "";
+        link->setEnabled(IsRecordable(index, area, address, link->isEnabled()));
+    }
+    // The menu bar repeats some of the links.
+    for (const auto& [command, index] : m_form.menus->links)
+        command->setEnabled(m_form.lbllink[static_cast<std::size_t>(index)]->isEnabled());
+}
+
+void MultiLinks::Blink() {
+    Chip* link = RecordingLink(m_form);
+    link->SetColors(Swapped(link->Colors()));
+}
+
+// The recording has ended before its page is shown or stored: the page itself is not to be
+// recorded, and a page that cannot be written leaves nothing half way.
+void MultiLinks::Finish() {
+    Timer4.stop();
+    RestoreColors();
+    m_state.templateMode = false;
+    const std::string page = FromQt(m_state.multiLinkPage).append(kMultiLinkTail);
+    m_state.multiLinkPage.clear();
+    if (std::exchange(m_state.multiLinkPending, false))
+        StorePage(page);
+    else if (Contains(page, kFrame))
+        Show(page);
+}
+
+void MultiLinks::RestoreColors() {
+    m_colors.Apply();
+    for (int slot = kFirstCustom; slot <= kLastCustom; ++slot) {
+        Chip* link = m_form.lbllink[static_cast<std::size_t>(slot)];
+        link->SetColors(
+            ColorsOver(link->Colors(), LoadCustomLink(m_services.settings, slot).colors));
+    }
+    m_panel.EnableLinks();
+    RecordingLink(m_form)->SetColors(ReadAreaColors(m_services.settings).Of("WSR"));
+}
+
+// The page lies under the caption that the link has by now; its stored address keeps the name that
+// was given at the start.
+void MultiLinks::StorePage(std::string page) {
+    const Chip* link = m_form.lbllink.at(static_cast<std::size_t>(m_state.multiLinkSlot));
+    const auto name = MultiLinkPageName(FromQt(link->Caption()));
+    if (!name) {
+        m_services.prompts.Message(ToQt(kMultiLinkTitleInvalid), ToQt(kCustomLinkCaption));
+        return;
+    }
+    WriteWholeFile(m_services.programFolder / ToPath(ToQt(*name)), page.append(kLineEnd));
+}
+
+void MultiLinks::ShowStored(const QString& address) {
+    const auto name = StoredPageName(FromQt(address));
+    if (!name)
+        return;
+    const std::string page = ReadWholeFile(m_services.programFolder / ToPath(ToQt(*name)));
+    if (!page.empty())
+        Show(page);
+}
+
+// A chart page lies in the program folder for one ticker at a time, so one that was recorded is
+// made anew. Without a ticker a page keeps its placeholders.
+void MultiLinks::Show(std::string_view page) {
+    const TickerForms forms = m_dispatch.CurrentForms().value_or(PlaceholderForms());
+    for (const auto& [file, makePage] :
+         {std::pair{kSmallChartsFile, &SmallChartsPage}, {kLargeChartsFile, &LargeChartsPage}}) {
+        const std::filesystem::path path = m_services.programFolder / file;
+        if (Contains(page, MultiLinkFrame(FromQt(PathToQt(path)))))
+            WriteWholeFile(path, makePage(forms, m_services.sites));
+    }
+    m_dispatch.ShowGenerated(kDisplayPage, ExpandMultiLink(page, forms));
+}
+
+} // namespace tallowmere

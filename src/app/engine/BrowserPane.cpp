@@ -1,0 +1,455 @@
+#include "app/engine/BrowserPane.h"
+
+#include "app/base/WebAccess.h"
+#include "app/engine/EngineProfile.h"
+#include "app/engine/FindBar.h"
+#include "app/engine/PaneNotice.h"
+#include "app/engine/PanePage.h"
+#include "app/engine/PortalScheme.h"
+#include "core/links/load_errors.h"
+#include "core/portal/generated_pages.h"
+
+#include <QEventLoop>
+#include <QMenu>
+#include <QNetworkInformation>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWebEngineFindTextResult>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+
+#include <algorithm>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kZoomStep = 1.1;
+constexpr double kZoomMinimum = 0.25;
+constexpr double kZoomMaximum = 5;
+constexpr int kProgressMaximum = 100;
+constexpr auto kLongestWait = std::chrono::minutes(1);
+constexpr qsizetype kTextsKept = 256; // several times what the engine's history holds
+
+} // namespace
+
+BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
+    : QWidget(parent), m_profile(profile), m_prompts(prompts), m_notice(new PaneNotice(this)),
+      m_findBar(new FindBar(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_notice, 1);
+    layout->addWidget(m_findBar);
+    m_notice->hide();
+    connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
+    connect(m_notice, &PaneNotice::AsBuilt, this, &BrowserPane::LoadAsBuilt);
+    connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
+}
+
+BrowserPane::~BrowserPane() {
+    delete m_view;
+    delete m_page;
+}
+
+void BrowserPane::AddShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto method) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, method);
+    };
+    add(QKeySequence::Find, &BrowserPane::Find);
+    add(QKeySequence(u"Ctrl++"_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+="_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+-"_s), &BrowserPane::ZoomOut);
+    add(QKeySequence(u"Ctrl+0"_s), &BrowserPane::ZoomReset);
+}
+
+void BrowserPane::EnsurePage() {
+    if (m_page)
+        return;
+    m_page = new PanePage(m_profile, m_prompts);
+    m_view = new QWebEngineView(m_page, this);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_view, 1);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &BrowserPane::ShowContextMenu);
+    connect(m_page, &PanePage::Starting, this, &BrowserPane::OnPageStarting);
+    connect(m_page, &PanePage::FileRefused, this,
+            [this](const QUrl& url) { Refuse(url.toString()); });
+    connect(m_page, &PanePage::WindowWanted, this, &BrowserPane::OnWindowWanted);
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &BrowserPane::OnLoading);
+    connect(m_page, &QWebEnginePage::loadProgress, this, [this](int progress) {
+        if (m_isBusy)
+            Q_EMIT ProgressChange(progress, kProgressMaximum);
+    });
+    connect(m_page, &QWebEnginePage::urlChanged, this, &BrowserPane::OnCommit);
+    connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& url) {
+        // Off the link, the line says again where the pane is, or what it is doing.
+        if (!url.isEmpty())
+            Q_EMIT StatusTextChange(TextOf(QUrl(url)));
+        else if (!m_isBusy)
+            Q_EMIT StatusTextChange(LocationURL());
+    });
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
+            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                if (status != QWebEnginePage::NormalTerminationStatus)
+                    OnCrash();
+            });
+    connect(m_findBar, &FindBar::Wanted, m_page, [this](const QString& text, bool isBackward) {
+        m_page->findText(text,
+                         isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
+                         [bar = QPointer(m_findBar)](const QWebEngineFindTextResult& result) {
+                             if (bar)
+                                 bar->ShowMatch(result.activeMatch(), result.numberOfMatches());
+                         });
+    });
+    connect(m_findBar, &FindBar::Closed, m_view, [this] { m_view->setFocus(); });
+}
+
+void BrowserPane::Navigate(const QString& address) {
+    if (address.trimmed().isEmpty())
+        return;
+    const int navigation = ++m_navigation;
+    const QPointer<BrowserPane> guard(this);
+    bool cancel = false;
+    Q_EMIT BeforeNavigate2(address, &cancel);
+    if (!guard || cancel || navigation != m_navigation)
+        return;
+    // The engine must not be sent elsewhere while it asks whether it may go on.
+    if (m_isInPageHook)
+        QMetaObject::invokeMethod(
+            this, [this, address] { Load(address); }, Qt::QueuedConnection);
+    else
+        Load(address);
+}
+
+void BrowserPane::Load(const QString& address) {
+    const std::string page(
+        GeneratedPageIn(m_profile.ProgramFolder().toStdString(), address.toStdString()));
+    const QUrl url = page.empty() ? UrlFromAddress(address) : PortalScheme::PageUrl(page);
+    const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
+    if (page.empty() && !isWeb && !PortalScheme::IsHelp(url) && url != QUrl(u"about:blank"_s)) {
+        Refuse(address);
+        return;
+    }
+    EnsurePage();
+    ShowPage();
+    m_pendingAddress = address;
+    m_isAsBuilt = false;
+    Begin(address);
+    m_page->load(url);
+}
+
+void BrowserPane::LoadAsBuilt() {
+    const QString address = m_failedAddress;
+    m_profile.LetPass(UrlFromAddress(address));
+    Load(address);
+    m_isAsBuilt = true;
+}
+
+void BrowserPane::GoBack() {
+    const bool isOverIntactPage = m_shown == Shown::Failure || m_shown == Shown::Refusal;
+    if (isOverIntactPage && m_page && m_page->history()->count() > 0)
+        ShowPage();
+    else if (m_page)
+        m_page->triggerAction(QWebEnginePage::Back);
+}
+
+void BrowserPane::GoForward() {
+    if (m_page)
+        m_page->triggerAction(QWebEnginePage::Forward);
+}
+
+void BrowserPane::Stop() {
+    if (!m_page || !m_isBusy)
+        return;
+    m_page->triggerAction(QWebEnginePage::Stop);
+    // A load that the engine has not begun yet ends without a word from it.
+    if (m_isBusy)
+        End(false);
+}
+
+void BrowserPane::Refresh() {
+    if (m_shown == Shown::Failure) {
+        Load(QString(m_failedAddress));
+    } else if (m_page && m_shown != Shown::Refusal) {
+        // A stand-in is loaded again by its own address; the text stays that of the page.
+        m_pendingAddress = LocationURL();
+        m_page->triggerAction(QWebEnginePage::Reload);
+    }
+}
+
+void BrowserPane::WaitWhileBusy() {
+    if (!m_isBusy)
+        return;
+    QEventLoop loop;
+    connect(this, &BrowserPane::DocumentComplete, &loop, [this, &loop] {
+        if (!m_isBusy)
+            loop.quit();
+    });
+    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QString BrowserPane::LocationURL() const {
+    if (m_shown == Shown::Failure)
+        return m_failedAddress;
+    if (!m_page || m_page->history()->count() == 0)
+        return {};
+    const QWebEngineHistory& history = *m_page->history();
+    const QWebEngineHistoryItem item = history.currentItem();
+    const QString arrived = m_arrivedTexts.value({history.currentItemIndex(), item.url()});
+    return arrived.isEmpty() ? m_builtTexts.value(item.originalUrl(), TextOf(m_page->url()))
+                             : arrived;
+}
+
+void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
+    if (!m_page || m_shown != Shown::Page) {
+        receive({});
+        return;
+    }
+    m_page->toPlainText([guard = QPointer<const BrowserPane>(this),
+                         receive = std::move(receive)](const QString& text) {
+        if (guard)
+            receive(text);
+    });
+}
+
+// The text that stands for an address which the engine named.
+QString BrowserPane::TextOf(const QUrl& url) const {
+    if (url.scheme() == PortalScheme::Name() && url.host() == PortalScheme::PagesHost())
+        return m_profile.ProgramFolder() + url.path(QUrl::FullyDecoded);
+    return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
+}
+
+void BrowserPane::Begin(const QString& address) {
+    m_isBusy = true;
+    Q_EMIT StatusTextChange(tr("Loading %1").arg(address));
+    Q_EMIT ProgressChange(0, kProgressMaximum);
+}
+
+void BrowserPane::End(bool isLoaded) {
+    m_isBusy = false;
+    m_pendingAddress.clear();
+    Q_EMIT StatusTextChange(LocationURL());
+    Q_EMIT ProgressChange(0, 0);
+    Q_EMIT DocumentComplete(isLoaded);
+}
+
+void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        ShowPage();
+        if (!m_isBusy)
+            Begin(TextOf(info.url()));
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+        ShowPage();
+        OnCommit();
+        End(true);
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus:
+        End(false);
+        break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        // The page that comes with a status such as 404 is the site's own, and is shown.
+        if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain) {
+            OnCommit();
+            TellOfEmptyAnswer(info.errorCode());
+            End(true);
+        } else {
+            OnFailure(info.url(), info.errorString());
+        }
+        break;
+    }
+}
+
+// A page of this pane's own arrived: from now on its address has the text that asked for it.
+void BrowserPane::OnCommit() {
+    if (m_pendingAddress.isEmpty())
+        return;
+    ForgetOldTexts();
+    const QWebEngineHistory& history = *m_page->history();
+    const QWebEngineHistoryItem item = history.currentItem();
+    m_builtTexts.insert(item.originalUrl(), m_pendingAddress);
+    m_arrivedTexts.insert({history.currentItemIndex(), item.url()}, m_pendingAddress);
+    SetZoom(m_zoom);
+}
+
+void BrowserPane::ForgetOldTexts() {
+    if (m_builtTexts.size() < kTextsKept && m_arrivedTexts.size() < kTextsKept)
+        return;
+    decltype(m_builtTexts) built;
+    decltype(m_arrivedTexts) arrived;
+    const auto keep = [](const auto& texts, const auto& key, auto& kept) {
+        if (const auto text = texts.constFind(key); text != texts.cend())
+            kept.insert(key, *text);
+    };
+    int index = 0;
+    for (const QWebEngineHistoryItem& item : m_page->history()->items()) {
+        keep(m_builtTexts, item.originalUrl(), built);
+        keep(m_arrivedTexts, std::pair(index++, item.url()), arrived);
+    }
+    m_builtTexts = built;
+    m_arrivedTexts = arrived;
+}
+
+void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
+    const QScopedValueRollback<bool> inHook(m_isInPageHook, true);
+    const QString address = TextOf(url);
+    const int navigation = ++m_navigation;
+    Q_EMIT BeforeNavigate2(address, cancel);
+    *cancel = *cancel || navigation != m_navigation;
+    if (!*cancel) {
+        m_pendingAddress.clear();
+        Begin(address);
+    }
+}
+
+void BrowserPane::OnWindowWanted(const QUrl& url) {
+    BrowserPane* target = m_newWindowTarget ? m_newWindowTarget.data() : this;
+    const QString address = TextOf(url);
+    QMetaObject::invokeMethod(
+        target, [target, address] { target->Navigate(address); }, Qt::QueuedConnection);
+}
+
+void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
+    m_failedAddress =
+        m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url)) : m_pendingAddress;
+    TellOfFailure(tr("This page cannot be shown"),
+                  QString::fromStdString(LoadErrorText(error.toStdString())), url);
+    AwaitNetwork();
+    End(false);
+}
+
+// A page that failed is loaded again when the machine comes back to the network.
+void BrowserPane::AwaitNetwork() {
+    using Feature = QNetworkInformation::Feature;
+    if (!QNetworkInformation::loadBackendByFeatures(Feature::Reachability))
+        return;
+    QNetworkInformation* network = QNetworkInformation::instance();
+    network->disconnect(this);
+    connect(network, &QNetworkInformation::reachabilityChanged, this,
+            [this](QNetworkInformation::Reachability reachability) {
+                if (reachability == QNetworkInformation::Reachability::Online &&
+                    m_shown == Shown::Failure && !m_isBusy)
+                    Refresh();
+            });
+}
+
+// `url` is where the engine was when it failed.
+void BrowserPane::TellOfFailure(const QString& title, const QString& text, const QUrl& url) {
+    const QUrl built = UrlFromAddress(m_failedAddress);
+    const auto today = m_profile.Access().Resolve(built, AddressUse::Page);
+    const bool isLed = today && IsWebUrl(*today) && !m_isAsBuilt;
+    const QUrl tried = isLed && url == built ? *today : url;
+    m_shown = Shown::Failure;
+    m_notice->Tell(title, text, isLed ? TextOf(tried) : m_failedAddress,
+                   PaneNotice::Offer::TryAgainOrSearch, isLed ? m_failedAddress : QString());
+    m_view->hide();
+    m_notice->show();
+}
+
+void BrowserPane::TellOfEmptyAnswer(int status) {
+    const QString address = LocationURL();
+    m_page->toHtml([guard = QPointer<BrowserPane>(this), status, address](const QString& html) {
+        if (!guard || guard->m_isBusy || html != u"<html><head></head><body></body></html>")
+            return;
+        guard->m_failedAddress = address;
+        guard->TellOfFailure(tr("This page is empty"),
+                             tr("The server answered with status %1 and no page.").arg(status),
+                             guard->m_page->url());
+    });
+}
+
+void BrowserPane::OnCrash() {
+    const QString address = m_pendingAddress.isEmpty() ? LocationURL() : m_pendingAddress;
+    m_failedAddress = m_pendingAddress;
+    m_shown = m_pendingAddress.isEmpty() ? Shown::Crash : Shown::Failure;
+    m_notice->Tell(tr("This page crashed"),
+                   tr("The program goes on. Refresh or \"Try again\" brings the page back."),
+                   address, PaneNotice::Offer::TryAgain);
+    m_view->hide();
+    m_notice->show();
+    if (m_isBusy)
+        End(false);
+}
+
+void BrowserPane::Refuse(const QString& address) {
+    m_shown = Shown::Refusal;
+    const bool isMeantForTheWeb = WithScheme(address.toStdString()).starts_with("http");
+    m_notice->Tell(tr("This address is not shown"),
+                   isMeantForTheWeb
+                       ? tr("No site can have this name.")
+                       : tr("Only pages of the web (http and https) and the program's own pages "
+                            "are shown here."),
+                   address, PaneNotice::Offer::Nothing);
+    if (m_view)
+        m_view->hide();
+    m_notice->show();
+}
+
+void BrowserPane::ShowPage() {
+    m_shown = Shown::Page;
+    m_notice->hide();
+    m_view->show();
+}
+
+void BrowserPane::ShowContextMenu(QPoint position) {
+    QMenu* menu = m_view->createStandardContextMenu();
+    for (const auto action :
+         {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewWindow,
+          QWebEnginePage::OpenLinkInNewTab, QWebEnginePage::OpenLinkInNewBackgroundTab})
+        menu->removeAction(m_page->action(action));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(m_view->mapToGlobal(position));
+}
+
+// No message of the engine tells of every refusal; but a frame that got no page stays at the blank
+// one that it began with, which, unlike a page of another site, may be looked at.
+void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {
+    if (!m_page)
+        return;
+    const QString script = u"Array.from(document.getElementsByTagName('iframe')).some(frame => {"
+                           "  try { return frame.contentWindow.location.href === 'about:blank' }"
+                           "  catch (refusal) { return false }"
+                           "})"_s;
+    m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                          [guard = QPointer(this), navigation = m_navigation,
+                           then = std::move(then)](const QVariant& empty) {
+                              if (guard && guard->m_navigation == navigation && empty.toBool())
+                                  then();
+                          });
+}
+
+void BrowserPane::Find() {
+    if (m_page && m_shown == Shown::Page)
+        m_findBar->Open();
+}
+
+void BrowserPane::ZoomIn() {
+    SetZoom(m_zoom * kZoomStep);
+}
+
+void BrowserPane::ZoomOut() {
+    SetZoom(m_zoom / kZoomStep);
+}
+
+void BrowserPane::ZoomReset() {
+    SetZoom(1);
+}
+
+void BrowserPane::SetZoom(double factor) {
+    m_zoom = std::clamp(factor, kZoomMinimum, kZoomMaximum);
+    if (m_page)
+        m_page->setZoomFactor(m_zoom);
+}
+
+} // namespace tallowmere

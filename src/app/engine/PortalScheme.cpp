@@ -1,0 +1,122 @@
+#include "app/engine/PortalScheme.h"
+
+#include "app/base/WebAccess.h"
+#include "core/portal/generated_pages.h"
+#include "core/text/bytes.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QStringDecoder>
+#include <QUrl>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArray& body) {
+    auto* buffer = new QBuffer(job);
+    buffer->setData(body);
+    job->reply(type, buffer);
+}
+
+// Bytes that are no UTF-8 are shown as Windows-1252.
+QByteArray PageType(const QByteArray& body) {
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString decoded = decoder(body);
+    return decoder.hasError() ? "text/html; charset=windows-1252" : "text/html; charset=utf-8";
+}
+
+/// The web address that stands behind the host of the pages. The frames of a multi-link hold
+/// addresses as they were built, many without a scheme, which the engine takes for pages beside
+/// their own.
+std::optional<QUrl> AddressBehind(const QUrl& page) {
+    const QByteArray address =
+        page.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment).mid(1);
+    const auto hostEnd = address.indexOf('/');
+    if (hostEnd < 0 || !address.left(hostEnd).contains('.'))
+        return {};
+    const QUrl url = QUrl::fromEncoded("http://" + address);
+    return url.isValid() ? std::optional(url) : std::nullopt;
+}
+
+} // namespace
+
+PortalScheme::PortalScheme(const WebAccess& access, QString programFolder, QObject* parent)
+    : QWebEngineUrlSchemeHandler(parent), m_access(access),
+      m_programFolder(std::move(programFolder)) {}
+
+void PortalScheme::Register() {
+    QWebEngineUrlScheme scheme(Name().toLatin1());
+    scheme.setSyntax(QWebEngineUrlScheme::Syntax::HostAndPort);
+    scheme.setDefaultPort(80);
+    QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+QUrl PortalScheme::PageUrl(std::string_view name) {
+    const std::string url = "portal://pages/" + PercentEncode(name);
+    return QUrl::fromEncoded(QByteArray::fromStdString(url));
+}
+
+void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
+    const QUrl url = job->requestUrl();
+    if (url.host() == PagesHost()) {
+        AnswerPage(job);
+    } else if (url.host() == HelpHost()) {
+        AnswerHelp(job);
+    } else {
+        // The job ends when its page goes away, which may be before the answer comes.
+        m_access.Ask(url, [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
+            if (job && answer)
+                Reply(job, QByteArray::fromStdString(answer->type),
+                      QByteArray::fromStdString(answer->body));
+            else if (job)
+                job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        });
+    }
+}
+
+void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
+    static const QHash<QString, QByteArray> types = {{u"html"_s, "text/html; charset=utf-8"},
+                                                     {u"css"_s, "text/css; charset=utf-8"},
+                                                     {u"png"_s, "image/png"}};
+    // The names of the guide's files are plain; nothing else leads into a folder.
+    static const QRegularExpression plainName(u"^/[a-z0-9-]+\\.(html|css|png)\\z"_s);
+    const QString path = job->requestUrl().path(QUrl::FullyDecoded);
+    const QRegularExpressionMatch match = plainName.match(path);
+    QFile file(m_access.HelpFolder() + path);
+    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    else
+        Reply(job, types.value(match.captured(1)), file.readAll());
+}
+
+void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
+    // A page from the web has no business with what the user's own pages hold.
+    if (IsWebUrl(job->initiator())) {
+        job->fail(QWebEngineUrlRequestJob::RequestDenied);
+        return;
+    }
+    const std::string path = job->requestUrl().path(QUrl::FullyDecoded).toStdString();
+    // Pages name each other by where they lie on disk, too.
+    std::string_view name = GeneratedPageIn(m_programFolder.toStdString(), path);
+    if (name.empty())
+        name = std::string_view(path).substr(1);
+    QFile file(m_programFolder + u'/' + QString::fromUtf8(name));
+    if (!IsGeneratedPageName(name) || !file.open(QIODevice::ReadOnly)) {
+        if (const auto address = AddressBehind(job->requestUrl()))
+            job->redirect(*address);
+        else
+            job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        return;
+    }
+    const QByteArray body = file.readAll();
+    Reply(job, PageType(body), body);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,200 @@
+#include "app/forms/Chip.h"
+
+#include "app/base/QtText.h"
+#include "core/tools/color_values.h"
+
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPaddingX = 5;
+constexpr int kPaddingY = 2;
+constexpr int kRadius = 4;
+
+QString DragType() {
+    return u"application/x-tallowmere-link"_s;
+}
+
+} // namespace
+
+QColor ScreenColor(std::uint32_t color, const QPalette& palette) {
+    if (!IsSystemColor(color))
+        return QColor::fromRgb(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+    switch (*ToSystemColor(color)) {
+    case SystemColor::Window:
+        return palette.color(QPalette::Base);
+    case SystemColor::Highlight:
+        return palette.color(QPalette::Highlight);
+    case SystemColor::HighlightText:
+        return palette.color(QPalette::HighlightedText);
+    case SystemColor::ButtonFace:
+        return palette.color(QPalette::Button);
+    case SystemColor::ButtonText:
+        return palette.color(QPalette::ButtonText);
+    default:
+        return palette.color(QPalette::WindowText);
+    }
+}
+
+std::uint32_t StoredColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+QColor ScreenText(const ColorPair& colors, const QPalette& palette) {
+    const QColor text = ScreenColor(colors.text, palette);
+    if (!IsSystemColor(colors.text))
+        return text;
+    const std::uint32_t background = StoredColor(ScreenColor(colors.background, palette));
+    return ScreenColor(LegibleText(StoredColor(text), background), palette);
+}
+
+Chip::Chip(const QString& array, int index, const QString& caption, QWidget* parent)
+    : QAbstractButton(parent), m_index(index) {
+    setObjectName(index < 0 ? array : array + QString::number(index));
+    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    SetCaption(caption);
+}
+
+void Chip::SetCaption(const QString& caption) {
+    m_caption = caption;
+    m_shown = LineStart(caption.trimmed());
+    setAccessibleName(caption);
+    updateGeometry();
+    update();
+}
+
+void Chip::SetColors(const ColorPair& colors) {
+    m_colors = colors;
+    update();
+}
+
+void Chip::SetQuiet(bool quiet) {
+    m_quiet = quiet;
+    update();
+}
+
+QSize Chip::sizeHint() const {
+    const QFontMetrics metrics(font());
+    const int height = metrics.height() + 2 * kPaddingY;
+    return {std::max(height, metrics.horizontalAdvance(m_shown) + 2 * kPaddingX), height};
+}
+
+void Chip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor back = ScreenColor(m_colors.background, palette());
+    const QColor fore = ScreenText(m_colors, palette());
+    const bool attended = underMouse() || hasFocus();
+    painter.setOpacity(!isEnabled() ? 0.35 : m_quiet && !attended ? 0.55 : 1.0);
+
+    const QRectF body = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(attended && isEnabled() ? QPen(fore, 1) : QPen(back.darker(125), 1));
+    painter.setBrush(underMouse() && isEnabled()
+                         ? (back.lightnessF() > 0.5 ? back.darker(108) : back.lighter(130))
+                         : back);
+    painter.drawRoundedRect(body, kRadius, kRadius);
+    if (hasFocus()) {
+        painter.setPen(QPen(fore, 1, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(body.adjusted(2, 2, -2, -2), kRadius - 1, kRadius - 1);
+    }
+    // A quiet caption stays legible on any window behind it.
+    if (m_quiet && isEnabled())
+        painter.setOpacity(std::max(painter.opacity(), 0.8));
+    painter.setPen(fore);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_shown);
+}
+
+void Chip::mousePressEvent(QMouseEvent* event) {
+    m_pressedAt = event->position().toPoint();
+    Q_EMIT MouseDown(event->button());
+    QAbstractButton::mousePressEvent(event);
+    event->accept();
+}
+
+void Chip::mouseMoveEvent(QMouseEvent* event) {
+    Q_EMIT PointerMoved();
+    Q_EMIT MouseMoved(event->buttons(), event->position().toPoint() - m_pressedAt);
+    QAbstractButton::mouseMoveEvent(event);
+}
+
+void Chip::mouseReleaseEvent(QMouseEvent* event) {
+    Q_EMIT MouseUp(event->button(), rect().contains(event->position().toPoint()));
+    QAbstractButton::mouseReleaseEvent(event);
+    event->accept();
+}
+
+void Chip::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Only the left button has double clicks; any other press counts, however soon it comes.
+    if (event->button() != Qt::LeftButton)
+        mousePressEvent(event);
+    else
+        Q_EMIT DoubleClicked();
+    event->accept();
+}
+
+void Chip::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        event->ignore(); // the group moves the focus
+        return;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+void Chip::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MenuKey();
+    event->accept();
+}
+
+void Chip::enterEvent(QEnterEvent* event) {
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+void Chip::leaveEvent(QEvent* event) {
+    update();
+    QAbstractButton::leaveEvent(event);
+}
+
+void Chip::StartDrag() {
+    setDown(false);
+    auto* mime = new QMimeData;
+    mime->setData(DragType(), QByteArray::number(m_index));
+    auto* drag = new QDrag(this);
+    drag->setMimeData(mime);
+    drag->setPixmap(grab());
+    drag->setHotSpot(m_pressedAt);
+    drag->exec(Qt::MoveAction);
+}
+
+void Chip::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasFormat(DragType()))
+        event->acceptProposedAction();
+}
+
+void Chip::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    Q_EMIT Dropped(event->mimeData()->data(DragType()).toInt());
+}
+
+} // namespace tallowmere

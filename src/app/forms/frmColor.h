@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/forms/ListBox.h"
+#include "core/tools/color_config.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include <array>
+
+namespace tallowmere {
+
+/// "Color Settings": the areas of the main window, a sample, and the buttons that change it.
+class frmColor : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmColor(QWidget* parent);
+
+    ListBox* List1;
+    QLabel* Label1;
+    std::array<QPushButton*, 2> cmdFore{}; ///< 0 text, 1 background
+    QPushButton* cmdOK;
+
+    /// Shows colours on the sample.
+    void ShowSample(const ColorPair& colors);
+};
+
+} // namespace tallowmere

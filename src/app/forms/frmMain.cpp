@@ -1,0 +1,324 @@
+#include "app/forms/frmMain.h"
+
+#include "app/base/QtText.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/ChipGroup.h"
+#include "app/forms/Grip.h"
+#include "app/forms/TopBar.h"
+#include "core/links/link_areas.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kGap = 3;
+constexpr int kListRows = 6;
+constexpr int kLongestEntry = 1'000'000; // a list of any size may be pasted
+
+QRect ToQt(const Rect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+} // namespace
+
+frmMain::frmMain(EngineProfile& profile, Prompts& prompts) {
+    setObjectName(u"frmMain"_s);
+    setWindowTitle(u"Tallowmere"_s);
+    m_body = new QWidget(this);
+    setCentralWidget(m_body);
+    setMinimumSize(PixelsFromTwips(kMinimumWidthTwips), PixelsFromTwips(kMinimumHeightTwips));
+    menus = std::make_unique<MainMenus>(*this);
+    BuildPanes(profile, prompts);
+    BuildPortfolioControls();
+    BuildLinks();
+    ConnectGrips();
+    m_body->installEventFilter(this);
+    List1->installEventFilter(this);
+    m_body->setMouseTracking(true);
+    setMouseTracking(true);
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::BuildPanes(EngineProfile& profile, Prompts& prompts) {
+    fraTick = new QFrame(m_body);
+    fraTick->setObjectName(u"fraTick"_s);
+    fraTick->hide();
+    const auto pane = [&](const QString& name, const QString& accessibleName, QWidget* parent) {
+        auto* result = new BrowserPane(profile, prompts, parent);
+        result->setObjectName(name);
+        result->setAccessibleName(accessibleName);
+        return result;
+    };
+    Web = pane(u"Web"_s, u"Research page"_s, m_body);
+    WebB = pane(u"WebB"_s, u"Broker page"_s, m_body);
+    WebB->hide();
+    WebTick = pane(u"WebTick"_s, u"Ticker strip"_s, fraTick);
+    WebStatus = new QLabel(m_body);
+    WebStatus->setObjectName(u"WebStatus"_s);
+    WebStatus->setTextFormat(Qt::PlainText);
+    WebStatus->setAutoFillBackground(true);
+    WebStatus->setContentsMargins(4, 0, 4, 0);
+    // A long address must not widen the window.
+    WebStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    lblStat = new QLabel(m_body);
+    lblStat->setObjectName(u"lblStat"_s);
+    lblStat->setAccessibleName(u"Progress"_s);
+    lblStat->setAutoFillBackground(true);
+    SpooBar = new StripBar(m_body);
+    connect(SpooBar, &StripBar::HeightChanged, this, &frmMain::LayOut);
+}
+
+void frmMain::BuildPortfolioControls() {
+    for (int n = 1; n <= 10; ++n) {
+        auto* number = new Chip(u"lblListNum"_s, n, QString::number(n), m_body);
+        number->setAccessibleDescription(u"Portfolio number"_s);
+        lblListNum[static_cast<std::size_t>(n)] = number;
+    }
+    lblListNum[1]->setFocusPolicy(Qt::StrongFocus);
+    lblPort = new Chip(u"lblPort"_s, -1, {}, m_body);
+    txtStock = new QLineEdit(m_body);
+    txtStock->setObjectName(u"txtStock"_s);
+    txtStock->setAccessibleName(u"Ticker entry"_s);
+    txtStock->setPlaceholderText(u"Ticker"_s);
+    txtStock->setMaxLength(kLongestEntry);
+    Label1 = new Chip(u"Label1"_s, -1, u" X"_s, m_body);
+    Label1->setAccessibleDescription(u"Remove the selected ticker"_s);
+    Label1->setToolTip(u"Click: remove the selected ticker. Double-click: clear the list."_s);
+    Label1->SetColors(kDesignedTool);
+    Label1->setFocusPolicy(Qt::StrongFocus);
+    List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_body);
+}
+
+QScrollArea* frmMain::MakePanel(QScrollArea* panel, const QString& name,
+                                const QString& accessibleName) {
+    panel->setObjectName(name);
+    panel->setAccessibleName(accessibleName);
+    panel->setFrameShape(QFrame::NoFrame);
+    panel->setWidgetResizable(true);
+    panel->setFocusPolicy(Qt::NoFocus);
+    panel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* content = new QWidget(panel);
+    content->setMouseTracking(true);
+    panel->setWidget(content);
+    return panel;
+}
+
+void frmMain::BuildLinks() {
+    fraTop = MakePanel(new TopBar(m_body), u"fraTop"_s, u"Top link bar"_s);
+    fraLeft = MakePanel(new QScrollArea(m_body), u"fraLeft"_s, u"Left panel"_s);
+    fraRight = MakePanel(new QScrollArea(m_body), u"fraRight"_s, u"Right panel"_s);
+
+    QFont font = this->font();
+    font.setPointSizeF(font.pointSizeF() * 0.88);
+    for (QScrollArea* panel : {fraTop, fraLeft, fraRight}) {
+        panel->setFont(font);
+        QBoxLayout* layout = panel == fraTop ? static_cast<QBoxLayout*>(new QHBoxLayout)
+                                             : static_cast<QBoxLayout*>(new QVBoxLayout);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        panel->widget()->setLayout(layout);
+    }
+    for (const LinkGroup& group : LinkGroups()) {
+        QScrollArea* panel = group.panel == PanelSide::Top    ? fraTop
+                             : group.panel == PanelSide::Left ? fraLeft
+                                                              : fraRight;
+        const bool top = panel == fraTop;
+        auto* chips =
+            new ChipGroup(top ? QString() : tallowmere::ToQt(group.heading), panel->widget());
+        for (const int index : group.indexes) {
+            const LinkRow& row = Catalogue()[static_cast<std::size_t>(index)];
+            auto* link = new Chip(u"lbllink"_s, index, tallowmere::ToQt(row.caption), chips);
+            link->setFont(font);
+            link->setAccessibleDescription(tallowmere::ToQt(row.tooltip));
+            link->SetColors(kDesignedTool);
+            link->setProperty("tag", tallowmere::ToQt(AreaCode(row.area)));
+            chips->Add(link);
+            lbllink[static_cast<std::size_t>(index)] = link;
+        }
+        panel->widget()->layout()->addWidget(chips);
+    }
+    for (QScrollArea* panel : {fraTop, fraLeft, fraRight})
+        static_cast<QBoxLayout*>(panel->widget()->layout())->addStretch(1);
+}
+
+void frmMain::ConnectGrips() {
+    m_leftGrip = new Grip(u"Edge of the left panel"_s, m_body);
+    m_rightGrip = new Grip(u"Edge of the right panel"_s, m_body);
+    connect(m_leftGrip, &Grip::Dragged, this, [this](int pixels) {
+        m_leftWidth = std::max(1, fraLeft->width() + pixels);
+        LayOut();
+    });
+    connect(m_rightGrip, &Grip::Dragged, this, [this](int pixels) {
+        m_rightWidth = std::max(1, fraRight->width() - pixels);
+        LayOut();
+    });
+    for (Grip* grip : {m_leftGrip, m_rightGrip})
+        connect(grip, &Grip::Released, this, &frmMain::PanelsChanged);
+    const auto foldLeft = [this] {
+        SetPanels(m_leftWidth, m_rightWidth, !m_leftFolded, m_rightFolded);
+        Q_EMIT PanelsChanged();
+    };
+    const auto foldRight = [this] {
+        SetPanels(m_leftWidth, m_rightWidth, m_leftFolded, !m_rightFolded);
+        Q_EMIT PanelsChanged();
+    };
+    connect(m_leftGrip, &Grip::DoubleClicked, this, foldLeft);
+    connect(m_rightGrip, &Grip::DoubleClicked, this, foldRight);
+    connect(menus->foldLeft, &QAction::triggered, this, foldLeft);
+    connect(menus->foldRight, &QAction::triggered, this, foldRight);
+}
+
+void frmMain::SetPanels(int leftWidth, int rightWidth, bool leftFolded, bool rightFolded) {
+    m_leftWidth = leftWidth;
+    m_rightWidth = rightWidth;
+    m_leftFolded = leftFolded;
+    m_rightFolded = rightFolded;
+    menus->foldLeft->setChecked(!leftFolded);
+    menus->foldRight->setChecked(!rightFolded);
+    LayOut();
+}
+
+void frmMain::LayOut() {
+    if (isMinimized())
+        return;
+    LayoutRequest request;
+    request.width = m_body->width();
+    request.height = m_body->height();
+    request.tickerShown = !fraTick->isHidden();
+    request.leftShown = !m_leftFolded && !fraLeft->isHidden();
+    request.rightShown = !m_rightFolded && !fraRight->isHidden();
+    request.leftWidth = m_leftWidth;
+    request.rightWidth = m_rightWidth;
+    request.portfolioHeight = PortfolioHeight();
+    request.statusHeight = fontMetrics().height() + 4;
+    request.stripHeight = SpooBar->heightForWidth(m_body->width());
+    const WindowLayout layout = LayOutWindow(request);
+
+    fraTop->setGeometry(ToQt(layout.topBar));
+    fraTick->setGeometry(ToQt(layout.tickerFrame));
+    WebTick->setGeometry(0, 0, layout.tickerWidth, layout.tickerFrame.height);
+    LayOutPortfolio(ToQt(layout.portfolio));
+    fraLeft->setGeometry(ToQt(layout.left));
+    fraRight->setGeometry(ToQt(layout.right));
+    m_leftGrip->setGeometry(ToQt(layout.leftGrip));
+    m_rightGrip->setGeometry(ToQt(layout.rightGrip));
+    Web->setGeometry(ToQt(layout.web));
+    WebB->setGeometry(ToQt(layout.web));
+    WebStatus->setGeometry(ToQt(layout.status));
+    lblStat->setGeometry(layout.progress.x, layout.progress.y,
+                         std::min(lblStat->width(), layout.progress.width), layout.progress.height);
+    SpooBar->setGeometry(ToQt(layout.strip));
+}
+
+int frmMain::PortfolioHeight() const {
+    const int row = lblListNum[1]->sizeHint().height() + kGap;
+    return 3 * row + txtStock->sizeHint().height() + kGap +
+           kListRows * fontMetrics().lineSpacing() + 2 * kGap;
+}
+
+// The numbers in two rows of five, the caption, the entry box beside " X", the list below.
+void frmMain::LayOutPortfolio(const QRect& area) {
+    const int inner = area.width() - 2 * kGap;
+    const int left = area.x() + kGap;
+    int y = area.y() + kGap;
+    const int chipHeight = lblListNum[1]->sizeHint().height();
+    const int columns = inner >= 10 * chipHeight + 9 * kGap ? 10 : 5;
+    for (int n = 1; n <= 10; ++n) {
+        const int column = (n - 1) % columns;
+        const int from = left + inner * column / columns;
+        const int to = left + inner * (column + 1) / columns - 2;
+        lblListNum[static_cast<std::size_t>(n)]->setGeometry(from, y, std::max(0, to - from),
+                                                             chipHeight);
+        if (column == columns - 1)
+            y += chipHeight + kGap;
+    }
+    lblPort->setGeometry(left, y, std::max(0, inner), chipHeight);
+    if (!lblPort->isHidden())
+        y += chipHeight + kGap;
+    const int boxHeight = txtStock->sizeHint().height();
+    const int removeWidth = Label1->sizeHint().width() + 2 * kGap;
+    txtStock->setGeometry(left, y, std::max(0, inner - removeWidth - kGap), boxHeight);
+    Label1->setGeometry(left + inner - removeWidth, y, removeWidth, boxHeight);
+    y += boxHeight + kGap;
+    List1->setGeometry(left, y, std::max(0, inner), std::max(0, area.bottom() - kGap - y + 1));
+}
+
+void frmMain::ShowCustomLink(const CustomLinkRecord& record, int slot) {
+    Chip* link = lbllink.at(static_cast<std::size_t>(slot));
+    const bool unused = IsUnusedSlot(record.title);
+    link->SetCaption(tallowmere::ToQt(record.title));
+    link->SetColors(ColorsOver(link->Colors(), record.colors));
+    link->SetQuiet(unused);
+    link->setAccessibleDescription(u"Custom link "_s + QString::number(slot) +
+                                   (unused ? u", empty"_s : QString()));
+}
+
+void frmMain::PopUp(QMenu* menu) {
+    const QWidget* focus = focusWidget();
+    const bool byPointer = !focus || focus->underMouse();
+    menu->popup(byPointer ? QCursor::pos() : focus->mapToGlobal(focus->rect().bottomLeft()));
+}
+
+void frmMain::ShowTicker(bool shown) {
+    fraTick->setVisible(shown);
+    LayOut();
+}
+
+void frmMain::SetToolTips(bool shown) {
+    m_toolTips = shown;
+    for (Chip* link : lbllink) {
+        const LinkRow& row = Catalogue()[static_cast<std::size_t>(link->Index())];
+        link->setToolTip(shown ? tallowmere::ToQt(row.tooltip) : QString());
+    }
+}
+
+void frmMain::SetBackground(const QColor& color) {
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, color);
+    palette.setColor(QPalette::WindowText, color.lightnessF() > 0.5 ? Qt::black : Qt::white);
+    m_body->setPalette(palette);
+    m_body->setAutoFillBackground(true);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    Q_EMIT Closing();
+    event->accept();
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        LayOut();
+}
+
+// The panes swallow the pointer's moves; the native window sees them all.
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    windowHandle()->installEventFilter(this);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_body && event->type() == QEvent::Resize)
+        LayOut();
+    // The list keeps its tool tip while none is wanted; it is only not shown.
+    if (watched == List1)
+        return event->type() == QEvent::ToolTip && !m_toolTips;
+    if (event->type() == QEvent::MouseMove)
+        TellPointer(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::TellPointer(const QPoint& globalPosition) {
+    Q_EMIT PointerMoved((globalPosition.x() - frameGeometry().x()) * kTwipsPerPixel,
+                        frameGeometry().width() * kTwipsPerPixel);
+}
+
+} // namespace tallowmere

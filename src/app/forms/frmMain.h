@@ -1,0 +1,118 @@
+#pragma once
+
+#include "app/forms/Chip.h"
+#include "app/forms/ListBox.h"
+#include "app/forms/MainMenus.h"
+#include "app/forms/StripBar.h"
+#include "core/custom/custom_link.h"
+#include "core/links/catalogue.h"
+#include "core/shell/window_layout.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QScrollArea>
+
+#include <array>
+#include <memory>
+
+namespace tallowmere {
+
+class BrowserPane;
+class EngineProfile;
+class Grip;
+class Prompts;
+
+/// The main window: its controls under their names, and where they stand. What they do is the
+/// controllers' business.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMain(EngineProfile& profile, Prompts& prompts);
+    ~frmMain() override;
+
+    // Portfolio controls.
+    std::array<Chip*, 11> lblListNum{}; ///< 1 to 10; element 0 is not used
+    Chip* lblPort;
+    QLineEdit* txtStock;
+    Chip* Label1;
+    ListBox* List1;
+
+    // Links.
+    std::array<Chip*, kLinkCount> lbllink{};
+    QScrollArea* fraTop;
+    QScrollArea* fraLeft;
+    QScrollArea* fraRight;
+
+    // Panes.
+    BrowserPane* Web;
+    BrowserPane* WebB;
+    QFrame* fraTick;
+    BrowserPane* WebTick;
+    QLabel* WebStatus;
+    QLabel* lblStat;
+    StripBar* SpooBar;
+
+    std::unique_ptr<MainMenus> menus;
+
+    /// Runs the layout; needed after a change of what is shown.
+    void LayOut();
+
+    /// Puts a record of the user's own links on its label; colours that are not set stay.
+    void ShowCustomLink(const CustomLinkRecord& record, int slot);
+
+    /// Pops a menu up at the pointer, or below the control that has the focus when the keyboard
+    /// asked for it.
+    void PopUp(QMenu* menu);
+
+    /// Shows or hides the ticker strip and makes room for it.
+    void ShowTicker(bool shown);
+
+    /// Whether the links say more about themselves when the pointer rests on them.
+    void SetToolTips(bool shown);
+
+    /// The background of the window and the link frames.
+    void SetBackground(const QColor& color);
+
+    /// Widths of the side panels as the user left them, in pixels, 0 for the designed ones.
+    int LeftWidth() const { return m_leftWidth; }
+    int RightWidth() const { return m_rightWidth; }
+    bool LeftFolded() const { return m_leftFolded; }
+    bool RightFolded() const { return m_rightFolded; }
+    void SetPanels(int leftWidth, int rightWidth, bool leftFolded, bool rightFolded);
+
+Q_SIGNALS:
+    /// The window is about to close; the program ends.
+    void Closing();
+    /// The pointer moved over the window's own surface: its horizontal position and the window's
+    /// outer width, in twips.
+    void PointerMoved(int x, int width);
+    void PanelsChanged();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildPortfolioControls();
+    void BuildLinks();
+    void BuildPanes(EngineProfile& profile, Prompts& prompts);
+    QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
+    void LayOutPortfolio(const QRect& area);
+    int PortfolioHeight() const;
+    void ConnectGrips();
+    void TellPointer(const QPoint& globalPosition);
+
+    QWidget* m_body;
+    Grip* m_leftGrip;
+    Grip* m_rightGrip;
+    int m_leftWidth = 0;
+    int m_rightWidth = 0;
+    bool m_toolTips = true;
+    bool m_leftFolded = false;
+    bool m_rightFolded = false;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,173 @@
+#include "app/links/LinkPanel.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "app/links/PaneDeck.h"
+#include "core/custom/custom_link.h"
+#include "core/links/portfolio_address.h"
+
+#include <QApplication>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool IsUnusedSlot(const Chip* link) {
+    return link->Caption() == ToQt(kEmptyCustomCaption);
+}
+
+// Tools work on the window itself: a separate browser has nothing to show for them.
+bool OpensOutside(LinkAction action) {
+    switch (action) {
+    case LinkAction::Refresh:
+    case LinkAction::Back:
+    case LinkAction::Forward:
+    case LinkAction::CopyAddress:
+    case LinkAction::Stop:
+    case LinkAction::Setup:
+    case LinkAction::Calculator:
+    case LinkAction::Reminders:
+        return false;
+    default:
+        return true;
+    }
+}
+
+LinkAction ActionOf(const Chip* link) {
+    return Catalogue()[static_cast<std::size_t>(link->Index())].action;
+}
+
+} // namespace
+
+LinkPanel::LinkPanel(frmMain& form, MainState& state, const Services& services,
+                     LinkDispatch& dispatch, PaneDeck& panes)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
+      m_panes(panes) {
+    for (Chip* link : form.lbllink)
+        Connect(link);
+    for (const auto& [action, index] : form.menus->links)
+        connect(action, &QAction::triggered, this, [this, i = index] { m_dispatch.Click(i); });
+}
+
+void LinkPanel::Connect(Chip* link) {
+    connect(link, &Chip::MouseDown, this, [=, this](auto button) { MouseDown(link, button); });
+    connect(link, &Chip::MouseMoved, this,
+            [=, this](auto buttons, const QPoint& by) { MouseMove(link, buttons, by); });
+    connect(link, &Chip::MouseUp, this,
+            [=, this](auto button, bool inside) { MouseUp(link, button, inside); });
+    connect(link, &Chip::clicked, this, [=, this] { m_dispatch.Click(link->Index()); });
+    connect(link, &Chip::MenuKey, this, [=, this] { OpenMenu(link); });
+    connect(link, &Chip::PointerMoved, this, &LinkPanel::EdgesTouched);
+    if (IsCustomSlot(link->Index())) {
+        link->SetTakesDrops(true);
+        connect(link, &Chip::Dropped, this, [=, this](int source) { Drop(link, source); });
+    }
+}
+
+void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
+    if (button == Qt::LeftButton) {
+        m_state.rightPressed = false;
+        m_pressed = true;
+        m_looksPressed = true;
+        m_savedColors = link->Colors();
+        link->SetColors(Swapped(m_savedColors));
+        Q_EMIT Held(true);
+    } else if (button == Qt::RightButton) {
+        RightPress(link);
+    }
+}
+
+void LinkPanel::RightPress(Chip* link) {
+    if (IsCustomSlot(link->Index()))
+        OpenMenu(link);
+    else if (OpensOutside(ActionOf(link)))
+        m_state.rightPressed = true;
+}
+
+// The menu of a link of the user's own; an unused slot goes straight to the editor. By keyboard,
+// every other link opens in a separate browser, as a right click does.
+void LinkPanel::OpenMenu(Chip* link) {
+    if (!IsCustomSlot(link->Index())) {
+        RightPress(link);
+        if (m_state.rightPressed)
+            m_dispatch.Click(link->Index());
+        return;
+    }
+    if (IsUnusedSlot(link)) {
+        m_dispatch.Click(link->Index());
+        return;
+    }
+    m_state.currentCustomSlot = link->Index();
+    Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+void LinkPanel::MouseMove(Chip* link, Qt::MouseButtons buttons, const QPoint& movedBy) {
+    if (!m_pressed || !(buttons & Qt::LeftButton))
+        return;
+    const bool drags = IsCustomSlot(link->Index()) && !IsUnusedSlot(link) &&
+                       movedBy.manhattanLength() >= QApplication::startDragDistance();
+    if (!m_state.templateMode)
+        RestoreColors(link);
+    if (!drags)
+        return;
+    m_pressed = false;
+    link->StartDrag();
+    Q_EMIT Held(false);
+}
+
+void LinkPanel::MouseUp(Chip* link, Qt::MouseButton button, bool inside) {
+    if (button == Qt::LeftButton && m_pressed) {
+        if (!m_state.templateMode) {
+            RestoreColors(link);
+            m_pressed = false;
+        }
+        Q_EMIT Held(false);
+    } else if (button == Qt::RightButton && inside && link->isEnabled() && m_state.rightPressed) {
+        m_dispatch.Click(link->Index());
+    }
+}
+
+void LinkPanel::RestoreColors(Chip* link) {
+    if (m_looksPressed)
+        link->SetColors(m_savedColors);
+    m_looksPressed = false;
+}
+
+void LinkPanel::Drop(Chip* target, int source) {
+    if (source == target->Index() || !IsCustomSlot(source))
+        return;
+    if (!IsUnusedSlot(target) &&
+        !m_services.prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))),
+                                ToQt(kMoveLinkCaption)))
+        return;
+    MoveCustomLink(m_services.settings, source, target->Index());
+    Chip* emptied = m_form.lbllink.at(static_cast<std::size_t>(source));
+    target->SetColors(emptied->Colors());
+    emptied->SetColors(CustomAreaColors(m_services.settings));
+    m_form.ShowCustomLink(LoadCustomLink(m_services.settings, target->Index()), target->Index());
+    m_form.ShowCustomLink(LoadCustomLink(m_services.settings, source), source);
+}
+
+void LinkPanel::EnableLinks() {
+    for (Chip* link : m_form.lbllink)
+        link->setEnabled(true);
+    for (std::size_t n = 1; n < m_form.lblListNum.size(); ++n)
+        m_form.lblListNum[n]->setEnabled(true);
+    m_form.List1->setEnabled(true);
+    m_form.txtStock->setEnabled(true);
+    m_form.Label1->setEnabled(true);
+    for (const auto& command : m_form.menus->links)
+        command.first->setEnabled(true);
+}
+
+void LinkPanel::SendAll(const QString& site) {
+    std::vector<std::string> tickers;
+    for (const QString& item : m_form.List1->Items())
+        tickers.push_back(FromQt(item));
+    m_panes.Navigate(ToQt(SendAllAddress(tickers, FromQt(site), m_services.sites)));
+}
+
+} // namespace tallowmere

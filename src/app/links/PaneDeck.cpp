@@ -1,0 +1,93 @@
+#include "app/links/PaneDeck.h"
+
+#include "app/base/QtText.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "app/links/SeparateBrowser.h"
+#include "core/links/before_navigate.h"
+
+namespace tallowmere {
+
+PaneDeck::PaneDeck(frmMain& form, MainState& state, const Services& services,
+                   SeparateBrowser& outside)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_outside(outside) {
+    connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
+    connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
+    for (BrowserPane* pane : {form.Web, form.WebB}) {
+        connect(pane, &BrowserPane::StatusTextChange, this, &PaneDeck::ShowStatus);
+        connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
+    }
+    form.WebTick->SetNewWindowTarget(form.Web);
+    const auto front = [this](QAction* action, auto method) {
+        connect(action, &QAction::triggered, this, [this, method] { (Front()->*method)(); });
+    };
+    front(form.menus->findInPage, &BrowserPane::Find);
+    front(form.menus->zoomIn, &BrowserPane::ZoomIn);
+    front(form.menus->zoomOut, &BrowserPane::ZoomOut);
+    front(form.menus->zoomReset, &BrowserPane::ZoomReset);
+}
+
+void PaneDeck::Navigate(const QString& address) {
+    if (!m_state.rightPressed)
+        ShowFirst();
+    m_form.Web->Navigate(address);
+}
+
+void PaneDeck::NavigateSecond(const QString& address) {
+    if (!m_state.rightPressed)
+        ShowSecond();
+    m_form.WebB->Navigate(address);
+}
+
+void PaneDeck::ShowFirst() {
+    m_form.Web->show();
+    m_form.WebB->hide();
+}
+
+void PaneDeck::ShowSecond() {
+    m_form.WebB->show();
+    m_form.Web->hide();
+}
+
+BrowserPane* PaneDeck::Front() const {
+    return m_form.Web->isHidden() ? m_form.WebB : m_form.Web;
+}
+
+void PaneDeck::ShowStatus(const QString& text) {
+    m_form.WebStatus->setText(LineStart(text));
+    m_form.WebStatus->setAccessibleName(text);
+}
+
+void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
+    if (const auto rewritten = RewriteStockLookup(FromQt(address), m_services.sites)) {
+        *cancel = true;
+        if (!m_form.WebB->isHidden())
+            ShowFirst();
+        m_form.Web->Navigate(ToQt(*rewritten));
+        return;
+    }
+    if (m_state.templateMode) {
+        m_state.multiLinkPage += ToQt(MultiLinkFrame(FromQt(address)));
+        *cancel = true;
+    }
+    BeforeEither(address, cancel);
+}
+
+void PaneDeck::BeforeEither(const QString& address, bool* cancel) {
+    if (m_state.activeEdge && !m_state.templateMode)
+        Q_EMIT BrowsingStarts();
+    if (m_state.rightPressed) {
+        m_state.rightPressed = false;
+        *cancel = true;
+        m_outside.Open(address);
+    }
+}
+
+void PaneDeck::ShowProgress(int progress, int maximum) {
+    const bool drawn = !m_form.lblStat->isHidden() && progress >= 1 && maximum >= 1;
+    const int width =
+        drawn ? static_cast<int>(static_cast<qint64>(m_form.Web->width()) * progress / maximum) : 0;
+    m_form.lblStat->resize(width, m_form.lblStat->height());
+}
+
+} // namespace tallowmere

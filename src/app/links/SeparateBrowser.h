@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/sites/site_table.h"
+
+#include <QObject>
+
+namespace tallowmere {
+
+class Prompts;
+class WebAccess;
+
+/// Starts what runs outside the program: the user's browser, calculator and mail program. Each is
+/// the one that the site table names, else the desktop's own. What cannot be started is reported.
+class SeparateBrowser : public QObject {
+    Q_OBJECT
+public:
+    SeparateBrowser(const SiteTable& sites, const WebAccess& access, Prompts& prompts,
+                    QObject* parent = nullptr);
+
+    /// Opens an http(s) address, and nothing else, in a browser of its own: in live mode the page
+    /// that it leads to today.
+    void Open(const QString& address);
+    void StartCalculator();
+    /// Begins a mail; `address` starts with "mailto:".
+    void WriteMail(const QString& address);
+
+private:
+    bool StartOrOpen(std::string_view program, const QUrl& url) const;
+
+    const SiteTable& m_sites;
+    const WebAccess& m_access;
+    Prompts& m_prompts;
+};
+
+} // namespace tallowmere

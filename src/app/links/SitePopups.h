@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/base/MainState.h"
+#include "app/base/Services.h"
+#include "core/links/menu_table.h"
+
+#include <QHash>
+#include <QObject>
+
+class QMenu;
+
+namespace tallowmere {
+
+class frmMain;
+class LinkDispatch;
+class PaneDeck;
+class SearchMenu;
+
+/// The site menus that links pop up. A menu is built from the tables when it is first wanted.
+class SitePopups : public QObject {
+    Q_OBJECT
+public:
+    SitePopups(frmMain& form, MainState& state, const Services& services, MenuTable addresses,
+               LinkDispatch& dispatch, PaneDeck& panes);
+
+    /// The menu of a name ("mnuBigchart"); none for an unknown name.
+    SearchMenu* Menu(const QString& name);
+
+    /// Pops a menu up at the pointer, or below the link that has the focus.
+    void PopUp(const QString& name);
+
+    /// Loads the page of an item ("mnuBChart", 16).
+    void Choose(const QString& array, int index);
+
+Q_SIGNALS:
+    /// A menu is open, or no longer so.
+    void Held(bool held);
+    /// An array that is filled at run time was put into its menu.
+    void RunTimeArrayBuilt(const QString& array, QMenu* menu);
+
+private:
+    SearchMenu* Build(std::string_view name);
+    SearchMenu* NewMenu(const QString& name, std::string_view caption);
+    void AddArray(QMenu* menu, std::string_view array);
+    void Hold(const QMenu* menu);
+
+    frmMain& m_form;
+    MainState& m_state;
+    Services m_services;
+    MenuTable m_addresses;
+    LinkDispatch& m_dispatch;
+    PaneDeck& m_panes;
+    QHash<QString, SearchMenu*> m_menus;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,35 @@
+#include "app/links/SmartNavigate.h"
+
+#include "app/base/QtText.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "app/forms/frmNav.h"
+#include "app/links/PaneDeck.h"
+#include "core/links/smart_navigate.h"
+
+namespace tallowmere {
+
+SmartNavigate::SmartNavigate(frmMain& form, MainState& state, const Services& services,
+                             PaneDeck& panes)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes) {}
+
+void SmartNavigate::Show() {
+    const std::vector<std::string> remembered = ReadNavigateEntries(m_services.settings);
+    frmNav dialog(&m_form);
+    for (const std::string& entry : remembered)
+        dialog.Combo1->addItem(ToQt(entry));
+    dialog.Combo1->clearEditText();
+    const bool confirmed = dialog.exec() == QDialog::Accepted;
+    const std::string address =
+        confirmed ? CompleteEntry(FromQt(dialog.Combo1->currentText())) : std::string();
+    if (address.empty()) {
+        m_state.rightPressed = false;
+        return;
+    }
+    SaveNavigateEntries(m_services.settings, address, remembered);
+    if (!m_form.WebB->isHidden())
+        m_panes.ShowFirst();
+    m_form.Web->Navigate(ToQt(address));
+}
+
+} // namespace tallowmere

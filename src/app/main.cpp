@@ -1,0 +1,77 @@
+#include "app/base/Folders.h"
+#include "app/engine/PortalScheme.h"
+#include "app/shell/Application.h"
+#include "app/shell/CommandLine.h"
+#include "app/shell/Session.h"
+#include "app/shell/SingleInstance.h"
+#include "app/sites/Tables.h"
+#include "app/sites/UserSites.h"
+#include "core/portal/portal.h"
+#include "core/text/runtime_error.h"
+
+#include <cstdio>
+
+using namespace tallowmere;
+
+namespace {
+
+constexpr int kWrongStart = 2;
+
+int Run(Application& application, const CommandLine& commandLine) {
+    const Folders folders = Folders::For(commandLine);
+    Tables tables = Tables::Read(folders, commandLine.sites);
+
+    SingleInstance instance(folders.programFolder);
+    if (!instance.IsFirst())
+        return 0;
+    DialogPrompts prompts;
+    const Clock clock;
+    application.SetPrompts(&prompts);
+    const PortalTexts texts{ReadTable(folders.data / "rr.html"),
+                            ReadTable(folders.data / "newsites.html")};
+    SessionSetup setup{folders, commandLine.web, tables, {}, prompts, clock};
+    std::unique_ptr<SamplePortal> portal;
+    if (commandLine.web == WebMode::Sample) {
+        portal = std::make_unique<SamplePortal>(
+            tables.sites, SampleMarket::Parse(ReadTable(folders.data / "sample_market.txt")),
+            texts);
+        setup.portal = [&](const std::string& host, const std::string& pathAndQuery) {
+            return portal->Answer(host, pathAndQuery, clock.Today());
+        };
+    } else if (commandLine.web == WebMode::Live) {
+        setup.sources = ReadSources(folders);
+        setup.texts = texts;
+    }
+    Session session(std::move(setup));
+    if (portal) {
+        const auto follow = [&portal] { portal->SitesChanged(); };
+        QObject::connect(&session.OwnSites(), &UserSites::Changed, &session, follow);
+        follow(); // the session has read the user's own table
+    }
+    QObject::connect(&instance, &SingleInstance::Raised, &session, &Session::Raise);
+    session.Start();
+    // The start may wait for a page; an event loop that begins only now would forget the quitting.
+    return application.IsEnding() ? 0 : QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    const CommandLine commandLine = CommandLine::Parse(arguments);
+    if (commandLine.outcome != CommandLine::Outcome::Run) {
+        const bool wrong = commandLine.outcome == CommandLine::Outcome::Wrong;
+        std::fputs(qUtf8Printable(commandLine.text), wrong ? stderr : stdout);
+        return wrong ? kWrongStart : 0;
+    }
+    PortalScheme::Register();
+    Application application(argc, argv);
+    try {
+        return Run(application, commandLine);
+    } catch (const RuntimeError& error) {
+        std::fprintf(stderr, "tallowmere: %s\n", error.what());
+        return kWrongStart;
+    }
+}

@@ -1,0 +1,85 @@
+#include "app/market/IndexStrip.h"
+
+#include "app/base/QtText.h"
+#include "app/base/TransferControl.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "app/links/PaneDeck.h"
+#include "core/market/index_strip.h"
+
+#include <QPointer>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr int kFirstTickMilliseconds = 1000;
+constexpr int kTickMilliseconds = 60000;
+constexpr int kChunkSize = 1000000;
+constexpr double kLongestWaitSeconds = 15;
+
+std::string_view View(const QByteArray& bytes) {
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+IndexStrip::IndexStrip(frmMain& form, const Services& services, PaneDeck& panes,
+                       TransferControl& spooNet)
+    : QObject(&form), m_form(form), m_services(services), m_panes(panes), m_spooNet(spooNet) {
+    Timer1.setInterval(kFirstTickMilliseconds);
+    connect(&Timer1, &QTimer::timeout, this, &IndexStrip::Tick);
+    connect(form.SpooBar, &StripBar::Clicked, this, &IndexStrip::OpenDetails);
+    connect(form.SpooBar, &StripBar::NotePointedAt, this, [this](const QString& note) {
+        m_panes.ShowStatus(note.isEmpty() ? m_panes.Front()->LocationURL() : note);
+    });
+}
+
+void IndexStrip::Start() {
+    Timer1.start();
+}
+
+void IndexStrip::Tick() {
+    if (m_fetching)
+        return;
+    const double clock = m_services.clock.SecondsSinceMidnight();
+    if (!FetchIsDue(clock, m_lastFetch))
+        return;
+    m_lastFetch = FetchMark(clock);
+    Timer1.setInterval(kTickMilliseconds);
+    const QPointer<IndexStrip> alive(this);
+    m_fetching = true;
+    Fetch();
+    if (alive)
+        m_fetching = false;
+}
+
+void IndexStrip::Fetch() {
+    const QPointer<IndexStrip> alive(this);
+    // The wait for the rest of the page is measured from midnight, or from one second after it in
+    // the afternoon: in practice there is one further read.
+    const double start = m_services.clock.SecondsSinceMidnight() < 12 * 3600 ? 0 : 1;
+    QByteArray page =
+        m_spooNet.OpenURL(ToQt(m_services.sites.Address("quote_server", IndexQuery())));
+    while (alive && !IsCompleteIndexPage(View(page))) {
+        page = m_spooNet.GetChunk(kChunkSize);
+        if (!alive || IsCompleteIndexPage(View(page)) ||
+            m_services.clock.SecondsSinceMidnight() - start > kLongestWaitSeconds || page.isEmpty())
+            break;
+    }
+    if (!alive)
+        return;
+    int panel = 1;
+    for (const std::string& text : ReadIndexPage(View(page))) {
+        const IndexRow& row = IndexTable()[static_cast<std::size_t>(panel - 1)];
+        m_form.SpooBar->SetPanelNote(panel, ToQt(ReadIndexNote(View(page), row)));
+        m_form.SpooBar->SetPanelText(panel++, ToQt(text));
+    }
+}
+
+void IndexStrip::OpenDetails() {
+    m_panes.ShowFirst();
+    m_form.Web->Navigate(ToQt(m_services.sites.Address("quote_server", DetailedIndexQuery())));
+}
+
+} // namespace tallowmere

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/base/MainState.h"
+#include "app/base/Services.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace tallowmere {
+
+class frmMain;
+class PaneDeck;
+class TransferControl;
+
+/// The strip of six market indices: fetched about once in four minutes, opened in full by a click.
+class IndexStrip : public QObject {
+    Q_OBJECT
+public:
+    IndexStrip(frmMain& form, const Services& services, PaneDeck& panes, TransferControl& spooNet);
+
+    /// One tick of `Timer1`: fetches and fills the panels when the last fetch is old enough. A
+    /// tick that comes while one is under way does nothing.
+    void Tick();
+
+    /// Switches `Timer1` on; its first tick comes a second later.
+    void Start();
+
+    QTimer Timer1;
+
+private:
+    void Fetch();
+    void OpenDetails();
+
+    frmMain& m_form;
+    Services m_services;
+    PaneDeck& m_panes;
+    TransferControl& m_spooNet;
+    int m_lastFetch = 0; ///< seconds since midnight
+    bool m_fetching = false;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,72 @@
+#include "app/market/TickerStrip.h"
+
+#include "app/base/QtText.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "core/shell/conversion.h"
+#include "core/shell/setting_keys.h"
+#include "core/text/bytes.h"
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::string_view kPath = "/javaticker.html";
+/// More would take minutes to pass by.
+constexpr qsizetype kMostTickers = 200;
+/// Whoever goes through several portfolios has the strip follow once.
+constexpr int kFollowMilliseconds = 400;
+
+} // namespace
+
+TickerStrip::TickerStrip(frmMain& form, MainState& state, const Services& services)
+    : QObject(&form), m_form(form), m_state(state), m_services(services) {
+    m_listChanged.setSingleShot(true);
+    m_listChanged.setInterval(kFollowMilliseconds);
+    connect(&m_listChanged, &QTimer::timeout, this, &TickerStrip::FollowList);
+    const auto changed = [this] { m_listChanged.start(); };
+    const QAbstractItemModel* list = form.List1->model();
+    connect(list, &QAbstractItemModel::modelReset, this, changed);
+    connect(list, &QAbstractItemModel::rowsInserted, this, changed);
+    connect(list, &QAbstractItemModel::rowsRemoved, this, changed);
+}
+
+void TickerStrip::Show(bool shown) {
+    m_state.tickerShown = shown;
+    m_form.ShowTicker(shown);
+    if (shown)
+        m_form.WebTick->Navigate(ToQt(m_services.sites.Address("stream_ticker", kPath)));
+    else
+        m_form.WebTick->Stop();
+}
+
+void TickerStrip::Switch(bool shown) {
+    m_services.settings.SaveSetting(kSettingsSection, "WSCTick", FromBoolean(shown));
+    Show(shown);
+}
+
+std::string TickerStrip::WithTickers(const std::string& path) {
+    if (!path.ends_with(kPath))
+        return path;
+    m_shownTickers = Tickers();
+    return path + "?s=" + *m_shownTickers;
+}
+
+std::string TickerStrip::Tickers() const {
+    QStringList tickers = m_form.List1->Items();
+    tickers.resize(std::min(kMostTickers, tickers.size()));
+    std::string joined;
+    for (const QString& ticker : std::as_const(tickers)) {
+        if (!joined.empty())
+            joined += '+';
+        joined += PercentEncode(FromQt(ticker));
+    }
+    return joined;
+}
+
+void TickerStrip::FollowList() {
+    if (m_state.tickerShown && m_shownTickers && *m_shownTickers != Tickers())
+        m_form.WebTick->Refresh();
+}
+
+} // namespace tallowmere

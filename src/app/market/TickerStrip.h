@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/base/MainState.h"
+#include "app/base/Services.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <optional>
+#include <string>
+
+namespace tallowmere {
+
+class frmMain;
+
+/// The streaming ticker strip above the panes. The page of the built-in portal follows the list of
+/// tickers.
+class TickerStrip : public QObject {
+    Q_OBJECT
+public:
+    TickerStrip(frmMain& form, MainState& state, const Services& services);
+
+    /// Shows the strip and loads its page, or hides it and stops what it loads.
+    void Show(bool shown);
+
+    /// The same, and writes it down.
+    void Switch(bool shown);
+
+    /// The address of the strip's page with the tickers of the list as its query: that is how the
+    /// built-in portal is asked for it. Any other path is given back as it is.
+    std::string WithTickers(const std::string& path);
+
+private:
+    std::string Tickers() const;
+    void FollowList();
+
+    frmMain& m_form;
+    MainState& m_state;
+    Services m_services;
+    QTimer m_listChanged;
+    std::optional<std::string> m_shownTickers; ///< none while the page is not the portal's
+};
+
+} // namespace tallowmere

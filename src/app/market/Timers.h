@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/base/Services.h"
+#include "core/market/timers.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace tallowmere {
+
+class frmMain;
+class TransferControl;
+
+/// `Timer2`, which watches the club's pages, and `Timer3`, which reloads the page in `Web`.
+class Timers : public QObject {
+    Q_OBJECT
+public:
+    Timers(frmMain& form, const Services& services, TransferControl& tmNet);
+
+    /// Takes "AutoRefresh" over from the settings.
+    void Start();
+
+    /// Starts to watch the club's pages.
+    void StartAlerts();
+
+    /// A link was opened: a label that was marked has its own colours again.
+    void Unmark(int link);
+
+    QTimer Timer2;
+    QTimer Timer3;
+
+private:
+    void TickClub();
+    void FetchClubPages();
+    void TickRefresh();
+    void SwitchRefresh(bool on);
+
+    frmMain& m_form;
+    Services m_services;
+    TransferControl& m_tmNet;
+    ClubWatch m_watch;
+    RefreshCounter m_refreshes;
+    bool m_fetching = false;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,179 @@
+#include "app/market/WatchWindow.h"
+
+#include "app/base/QtText.h"
+#include "app/base/modMain.h"
+#include "app/engine/BrowserPane.h"
+#include "app/forms/frmWiz.h"
+#include "core/market/watch.h"
+#include "core/market/watch_page.h"
+#include "core/shell/window_layout.h"
+#include "core/text/bytes.h"
+#include "core/text/files.h"
+#include "core/text/runtime_error.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPdfWriter>
+#include <QPointer>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QValidator>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kTick = 1s;
+constexpr double kEarliness = 0.05; ///< seconds by which a tick may come before its time
+
+/// Lets only those keys through that the seconds box takes, pasted ones too.
+class SecondsValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int&) const override {
+        const auto isTaken = [](QChar c) { return IsSecondsKey(c.unicode()); };
+        return std::all_of(input.cbegin(), input.cend(), isTaken) ? Acceptable : Invalid;
+    }
+};
+
+QByteArray PdfOf(const QString& html) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QTextDocument document;
+    document.setHtml(html);
+    document.print(&writer);
+    return bytes;
+}
+
+} // namespace
+
+WatchWindow::WatchWindow(frmWiz& form, const Services& services, const std::string& target)
+    : QObject(&form), m_form(form), m_services(services) {
+    form.setMinimumSize(PixelsFromTwips(kWatchMinimumWidth), PixelsFromTwips(kWatchMinimumHeight));
+    try {
+        LoadFormPosition(form, services.settings);
+    } catch (const RuntimeError&) {
+        // The window is of more use in its default place than not at all.
+    }
+    form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
+    form.txtsecs->setValidator(new SecondsValidator(form.txtsecs));
+    const WatchTarget parts = SplitWatchTarget(target);
+    form.setWindowTitle(ToQt(WatchCaption(parts)));
+    form.Text1->setText(ToQt(parts.address));
+    form.Text1->setCursorPosition(0);
+    Connect();
+    // The page is there first; a wait comes before it is loaded again.
+    WaitSecs(WatchSeconds(kDefaultWatchSeconds));
+    form.Web->Navigate(form.Text1->text());
+    Timer1.start(kTick);
+}
+
+void WatchWindow::Connect() {
+    Timer1.setTimerType(Qt::PreciseTimer);
+    connect(&Timer1, &QTimer::timeout, this, &WatchWindow::Tick);
+    connect(m_form.cmdSubmit, &QPushButton::clicked, this,
+            [this] { m_form.Web->Navigate(m_form.Text1->text()); });
+    connect(m_form.Text1, &QLineEdit::returnPressed, this, [this] {
+        if (!Trim(FromQt(m_form.Text1->text())).empty())
+            m_form.cmdSubmit->click();
+    });
+    connect(&m_form, &frmWiz::SecondsLeft, this, &WatchWindow::SettleSeconds);
+    connect(m_form.txtsecs, &QLineEdit::returnPressed, this, &WatchWindow::SettleSeconds);
+    connect(m_form.Web, &BrowserPane::DocumentComplete, this, &WatchWindow::OnLoaded);
+    connect(m_form.mnuExport, &QAction::triggered, this, &WatchWindow::Export);
+    connect(&m_form, &frmWiz::Closing, this, &WatchWindow::Stop);
+}
+
+void WatchWindow::Tick() {
+    if (m_stop) {
+        Timer1.stop();
+        return;
+    }
+    if (IsWaiting())
+        return;
+    m_form.Web->Refresh();
+    WaitSecs(WatchSeconds(FromQt(m_form.txtsecs->text())));
+}
+
+void WatchWindow::WaitSecs(int seconds) {
+    m_seconds = seconds;
+    m_began = m_services.clock.Now();
+    // The ticks are counted from here, so that one of them falls on the end of the wait.
+    if (Timer1.isActive())
+        Timer1.start();
+    ShowTimes();
+}
+
+bool WatchWindow::IsWaiting() const {
+    const double noted = m_began.time().msecsSinceStartOfDay() / 1000.0;
+    return m_seconds > 0 &&
+           RemainingWait(noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > kEarliness;
+}
+
+// Seconds that were changed hold for the wait that is under way too: who sets an
+// hour down to a minute does not wait for the end of the hour.
+void WatchWindow::SettleSeconds() {
+    const std::string settled = SettledSeconds(FromQt(m_form.txtsecs->text()));
+    m_form.txtsecs->setText(ToQt(settled));
+    m_seconds = WatchSeconds(settled);
+    ShowTimes();
+}
+
+void WatchWindow::OnLoaded(bool isLoaded) {
+    if (m_stop || !isLoaded)
+        return;
+    m_loaded = m_services.clock.Now().time();
+    ShowTimes();
+}
+
+void WatchWindow::ShowTimes() {
+    const auto text = [](QTime time) { return time.toString(u"HH:mm:ss"_s); };
+    const QString loaded =
+        m_loaded.isNull() ? tr("Not loaded yet") : tr("Loaded %1").arg(text(m_loaded));
+    const QTime due = m_began.addSecs(m_seconds + 1).time();
+    m_form.lblTimes->setText(tr("%1, due again %2").arg(loaded, text(due)));
+    m_form.lblTimes->setToolTip(m_form.lblTimes->text()); // of a window too small to show it all
+}
+
+void WatchWindow::Stop() {
+    m_form.Web->Stop();
+    Timer1.stop();
+    m_stop = true;
+    SaveFormPosition(m_form, m_services.settings);
+}
+
+void WatchWindow::Export() {
+    const QPointer<WatchWindow> guard(this);
+    const auto path = m_services.prompts.SaveFile(
+        m_form.mnuExport->text(), m_form.windowTitle().section(u' ', 0, 0) + u".html"_s,
+        tr("Web pages (*.html *.htm);;PDF documents (*.pdf)"));
+    if (!guard || !path)
+        return;
+    // The engine calls back: what is done with the text, and may fail, comes after its call.
+    m_form.Web->ReadText([guard, path = *path](const QString& text) {
+        if (guard)
+            QMetaObject::invokeMethod(
+                guard, [guard, path, text] { guard->Write(path, text); }, Qt::QueuedConnection);
+    });
+}
+
+void WatchWindow::Write(const QString& path, const QString& text) {
+    const std::string caption = FromQt(m_form.windowTitle());
+    const std::string address = FromQt(m_form.Web->LocationURL());
+    const std::string time = FromQt(m_services.clock.Now().toString(u"yyyy-MM-dd HH:mm:ss"_s));
+    const std::string document = WatchDocument({caption, address, time, FromQt(text)});
+    if (path.endsWith(u".pdf"_s, Qt::CaseInsensitive))
+        WriteWholeFile(ToPath(path), PdfOf(ToQt(document)).toStdString());
+    else
+        WriteWholeFile(ToPath(path), document);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/base/Services.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QTimer>
+
+namespace tallowmere {
+
+class frmWiz;
+
+/// What one watch window does: it loads its page over and over until it is closed.
+class WatchWindow : public QObject {
+    Q_OBJECT
+public:
+    /// `target` is "caption|address".
+    WatchWindow(frmWiz& form, const Services& services, const std::string& target);
+
+    /// Begins a wait of so many seconds, and one more: until it is over, or the window closes, the
+    /// page stays as it is. The window stays alive, and so do all others: the waits of many windows
+    /// are under way at once, and none may keep another from ending.
+    void WaitSecs(int seconds);
+
+    QTimer Timer1;
+
+private:
+    void Connect();
+    void Tick();
+    bool IsWaiting() const;
+    void SettleSeconds();
+    void OnLoaded(bool isLoaded);
+    void ShowTimes();
+    void Stop();
+    void Export();
+    void Write(const QString& path, const QString& text);
+
+    frmWiz& m_form;
+    Services m_services;
+    QTime m_loaded;    ///< when the page was loaded last
+    QDateTime m_began; ///< the wait that is under way, and how long it is
+    int m_seconds = 0;
+    bool m_stop = false;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,41 @@
+#include "app/market/WatchWindows.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/forms/frmWiz.h"
+#include "app/links/LinkDispatch.h"
+#include "app/market/WatchWindow.h"
+
+namespace tallowmere {
+
+WatchWindows::WatchWindows(frmMain& form, const Services& services, EngineProfile& profile,
+                           LinkDispatch& dispatch)
+    : QObject(&form), m_services(services), m_profile(profile) {
+    connect(&dispatch, &LinkDispatch::WatchRequested, this, &WatchWindows::CreateWiz);
+    connect(&form, &frmMain::Closing, this, &WatchWindows::CloseAll);
+}
+
+// The pages in the windows must not outlive the profile.
+WatchWindows::~WatchWindows() {
+    for (const QPointer<frmWiz>& window : std::as_const(m_windows))
+        delete window;
+}
+
+frmWiz* WatchWindows::CreateWiz(const QString& target) {
+    auto* window = new frmWiz(m_profile, m_services.prompts);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    new WatchWindow(*window, m_services, FromQt(target));
+    m_windows.removeAll(nullptr);
+    m_windows << window;
+    window->show();
+    return window;
+}
+
+void WatchWindows::CloseAll() {
+    const QList<QPointer<frmWiz>> windows = m_windows;
+    for (const QPointer<frmWiz>& window : windows)
+        if (window)
+            window->close();
+}
+
+} // namespace tallowmere

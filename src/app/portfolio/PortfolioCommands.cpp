@@ -1,0 +1,110 @@
+#include "app/portfolio/PortfolioCommands.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/portfolio/Portfolios.h"
+#include "core/portfolio/portfolio_text.h"
+#include "core/shell/conversion.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+PortfolioCommands::PortfolioCommands(frmMain& form, MainState& state, const Services& services,
+                                     Portfolios& portfolios)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
+    const MainMenus& menus = *form.menus;
+    connect(menus.mnuCopyAll, &QAction::triggered, this, &PortfolioCommands::CopyAllLists);
+    connect(menus.mnuCopyIt, &QAction::triggered, this, &PortfolioCommands::CopyList);
+    ConnectTargets(menus.mnuCopyPort, &PortfolioCommands::CopyTicker);
+    ConnectTargets(menus.mnuMovePort, &PortfolioCommands::MoveTicker);
+    ConnectTargets(menus.mnuCopyAllPort, &PortfolioCommands::CopyPortfolio);
+    ConnectTargets(menus.mnuMoveAllPort, &PortfolioCommands::MovePortfolio);
+    connect(menus.mnuPortOpt[1], &QAction::triggered, this, &PortfolioCommands::Rename);
+    connect(menus.mnuPortOpt[3], &QAction::triggered, this, &PortfolioCommands::SwitchLabels);
+    for (std::size_t n = 1; n <= kPortfolioCount; ++n)
+        ConnectOptions(form.lblListNum[n]);
+    ConnectOptions(form.lblPort);
+}
+
+void PortfolioCommands::ConnectTargets(const PortfolioMenu& menu,
+                                       void (PortfolioCommands::*command)(int)) {
+    for (int n = 1; n <= kPortfolioCount; ++n)
+        connect(menu.items[static_cast<std::size_t>(n)], &QAction::triggered, this,
+                [=, this] { (this->*command)(n); });
+}
+
+void PortfolioCommands::ConnectOptions(Chip* label) {
+    connect(label, &Chip::MouseUp, this, [this](Qt::MouseButton button) {
+        if (button == Qt::RightButton)
+            m_form.PopUp(m_form.menus->mnuPortOptions);
+    });
+    connect(label, &Chip::MenuKey, this, [this] { m_form.PopUp(m_form.menus->mnuPortOptions); });
+}
+
+std::string PortfolioCommands::CurrentList() const {
+    return m_portfolios.StoredList(m_state.currentPortfolio);
+}
+
+void PortfolioCommands::Append(int target, std::string_view tickers) {
+    m_portfolios.StoreList(target, m_portfolios.StoredList(target).append(tickers));
+}
+
+void PortfolioCommands::CopyAllLists() {
+    QGuiApplication::clipboard()->setText(
+        ToQt(AllPortfoliosText(LoadPortfolios(m_services.settings))));
+}
+
+void PortfolioCommands::CopyList() {
+    const std::string list = CurrentList();
+    if (!list.empty())
+        QGuiApplication::clipboard()->setText(ToQt(PortfolioText(list)));
+}
+
+void PortfolioCommands::CopyTicker(int target) {
+    Append(target, FromQt(m_form.List1->SelectedText()) + "|");
+}
+
+void PortfolioCommands::MoveTicker(int target) {
+    const std::string ticker = FromQt(m_form.List1->SelectedText());
+    const int index = m_form.List1->ListIndex();
+    if (index >= 0)
+        m_form.List1->RemoveItem(index);
+    m_portfolios.SaveCurrentList();
+    Append(target, ticker + "|");
+}
+
+void PortfolioCommands::CopyPortfolio(int target) {
+    Append(target, CurrentList());
+}
+
+void PortfolioCommands::MovePortfolio(int target) {
+    const std::string list = CurrentList();
+    m_form.List1->Clear();
+    m_portfolios.StoreList(m_state.currentPortfolio, "");
+    Append(target, list);
+}
+
+void PortfolioCommands::Rename() {
+    const int number = m_state.currentPortfolio;
+    const auto name = m_services.prompts.Input(
+        u"Enter a new name for portfolio #"_s + QString::number(number), u"Rename Portfolio"_s, {});
+    if (!name || name->trimmed().isEmpty())
+        return;
+    m_form.lblPort->SetCaption(*name);
+    m_services.settings.SaveSetting("Settings", "PortName" + std::to_string(number), FromQt(*name));
+    m_portfolios.SetPorts();
+}
+
+void PortfolioCommands::SwitchLabels() {
+    const bool shown = m_form.lblPort->isHidden();
+    m_services.settings.SaveSetting("Settings", "PortLabels", FromBoolean(shown));
+    m_form.menus->mnuPortOpt[3]->setChecked(shown);
+    m_form.lblPort->setVisible(shown);
+    m_form.LayOut();
+}
+
+} // namespace tallowmere

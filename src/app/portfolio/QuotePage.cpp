@@ -1,0 +1,87 @@
+#include "app/portfolio/QuotePage.h"
+
+#include "app/base/QtText.h"
+#include "app/base/modMain.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "app/links/PaneDeck.h"
+#include "core/portfolio/condensed_page.h"
+#include "core/text/runtime_error.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QScopeGuard>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The steps of the progress bar.
+constexpr int kFetching = 1;
+constexpr int kArranging = 2;
+constexpr int kSteps = 3;
+
+} // namespace
+
+QuotePage::QuotePage(frmMain& form, MainState& state, const Services& services,
+                     LinkDispatch& dispatch, PaneDeck& panes, TransferPool& transfers)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
+      m_panes(panes), m_transfers(transfers) {}
+
+void QuotePage::Show(std::string_view viewCode) {
+    if (m_working)
+        return;
+    m_working = true;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto done = qScopeGuard([this, alive = QPointer(this)] {
+        QGuiApplication::restoreOverrideCursor();
+        if (!alive)
+            return;
+        m_working = false;
+        m_panes.ShowProgress(0, kSteps);
+        m_state.portfolioView.pendingView = kSkippedView;
+    });
+    m_panes.ShowStatus(u"Building Portfolio Query (Condensed View)"_s);
+    const std::string query = Query();
+    if (query.empty()) {
+        m_panes.ShowStatus({});
+        return;
+    }
+    try {
+        Build(query, viewCode);
+    } catch (const RuntimeError&) {
+        // The page that was written before stays; nothing is said about it.
+        m_panes.ShowStatus({});
+    }
+}
+
+std::string QuotePage::Query() const {
+    if (m_state.portfolioView.allPortfolios)
+        return CondensedQuery(LoadPortfolios(m_services.settings));
+    std::vector<std::string> tickers;
+    for (const QString& item : m_form.List1->Items())
+        tickers.push_back(FromQt(item));
+    return CondensedQuery(tickers);
+}
+
+void QuotePage::Build(const std::string& query, std::string_view viewCode) {
+    const QPointer<QuotePage> alive(this);
+    m_panes.ShowProgress(kFetching, kSteps);
+    const QByteArray body =
+        m_transfers.FetchPage(ToQt(CondensedAddress(query, viewCode, m_services.sites)));
+    if (!alive)
+        return;
+    m_panes.ShowProgress(kArranging, kSteps);
+    const auto page =
+        CondensedPage({body.data(), static_cast<std::size_t>(body.size())}, m_services.sites);
+    if (!page) {
+        m_panes.ShowStatus({});
+        return;
+    }
+    m_dispatch.ShowGenerated("ycprint.html", *page);
+    m_panes.ShowStatus(u"Portfolio Query (Condensed View)"_s);
+}
+
+} // namespace tallowmere

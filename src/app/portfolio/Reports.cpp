@@ -1,0 +1,128 @@
+#include "app/portfolio/Reports.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "core/text/files.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QScopeGuard>
+#include <QTextLayout>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal kMarginMillimetres = 20;
+
+std::unique_ptr<QPrinter> SystemPrinter() {
+    QPrinterInfo printer = QPrinterInfo::defaultPrinter();
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (printer.isNull() && !names.isEmpty())
+        printer = QPrinterInfo::printerInfo(names.first());
+    if (printer.isNull())
+        return nullptr;
+    return std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
+}
+
+/// The printer's font is asked for by its given name; few systems have one of that name, so the
+/// likes of it follow.
+QFont PrinterFont(const PrintedLine& line) {
+    QFont font({ToQt(kPrinterFont), u"Courier New"_s, u"Liberation Mono"_s, u"DejaVu Sans Mono"_s});
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    font.setPointSize(line.points);
+    font.setBold(line.bold);
+    return font;
+}
+
+/// Puts lines on paper, one below the other. What is too long for the page's width goes on in the
+/// next line, what is too long for its height on the next page.
+class Paper {
+public:
+    Paper(QPrinter& printer, QPainter& painter)
+        : m_printer(printer), m_painter(painter),
+          m_size(printer.pageRect(QPrinter::DevicePixel).size()) {}
+
+    void Add(const PrintedLine& line) {
+        QTextLayout layout(ToQt(line.text), PrinterFont(line), &m_printer);
+        layout.setTextOption(WrapOption());
+        layout.beginLayout();
+        for (QTextLine row = layout.createLine(); row.isValid(); row = layout.createLine())
+            row.setLineWidth(m_size.width());
+        layout.endLayout();
+        for (int i = 0; i < layout.lineCount(); ++i) {
+            const QTextLine row = layout.lineAt(i);
+            if (m_y + row.height() > m_size.height()) {
+                m_printer.newPage();
+                m_y = 0;
+            }
+            row.draw(&m_painter, {0, m_y});
+            m_y += row.height();
+        }
+    }
+
+private:
+    static QTextOption WrapOption() {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return option;
+    }
+
+    QPrinter& m_printer;
+    QPainter& m_painter;
+    QSizeF m_size;
+    qreal m_y = 0;
+};
+
+} // namespace
+
+Reports::Reports(frmMain& form, const Services& services, LinkDispatch& dispatch)
+    : QObject(&form), m_services(services), m_dispatch(dispatch), m_makePrinter(SystemPrinter) {
+    connect(form.menus->mnuViewPort, &QAction::triggered, this, &Reports::View);
+    connect(form.menus->mnuPrintPort, &QAction::triggered, this, &Reports::Print);
+}
+
+NoteIndex Reports::Notes() const {
+    return NoteIndex(ReadWholeFile(PathInFolder(m_services.programFolder, "\\TickNotes.txt")));
+}
+
+void Reports::View() {
+    m_dispatch.ShowGenerated("report.html", ReportPage(LoadPortfolios(m_services.settings), Notes(),
+                                                       m_services.clock.Today(), m_services.sites));
+}
+
+void Reports::Print() {
+    const std::unique_ptr<QPrinter> printer = m_makePrinter();
+    if (!printer)
+        m_services.prompts.Message(
+            u"No printer is set up. Add one in the settings of the system, then print again."_s,
+            MessageTitle());
+    else if (!PrintOn(*printer))
+        m_services.prompts.Message(u"The printer does not take the report."_s, MessageTitle());
+}
+
+bool Reports::PrintOn(QPrinter& printer) const {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    printer.setDocName(u"Quorvane Portfolio Report"_s);
+    printer.setPageMargins(
+        {kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres},
+        QPageLayout::Millimeter);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    Paper paper(printer, painter);
+    for (const PrintedLine& line :
+         PrintedReport(LoadPortfolios(m_services.settings), Notes(), m_services.clock.Today()))
+        paper.Add(line);
+    painter.end();
+    return printer.printerState() != QPrinter::Error;
+}
+
+} // namespace tallowmere

@@ -1,0 +1,139 @@
+#include "app/portfolio/TickerBox.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/portfolio/Portfolios.h"
+#include "core/links/catalogue.h"
+#include "core/portfolio/keyed_store.h"
+#include "core/portfolio/portfolio_text.h"
+#include "core/portfolio/ticker_list.h"
+
+#include <QSignalBlocker>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
+                     Portfolios& portfolios)
+    : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
+    connect(form.txtStock, &QLineEdit::textChanged, this, &TickerBox::UpperCase);
+    connect(form.txtStock, &QLineEdit::returnPressed, this, &TickerBox::EnterTickers);
+    connect(form.List1, &ListBox::Clicked, this, &TickerBox::UpdateToolTip);
+    connect(form.List1, &ListBox::DoubleClicked, this, &TickerBox::OpenSelected);
+    connect(form.List1, &ListBox::DeletePressed, this, [this] {
+        if (m_form.List1->ListIndex() >= 0)
+            m_portfolios.RemoveSelectedTicker();
+    });
+    connect(form.List1, &ListBox::MenuRequested, this, &TickerBox::PopUpTickerMenu);
+    connect(form.List1, &ListBox::PointerMoved, this, &TickerBox::EdgesTouched);
+    connect(form.menus->openLast, &QAction::triggered, this, &TickerBox::OpenSelected);
+    connect(form.menus->mnuTickNotes, &QAction::triggered, this, &TickerBox::EditNote);
+    connect(form.menus->goToTicker, &QAction::triggered, this, [this] {
+        m_form.txtStock->setFocus(Qt::ShortcutFocusReason);
+        m_form.txtStock->selectAll();
+    });
+    // The menu bar shows the same commands as the popup menu.
+    for (QMenu* menu : {form.menus->tickerMenu, form.menus->portfolioMenu})
+        connect(menu, &QMenu::aboutToShow, this, &TickerBox::FillTickerMenu);
+}
+
+void TickerBox::UpperCase(const QString& text) {
+    const int caret = m_form.txtStock->cursorPosition();
+    QString upper = text.toUpper();
+    // A column that was pasted out of a table is a row of symbols.
+    for (QChar& character : upper)
+        if (character == u'\n' || character == u'\r' || character == u'\t')
+            character = u' ';
+    if (upper == text)
+        return;
+    m_form.txtStock->setText(upper);
+    m_form.txtStock->setCursorPosition(caret);
+}
+
+void TickerBox::EnterTickers() {
+    const TickerEntry entry = tallowmere::EnterTickers(FromQt(m_form.txtStock->text().toUpper()),
+                                                       m_portfolios.ListedTickers());
+    QStringList added;
+    for (const std::string& ticker : entry.added)
+        added << ToQt(ticker);
+    m_form.List1->AddItems(added);
+    if (!entry.accepted)
+        return;
+    m_form.txtStock->clear();
+    if (m_form.List1->Count() > 0)
+        m_portfolios.SaveCurrentList();
+}
+
+void TickerBox::UpdateToolTip() {
+    if (!m_state.toolTips)
+        return;
+    const QString ticker = m_form.List1->SelectedText();
+    if (m_form.List1->ListIndex() < 0) {
+        m_form.List1->setToolTip(u"Ticker List"_s);
+        return;
+    }
+    if (m_state.lastLink == 0)
+        m_state.lastLink = kDefaultLink;
+    m_form.List1->setToolTip(
+        u"Ticker : "_s + ticker + u", DoubleClick opens "_s +
+        m_form.lbllink.at(static_cast<std::size_t>(m_state.lastLink))->Caption());
+}
+
+void TickerBox::OpenSelected() {
+    if (m_form.List1->ListIndex() < 0)
+        return;
+    if (m_state.lastLink == 0)
+        m_state.lastLink = kDefaultLink;
+    Q_EMIT OpenLastLink(m_state.lastLink);
+}
+
+void TickerBox::FillTickerMenu() {
+    const std::string ticker = FromQt(m_form.List1->SelectedText());
+    const bool selected = m_form.List1->ListIndex() >= 0;
+    std::string note;
+    if (selected)
+        TickerNotes(m_services.programFolder, note, "GET", ticker, "", kTickerNotesFile);
+    const TickerMenu menu = MakeTickerMenu(selected ? &ticker : nullptr, note,
+                                           m_state.currentPortfolio, m_form.List1->Count() == 0);
+    const MainMenus& menus = *m_form.menus;
+    menus.mnuDeleteTick->setText(MenuCaption(ToQt(menu.deleteCaption)));
+    menus.mnuMoveit()->setText(MenuCaption(ToQt(menu.moveCaption)));
+    menus.mnuCopyTo()->setText(MenuCaption(ToQt(menu.copyCaption)));
+    menus.mnuTickNote->menuAction()->setText(MenuCaption(ToQt(menu.noteCaption)));
+    menus.mnuTickNotes->setText(MenuCaption(ToQt(menu.note)));
+    menus.mnuTickNotes->setData(ToQt(menu.note));
+    menus.mnuCopyIt->setText(MenuCaption(ToQt(menu.copyAllCaption)));
+    for (QAction* item : {menus.mnuDeleteTick, menus.mnuMoveit(), menus.mnuCopyTo(),
+                          menus.mnuTickNote->menuAction()})
+        item->setEnabled(menu.hasTicker);
+    for (QAction* item : {menus.mnuCopyIt, menus.mnuMoveAll(), menus.mnuCopyAllPorts()})
+        item->setEnabled(menu.hasList);
+    for (std::size_t n = 1; n <= kPortfolioCount; ++n) {
+        for (const PortfolioMenu* targets :
+             {&menus.mnuMoveAllPort, &menus.mnuCopyAllPort, &menus.mnuMovePort, &menus.mnuCopyPort})
+            targets->items[n]->setEnabled(menu.targets[n - 1]);
+    }
+}
+
+void TickerBox::PopUpTickerMenu(const QPoint& position) {
+    FillTickerMenu();
+    m_form.menus->mnuRightTick->popup(position);
+}
+
+void TickerBox::EditNote() {
+    const QString ticker = m_form.List1->SelectedText();
+    const auto answer = m_services.prompts.Input(
+        u"Enter a personal note on "_s + ticker + u"\r\nClicking 'Cancel' will remove the note"_s,
+        u"Ticker Notes"_s, m_form.menus->mnuTickNotes->data().toString());
+    std::string ignored;
+    const std::string key = FromQt(ticker);
+    TickerNotes(m_services.programFolder, ignored, "REMOVE", key, "", kTickerNotesFile);
+    if (!answer || answer->isEmpty())
+        return;
+    m_form.menus->mnuTickNotes->setText(MenuCaption(*answer));
+    m_form.menus->mnuTickNotes->setData(*answer);
+    TickerNotes(m_services.programFolder, ignored, "SET", key, FromQt(*answer), kTickerNotesFile);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "app/base/Clock.h"
+#include "app/base/ProxySetting.h"
+#include "app/base/WebAccess.h"
+#include "core/portal/live_portal.h"
+
+#include <QDeadlineTimer>
+#include <QNetworkAccessManager>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <filesystem>
+
+class QNetworkReply;
+
+namespace tallowmere {
+
+/// Answers the portal's addresses with today's quotes: what a page needs and is not at hand is
+/// fetched from the sources first. Nothing is asked that no page needs.
+class LiveQuotes : public QObject {
+    Q_OBJECT
+public:
+    /// `sites` and `clock` are kept by reference. The quotes that an earlier run left in the file
+    /// `store` are shown, as stale, until there are newer ones; an empty path is no file. A page
+    /// waits for its quotes as long as `patience`; then it is made from what is there.
+    LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources, const Clock& clock,
+               std::filesystem::path store = {}, QObject* parent = nullptr,
+               std::chrono::milliseconds patience = std::chrono::seconds(25));
+    ~LiveQuotes() override;
+
+    /// The proxy and the access type, as for a transfer control.
+    void SetProxy(const QString& proxy) { m_proxy.proxy = proxy; }
+    void SetAccessType(int type) { m_proxy.accessType = type; }
+
+    /// Answers an address without its scheme: at once when all it needs is at hand, else later.
+    void Answer(const std::string& host, const std::string& pathAndQuery,
+                WebAccess::PortalReply reply);
+
+    /// Leaves the quotes at hand to a later run. What goes wrong is told on standard error.
+    void Save() const;
+
+private:
+    /// A page that waits for its quotes.
+    struct Page {
+        std::string host;
+        std::string pathAndQuery;
+        WebAccess::PortalReply reply;
+        std::vector<WantedPrices> needs; ///< from the back: what was found there is taken off
+        QDeadlineTimer patience;
+    };
+
+    void Proceed();
+    void Send(const SourceRequest& request);
+    void Take(QNetworkReply& reply, int id);
+    void AnswerWholePages();
+    bool IsWhole(Page& page) const;
+    std::int64_t Now() const { return m_clock.Now().toSecsSinceEpoch(); }
+
+    LivePortal m_portal;
+    SourceSchedule m_quotes;
+    const Clock& m_clock;
+    std::filesystem::path m_store;
+    std::chrono::milliseconds m_patience;
+    ProxySetting m_proxy;
+    QNetworkAccessManager m_network;
+    QTimer m_tick;
+    std::vector<Page> m_waiting;
+};
+
+} // namespace tallowmere

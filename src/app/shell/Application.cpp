@@ -1,0 +1,78 @@
+#include "app/shell/Application.h"
+
+#include "app/base/Prompts.h"
+#include "core/text/runtime_error.h"
+
+#include <QSocketNotifier>
+
+#ifndef _WIN32
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+#ifndef _WIN32
+int terminationSockets[2] = {-1, -1};
+
+void WriteTermination(int) {
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = write(terminationSockets[0], &byte, 1);
+}
+#endif
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // Without a display name: the platform would append it to the caption of every window.
+    setApplicationName(u"Tallowmere"_s);
+    setDesktopFileName(u"tallowmere"_s);
+    setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
+    QuitOnTermination();
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeError& error) {
+        Report(QString::fromUtf8(error.what()));
+    } catch (const std::exception& error) {
+        Report(u"Unexpected error: "_s + QString::fromUtf8(error.what()));
+    }
+    return true;
+}
+
+void Application::Report(const QString& text) {
+    if (m_prompts)
+        m_prompts->Message(text, MessageTitle());
+    else
+        qCritical("%s", qUtf8Printable(text));
+}
+
+// The engine writes cookies late: a termination signal has to close the window in order.
+void Application::QuitOnTermination() {
+#ifndef _WIN32
+    if (socketpair(AF_UNIX, SOCK_STREAM, 0, terminationSockets) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(terminationSockets[1], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+        notifier->setEnabled(false);
+        m_isEnding = true;
+        closeAllWindows();
+        // Unlike quit(), this ends the loops that the start waits in, too.
+        exit(0);
+    });
+    struct sigaction action = {};
+    action.sa_handler = WriteTermination;
+    action.sa_flags = SA_RESTART;
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        sigaction(number, &action, nullptr);
+#endif
+}
+
+} // namespace tallowmere

@@ -1,0 +1,72 @@
+#include "app/tools/ColorConfig.h"
+
+#include "app/base/QtText.h"
+#include "app/forms/frmMain.h"
+#include "app/portfolio/Portfolios.h"
+#include "core/shell/conversion.h"
+#include "core/shell/setting_keys.h"
+#include "core/text/runtime_error.h"
+
+#include <QApplication>
+#include <QEvent>
+
+namespace tallowmere {
+
+namespace {
+
+/// Of the hint in an empty box, which stays legible with it.
+constexpr float kHintOpacity = 0.75F;
+
+void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
+           QPalette::ColorRole background) {
+    // System colours are those of the system, not what an earlier call left on the control.
+    const QPalette system = QApplication::palette(control);
+    QPalette palette = control->palette();
+    palette.setColor(text, ScreenText(colors, system));
+    palette.setColor(background, ScreenColor(colors.background, system));
+    QColor hint = palette.color(text);
+    hint.setAlphaF(kHintOpacity);
+    palette.setColor(QPalette::PlaceholderText, hint);
+    control->setPalette(palette);
+}
+
+} // namespace
+
+AreaColors ReadAreaColors(const SettingsStore& settings) {
+    return AreaColors([&settings](std::string_view key) -> std::optional<std::uint32_t> {
+        const std::string value = settings.GetSetting(kColorsSection, key, "");
+        try {
+            return value.empty() ? std::nullopt : std::optional(ToColor(value));
+        } catch (const RuntimeError&) {
+            return std::nullopt; // the report at the start names it
+        }
+    });
+}
+
+ColorConfig::ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios)
+    : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {
+    form.installEventFilter(this);
+}
+
+void ColorConfig::Apply() {
+    const AreaColors colors = ReadAreaColors(m_services.settings);
+    Paint(m_form.txtStock, colors.Of("TE"), QPalette::Text, QPalette::Base);
+    Paint(m_form.List1, colors.Of("TL"), QPalette::Text, QPalette::Base);
+    m_portfolios.PaintNumbers();
+    Paint(m_form.WebStatus, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
+    Paint(m_form.lblStat, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
+    m_form.SetBackground(ScreenColor(colors.Of("Back").background, QApplication::palette(&m_form)));
+    for (Chip* link : m_form.lbllink) {
+        const std::string tag = FromQt(link->property("tag").toString());
+        if (const auto pair = colors.OfLink(link->Index(), tag, FromQt(link->Caption())))
+            link->SetColors(*pair);
+    }
+}
+
+bool ColorConfig::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        Apply();
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace tallowmere

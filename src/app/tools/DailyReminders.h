@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/base/Services.h"
+
+#include <QDate>
+#include <QObject>
+
+#include <optional>
+#include <vector>
+
+namespace tallowmere {
+
+class frmMain;
+class frmRemind;
+class LinkDispatch;
+
+/// The daily reminders: the dialog, and the look at the start whether there is one for today.
+class DailyReminders : public QObject {
+    Q_OBJECT
+public:
+    DailyReminders(frmMain& form, const Services& services, LinkDispatch& dispatch);
+
+    /// Opens the dialog when there is a reminder for today.
+    void CheckReminders();
+
+    /// Opens the dialog on today; there is never more than one.
+    void Open();
+
+    /// Fills the summary from the store and marks its days in the calendar.
+    void GetAppts();
+
+    /// Saves the text of the shown day if it was edited.
+    void SetRemind();
+
+    /// The dialog while it is open.
+    frmRemind* Dialog() const { return m_dialog; }
+
+private:
+    void Connect();
+    void ShowDay(const QDate& day);
+    void StoreText();
+    void EnterSummary(bool isByMouse);
+    void ChooseLine();
+    void ClearAll();
+    void ClearCurrent();
+    std::string Notes(std::string_view operation, std::string_view text = {}) const;
+    std::string Content() const;
+    /// The content of the store once the shown day has no record.
+    std::string WithoutShownDay() const;
+    /// Tells the user when the store does not hold what it should by now.
+    void Expect(std::string_view content) const;
+
+    frmMain& m_form;
+    Services m_services;
+    frmRemind* m_dialog = nullptr;
+    QDate m_day; ///< the day whose text is shown
+    bool m_isChanged = false;
+    bool m_isSummaryStale = false;
+    std::vector<std::optional<Date>> m_days; ///< of the lines of the summary
+};
+
+} // namespace tallowmere

@@ -1,0 +1,105 @@
+#include "core/custom/custom_link.h"
+
+#include "core/shell/conversion.h"
+#include "core/shell/setting_keys.h"
+#include "core/text/bytes.h"
+#include "core/tools/color_areas.h"
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::string_view kAddress = "Custom";
+constexpr std::string_view kTitle = "CustomT";
+constexpr std::string_view kFore = "CustomF";
+constexpr std::string_view kBack = "CustomB";
+
+std::string KeyOf(std::string_view prefix, int slot) {
+    return std::string(prefix) + std::to_string(slot);
+}
+
+std::string Load(const SettingsStore& settings, std::string_view prefix, int slot) {
+    const std::string key = KeyOf(prefix, slot);
+    return settings.GetSetting(kSettingsSection, key, DefaultOf(kSettingsSection, key));
+}
+
+std::uint32_t LoadColor(const SettingsStore& settings, std::string_view prefix, int slot) {
+    return ToColor(UsableSetting(settings, kSettingsSection, KeyOf(prefix, slot)));
+}
+
+void Save(SettingsStore& settings, std::string_view prefix, int slot, std::string_view value) {
+    settings.SaveSetting(kSettingsSection, KeyOf(prefix, slot), value);
+}
+
+std::uint32_t AreaColor(const SettingsStore& settings, const std::string& key,
+                        std::uint32_t fallback) {
+    const std::string text = settings.GetSetting(kColorsSection, key, FromColor(fallback));
+    return CheckValue(SettingKind::Color, text).empty() ? ToColor(text) : fallback;
+}
+
+} // namespace
+
+std::string OverwriteQuestion(std::string_view caption) {
+    return "Do you want to overwrite the '" + std::string(caption) + "' link?";
+}
+
+std::string_view CutTitle(std::string_view title) {
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < title.size(); ++i) {
+        const bool continues = (static_cast<unsigned char>(title[i]) >> 6) == 2;
+        if (!continues && ++characters > kLongestTitle)
+            return title.substr(0, i);
+    }
+    return title;
+}
+
+bool MaySaveCustomLink(std::string_view title, std::string_view address) {
+    return !title.empty() && !(IsUnusedSlot(title) && !Trim(address).empty());
+}
+
+ColorPair StorableColors(ColorPair colors) {
+    return ColorsOver({kNearBlack, kNearBlack}, colors);
+}
+
+ColorPair ColorsOver(ColorPair shown, ColorPair record) {
+    return {record.text == 0 ? shown.text : record.text,
+            record.background == 0 ? shown.background : record.background};
+}
+
+ColorPair CustomAreaColors(const SettingsStore& settings) {
+    return {AreaColor(settings, TextColorKey("CUST"), kSystemWindowText),
+            AreaColor(settings, BackgroundColorKey("CUST"), kEditedCustomBackground)};
+}
+
+CustomLinkRecord LoadCustomLink(const SettingsStore& settings, int slot) {
+    return {Load(settings, kAddress, slot),
+            Load(settings, kTitle, slot),
+            {LoadColor(settings, kFore, slot), LoadColor(settings, kBack, slot)}};
+}
+
+void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& record) {
+    Save(settings, kAddress, slot, record.address);
+    Save(settings, kTitle, slot, record.title);
+    SaveLinkColors(settings, slot, StorableColors(record.colors));
+}
+
+void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors) {
+    Save(settings, kFore, slot, FromColor(colors.text));
+    Save(settings, kBack, slot, FromColor(colors.background));
+}
+
+void ResetCustomLink(SettingsStore& settings, int slot) {
+    Save(settings, kAddress, slot, "");
+    Save(settings, kTitle, slot, kEmptyCustomCaption);
+    SaveLinkColors(settings, slot, CustomAreaColors(settings));
+}
+
+void MoveCustomLink(SettingsStore& settings, int from, int to) {
+    if (from == to || !IsCustomSlot(from) || !IsCustomSlot(to))
+        return;
+    for (const std::string_view prefix : {kAddress, kTitle, kFore, kBack})
+        Save(settings, prefix, to, Load(settings, prefix, from));
+    ResetCustomLink(settings, from);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "core/sites/site_table.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tallowmere {
+
+/// Where an address of the streaming-quote service's stock lookup goes instead: its redirect page,
+/// with the portal's form of an index symbol. None for any other address.
+std::optional<std::string> RewriteStockLookup(std::string_view address, const SiteTable& sites);
+
+/// The frame line of one page of a multi-link, with its line end.
+std::string MultiLinkFrame(std::string_view address);
+
+} // namespace tallowmere

@@ -1,0 +1,117 @@
+#include "core/portal/html_page.h"
+
+#include "core/text/bytes.h"
+
+#include <algorithm>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::size_t kLongestShown = 2000;
+
+// Every pair of text and background has a contrast above 4.5 in both schemes.
+constexpr std::string_view kStyle = R"(
+:root { color-scheme: light dark; --text: #1f2328; --quiet: #57606a; --page: #ffffff;
+  --line: #d0d7de; --head: #f0f3f6; --link: #0a58a6; --up: #14692f; --down: #b3261e;
+  --note-text: #5c3a00; --note: #fff1d0; }
+@media (prefers-color-scheme: dark) { :root { --text: #e6edf3; --quiet: #a3adb8; --page: #14181d;
+  --line: #39424d; --head: #1f252c; --link: #78b4ff; --up: #5fd080; --down: #ff8f86;
+  --note-text: #ffe2a8; --note: #43330f; } }
+body { margin: 0 auto; max-width: 70rem; padding: 0 1rem 1rem; font: 0.95rem/1.45 sans-serif;
+  color: var(--text); background: var(--page); }
+.note { margin: 0 -1rem 1rem; padding: 0.4rem 1rem; font-weight: bold; color: var(--note-text);
+  background: var(--note); }
+h1 { margin: 0 0 0.2rem; font-size: 1.5rem; }
+h2 { margin: 1.4rem 0 0.4rem; font-size: 1.1rem; }
+p { margin: 0.3rem 0; }
+a { color: var(--link); }
+.quiet { color: var(--quiet); }
+.up { color: var(--up); }
+.down { color: var(--down); }
+.price { font-size: 1.6rem; font-weight: bold; }
+code { overflow-wrap: anywhere; }
+table.figures { border-collapse: collapse; margin: 0.5rem 0; }
+table.figures th, table.figures td { padding: 0.2rem 0.7rem; text-align: right;
+  border-bottom: 1px solid var(--line); font-variant-numeric: tabular-nums; }
+table.figures th { background: var(--head); }
+table.figures th:first-child, table.figures td:first-child,
+table.names th:nth-child(2), table.names td:nth-child(2) { text-align: left; }
+table.figures td { white-space: nowrap; }
+.beside { display: flex; flex-wrap: wrap; gap: 0 2rem; align-items: start; }
+svg, img { max-width: 100%; height: auto; }
+nav a { margin-right: 0.9rem; }
+table[border] { border-collapse: collapse; margin: 0.6rem 0; }
+table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
+body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap;
+  display: flex; overflow: hidden; }
+.strip .note { flex: none; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }
+.strip .runs { overflow: hidden; flex: 1; }
+.strip .run { display: inline-block; animation: run linear infinite; }
+.strip:hover .run, .strip:focus-within .run { animation-play-state: paused; }
+.strip .run > span { display: inline-block; min-width: 100vw; }
+.strip .run > span > span { margin-right: 1.4rem; }
+@keyframes run { to { transform: translateX(-50%); } }
+@media (prefers-reduced-motion: reduce) { .strip .run { animation: none; }
+  .strip .runs { overflow-x: auto; } .strip [aria-hidden] { display: none; } }
+@media print { body { max-width: none; padding: 0; font-size: 10pt; } nav { display: none; }
+  .note { margin: 0 0 0.5rem; border: 1px solid; } }
+)";
+
+// The run goes by the clock, so that it stands where it stood when the page comes anew. Nothing is
+// loaded while nobody sees it or while somebody is about to click.
+constexpr std::string_view kStripScript = R"(<script>
+const run = document.querySelector(".run");
+const seconds = parseFloat(run.style.animationDuration);
+run.style.animationDelay = -(Date.now() / 1000 % seconds) + "s";
+setInterval(() => {
+  if (!document.hidden && !document.querySelector("body:hover, :focus")) location.reload();
+}, 60000);
+</script>)";
+
+std::string Page(const PageFrame& frame, std::string_view title, std::string_view bodyAttribute,
+                 std::string_view note, std::string_view body) {
+    std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
+    page.append(ShownText(title)).append(ShownText(frame.titleEnd)).append("</title><style>");
+    page.append(kStyle);
+    page.append("</style></head>\n<body").append(bodyAttribute).append(">");
+    if (!note.empty())
+        page.append("<p class=\"note\">").append(ShownText(note)).append("</p>\n");
+    page.append(body).append("\n</body></html>\n");
+    return page;
+}
+
+} // namespace
+
+std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string_view body) {
+    return Page(frame, title, "", frame.note, body);
+}
+
+std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
+                      std::size_t seconds) {
+    const std::string duration = std::to_string(std::max<std::size_t>(seconds, 1));
+    std::string body =
+        "<div class=\"runs\"><div class=\"run\" style=\"animation-duration:" + duration +
+        "s\"><span>";
+    // The second run is there for the eye and the pointer alone.
+    body.append(run).append("</span><span aria-hidden=\"true\">");
+    body.append(ReplaceAll(run, "<a ", "<a tabindex=\"-1\" "))
+        .append("</span></div></div>\n")
+        .append(kStripScript);
+    return Page(frame, title, " class=\"strip\"", frame.stripNote, body);
+}
+
+std::string ShownText(std::string_view text) {
+    const bool isLong = text.size() > kLongestShown;
+    std::string shown(text.substr(0, kLongestShown));
+    std::replace_if(
+        shown.begin(), shown.end(),
+        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    return EscapeHtml(shown) + (isLong ? " ..." : "");
+}
+
+std::string HtmlLink(std::string_view href, std::string_view text) {
+    return "<a href=\"" + EscapeHtml(href) + "\">" + ShownText(text) + "</a>";
+}
+
+} // namespace tallowmere

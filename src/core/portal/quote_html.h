@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/portal/market_view.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Pieces of the portal's pages for people.
+namespace tallowmere {
+
+/// Name and ticker, the last price with its change, a table of figures and the chart of a period.
+std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period period);
+
+/// A table with a row per ticker: last price, change, volume, capitalisation. Unknown tickers have
+/// a row that says so.
+std::string QuoteTable(const MarketView& market, const std::vector<std::string>& symbols);
+
+/// The market indices, and the shares of the strip that rose and fell most.
+std::string MarketBlock(const MarketView& market);
+
+/// Links to the pages about one ticker.
+std::string SiblingLinks(const MarketView& market, std::string_view symbol);
+
+/// The path of the page of quotes of a ticker.
+std::string QuotePath(std::string_view symbol);
+
+/// A text about a change in the colour of its direction.
+std::string ColouredChange(const std::optional<double>& change, std::string_view text);
+
+/// Two ends of a range, "-" when one is not known.
+std::string RangeText(const std::optional<double>& low, const std::optional<double>& high);
+
+} // namespace tallowmere

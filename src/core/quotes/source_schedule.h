@@ -1,0 +1,146 @@
+#pragma once
+
+#include "core/quotes/quote_store.h"
+#include "core/quotes/source_table.h"
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// Which source is asked what, and when: a machine without a clock or a network of its own.
+namespace tallowmere {
+
+/// A span of time in which something is not done. A clock that was set back ends it, so that it
+/// never lasts longer than it was meant to.
+struct Pause {
+    std::int64_t since = 0;
+    std::int64_t length = 0;
+
+    bool Holds(std::int64_t now) const { return now >= since && now - since < length; }
+};
+
+/// A request that is to be sent now.
+struct SourceRequest {
+    int id = 0;
+    std::string address;
+    std::string userAgent;
+    int timeout = 0; ///< in seconds
+};
+
+/// What is known about a symbol.
+template <typename Value>
+struct Kept {
+    const Value* value = nullptr; ///< null when nothing ever was; valid until the next call
+    std::int64_t receivedAt = 0;  ///< epoch seconds
+    bool stale = false;           ///< a later attempt to get a newer one ended in nothing
+};
+
+/// How a source has been doing.
+struct SourceReport {
+    std::string name;
+    bool enabled = true;
+    int requestsToday = 0;
+    std::int64_t pausedUntil = 0; ///< 0 when it may be asked
+    std::int64_t lastGood = 0;    ///< 0 for never
+    std::optional<SourceFailure> lastFailure;
+};
+
+/// Asks the sources of a table for symbols, in order, until each symbol has an answer or no source
+/// is left. One request at a time goes to a host; a source that refuses or fails rests; no symbol
+/// is asked of the same source again before its interval. Every `now` is in epoch seconds.
+class SourceSchedule {
+public:
+    explicit SourceSchedule(SourceTable table);
+
+    /// Puts symbols (in any spelling) on the list of what is to be fetched. What is on it, or was
+    /// fetched a moment ago, is not put there again.
+    void Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now);
+
+    /// The next request to send, none when all is sent, answered or given up. To be asked again
+    /// after each answer, and once a second while IsBusy.
+    std::optional<SourceRequest> Next(std::int64_t now);
+
+    /// Takes the answer to a request. An answer that comes after its time is passed over.
+    void Answer(int id, const SourceResponse& response, std::int64_t now);
+
+    /// Whether anything is wanted that was neither answered nor given up.
+    bool IsBusy() const { return m_pending > 0; }
+    bool IsPending(PriceSpan span, std::string_view symbol) const;
+
+    Kept<Quote> FindQuote(std::string_view symbol) const;
+    Kept<PriceSeries> FindSeries(PriceSpan span, std::string_view symbol) const;
+
+    std::vector<SourceReport> Reports(std::int64_t now) const;
+
+    /// All quotes at hand, for a later run.
+    std::vector<KeptQuote> KeptQuotes() const;
+    /// Takes the quotes of an earlier run. They are stale until there are newer ones.
+    void Restore(const std::vector<KeptQuote>& quotes);
+
+private:
+    using Key = std::pair<PriceSpan, std::string>;
+
+    /// One symbol over one span: what is known and how far the present search is.
+    struct Subject {
+        bool pending = false;
+        bool stale = false;
+        std::size_t source = 0; ///< that the value came from
+        std::int64_t receivedAt = 0;
+        std::optional<Quote> quote;
+        std::optional<PriceSeries> series;
+        std::vector<Pause> asked; ///< by source
+
+        bool Holds() const { return quote || series; }
+    };
+
+    struct HostState {
+        std::optional<int> inFlight;
+        Pause rest;
+        int failures = 0; ///< in a row
+    };
+
+    struct RowState {
+        std::string host;
+        std::map<PriceSpan, std::deque<Key>> queues;
+        Pause rest;
+        int failures = 0; ///< in a row, of answers that could not be read
+        std::int64_t day = 0;
+        int requestsToday = 0;
+        std::int64_t lastGood = 0;
+        std::optional<SourceFailure> lastFailure;
+    };
+
+    struct Flight {
+        std::size_t row = 0;
+        PriceSpan span = PriceSpan::Quote;
+        std::vector<std::string> symbols;
+        Pause patience;
+    };
+
+    const Subject* Find(PriceSpan span, std::string_view symbol) const;
+    void PassOn(const Key& key, std::size_t firstRow, std::int64_t now);
+    void Settle(Subject& subject, bool gaveUp);
+    bool MayAsk(std::size_t row, std::int64_t now) const;
+    SourceRequest Send(std::size_t row, std::deque<Key>& queue, std::int64_t now);
+    void EndFlight(int id, const SourceAnswer& answer, std::string_view retryAfter,
+                   std::int64_t now);
+    void Rest(std::size_t row, SourceFailure failure, std::string_view retryAfter,
+              std::int64_t now);
+    void GiveUpLateFlights(std::int64_t now);
+    template <typename Value>
+    void Keep(const Value& value, std::optional<Value> Subject::*member, const Flight& flight,
+              std::int64_t now);
+
+    SourceTable m_table;
+    std::vector<RowState> m_rows;
+    std::map<std::string, HostState> m_hosts;
+    std::map<Key, Subject> m_subjects;
+    std::map<int, Flight> m_flights;
+    int m_lastId = 0;
+    std::size_t m_pending = 0;
+};
+
+} // namespace tallowmere

@@ -1,0 +1,33 @@
+#include "core/tools/engine_age.h"
+
+#include <charconv>
+#include <chrono>
+
+namespace tallowmere {
+
+namespace {
+
+// Version 108 came out on 29 November 2022.
+constexpr int kKnownVersion = 108;
+constexpr std::chrono::year_month_day kKnownRelease{std::chrono::year{2022}, std::chrono::November,
+                                                    std::chrono::day{29}};
+constexpr std::chrono::days kBetweenVersions{28};
+constexpr std::chrono::days kOldAge{182};
+
+} // namespace
+
+bool IsOldEngine(std::string_view patchVersion, Date today) {
+    int version = 0;
+    const auto [end, error] =
+        std::from_chars(patchVersion.data(), patchVersion.data() + patchVersion.size(), version);
+    if (error != std::errc{} || version <= 0)
+        return true;
+    const std::chrono::sys_days day = std::chrono::year_month_day{
+        std::chrono::year{today.year}, std::chrono::month{static_cast<unsigned>(today.month)},
+        std::chrono::day{static_cast<unsigned>(today.day)}};
+    const auto release =
+        std::chrono::sys_days{kKnownRelease} + (version - kKnownVersion) * kBetweenVersions;
+    return day - release >= kOldAge;
+}
+
+} // namespace tallowmere

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "core/text/date.h"
+
+#include <string_view>
+
+namespace tallowmere {
+
+/// Whether a web engine with security patches of a Chromium version ("108.0.5359.124") lags behind
+/// the web by half a year or more. Versions appear every four weeks, so that the number tells the
+/// age; a text that is no version counts as old.
+bool IsOldEngine(std::string_view patchVersion, Date today);
+
+} // namespace tallowmere

@@ -1,0 +1,68 @@
+#include "app/base/Prompts.h"
+
+#include "support/ModalDialog.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class PromptsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void AMessageHasAnInformationIconAndItsTextAsItIs() {
+        DialogPrompts prompts;
+        WithDialog<QMessageBox>([&] { prompts.Message(u"<b>A</b> & B"_s, u"Quorvane"_s); },
+                                [](QMessageBox& box) {
+                                    QCOMPARE(box.windowTitle(), u"Quorvane"_s);
+                                    QCOMPARE(box.text(), u"<b>A</b> & B"_s);
+                                    QCOMPARE(box.textFormat(), Qt::PlainText);
+                                    QCOMPARE(box.icon(), QMessageBox::Information);
+                                });
+    }
+
+    void AQuestionIsAnsweredByYesAlone() {
+        DialogPrompts prompts;
+        for (const auto button : {QMessageBox::Yes, QMessageBox::No, QMessageBox::NoButton}) {
+            bool answer = false;
+            WithDialog<QMessageBox>(
+                [&] { answer = prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s); },
+                [&](QMessageBox& box) {
+                    QCOMPARE(box.text(), u"Clear Stock List?"_s);
+                    if (button == QMessageBox::NoButton)
+                        QTest::keyClick(&box, Qt::Key_Escape);
+                    else
+                        box.button(button)->click();
+                });
+            QCOMPARE(answer, button == QMessageBox::Yes);
+        }
+    }
+
+    void AnInputShowsItsPromptAsItIsAndGivesWhatWasTyped() {
+        DialogPrompts prompts;
+        const QString prompt = u"A note on <B>R&D</B>\r\nand more"_s;
+        std::optional<QString> answer;
+        const auto ask = [&] { answer = prompts.Input(prompt, u"Ticker Notes"_s, u"old"_s); };
+        WithDialog<QDialog>(ask, [&](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Ticker Notes"_s);
+            const auto* label = dialog.findChild<QLabel*>();
+            QCOMPARE(label->text(), prompt);
+            QCOMPARE(label->textFormat(), Qt::PlainText);
+            // A label that belongs to a box shows an ampersand as an access key.
+            QVERIFY(!label->buddy());
+            auto* box = dialog.findChild<QLineEdit*>();
+            QCOMPARE(box->text(), u"old"_s);
+            QCOMPARE(box->selectedText(), u"old"_s);
+            QTest::keyClicks(box, u"new"_s);
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        QCOMPARE(answer, std::optional(u"new"_s));
+        WithDialog<QDialog>(ask, [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        QCOMPARE(answer, std::nullopt);
+    }
+};
+
+QTEST_MAIN(PromptsTest)
+#include "PromptsTest.moc"

@@ -1,0 +1,248 @@
+#include "app/custom/CustomEditor.h"
+#include "app/engine/BrowserPane.h"
+#include "core/text/files.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class CustomMenuTest : public QObject {
+    Q_OBJECT
+private:
+    static QMenu& Menu(TestSession& session) {
+        return *session.Form().findChild<QMenu*>(u"mnuCustom"_s);
+    }
+    static QAction* Item(TestSession& session, int item) {
+        return Menu(session).findChild<QAction*>(u"mnuCustLnk"_s + QString::number(item));
+    }
+
+    /// Pops the menu of a slot up and clicks one of its items.
+    static void Choose(TestSession& session, int slot, int item) {
+        QTest::mouseClick(session.Link(slot), Qt::RightButton);
+        QMenu& menu = Menu(session);
+        QVERIFY(menu.isVisible());
+        QTest::mouseClick(&menu, Qt::LeftButton, {},
+                          menu.actionGeometry(Item(session, item)).center());
+    }
+
+    static void StoreLink(TestSession& session, int slot, const char* title, const char* fore,
+                          const char* back) {
+        const std::string number = std::to_string(slot);
+        session.Store(("Custom" + number).c_str(), ("http://h.example/" + number).c_str());
+        session.Store(("CustomT" + number).c_str(), title);
+        session.Store(("CustomF" + number).c_str(), fore);
+        session.Store(("CustomB" + number).c_str(), back);
+    }
+
+    /// Drops what is dragged from one slot on another, as the window system tells it.
+    static void Drop(TestSession& session, int from, int to) {
+        QMimeData mime;
+        mime.setData(u"application/x-tallowmere-link"_s, QByteArray::number(from));
+        const QPoint center = session.Link(to)->rect().center();
+        QDragEnterEvent enter(center, Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(session.Link(to), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(center, Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(session.Link(to), &drop);
+    }
+
+private Q_SLOTS:
+    void TheMenuHasItsSevenEntries() {
+        TestSession session;
+        session.Start();
+        QMenu& menu = Menu(session);
+        QCOMPARE(menu.title(), u"Custom"_s);
+        QCOMPARE(menu.actions().size(), 7);
+        const QStringList captions{u"Open"_s, u"Open in New Window"_s, u"Properties"_s,  u"Reset"_s,
+                                   QString(), u"Copy Colors"_s,        u"Paste Colors"_s};
+        for (int item = 1; item <= 7; ++item) {
+            QCOMPARE(menu.actions().at(item - 1), Item(session, item));
+            QCOMPARE(Item(session, item)->text(), captions.at(item - 1));
+        }
+        QVERIFY(Item(session, 5)->isSeparator());
+    }
+
+    void TheEdgesAreHeldWhileTheMenuIsOpen() {
+        TestSession session;
+        StoreLink(session, 101, "Abc", "255", "65280");
+        session.Start();
+        QTest::mouseClick(session.Link(101), Qt::RightButton);
+        QVERIFY(Menu(session).isVisible());
+        QCOMPARE(session->State().currentCustomSlot, 101);
+        QVERIFY(session->State().edgesHeld);
+        QTest::keyClick(&Menu(session), Qt::Key_Escape);
+        QVERIFY(!session->State().edgesHeld);
+    }
+
+    void OpenLoadsTheLinksPage() {
+        TestSession session;
+        StoreLink(session, 102, "Abc", "255", "65280");
+        session.Start();
+        Choose(session, 102, 1);
+        QTRY_VERIFY(session.asked.contains(u"h.example/102"_s));
+    }
+
+    void OpenInNewWindowLeavesThePanesAlone() {
+        TestSession session;
+        StoreLink(session, 103, "Abc", "255", "65280");
+        session.Start();
+        QString inPane;
+        QObject::connect(session.Form().Web, &BrowserPane::BeforeNavigate2,
+                         [&](const QString& address, const bool* cancel) {
+                             inPane = address + (*cancel ? u" cancelled"_s : QString());
+                         });
+        Choose(session, 103, 2);
+        QCOMPARE(inPane, u"http://h.example/103 cancelled"_s);
+        QVERIFY(!session->State().rightPressed);
+    }
+
+    void PropertiesOpensTheEditor() {
+        TestSession session;
+        StoreLink(session, 104, "Abc", "255", "65280");
+        session.Start();
+        Choose(session, 104, 3);
+        const frmCustom* editor = session->Editor().Editor();
+        QVERIFY(editor);
+        QCOMPARE(editor->txtTitle->text(), u"Abc"_s);
+        QTest::mouseClick(editor->Command3, Qt::LeftButton);
+        QVERIFY(!session->State().templateMode);
+    }
+
+    void PropertiesStartsTheRecordingThatTheEditorPrepared() {
+        TestSession session;
+        StoreLink(session, 104, "Abc", "255", "65280");
+        session.Start();
+        Choose(session, 104, 3);
+        QTest::mouseClick(session->Editor().Editor()->cmdMulti, Qt::LeftButton);
+        QVERIFY(session->State().templateMode);
+        QCOMPARE(session->State().multiLinkSlot, 104);
+        QCOMPARE(session.Stored("Custom104"), u"MULTILINK:Abc.mlnk"_s);
+    }
+
+    void ResetEmptiesTheSlotAndKeepsThePageFile() {
+        TestSession session;
+        StoreLink(session, 105, "Abc", "255", "65280");
+        session.Store("Custom105", "MULTILINK:Abc.mlnk");
+        session.Settings().SaveSetting("Colors", "bCUST", "0");
+        session.Start();
+        WriteWholeFile(session.Folder() / "Abc.mlnk", "page");
+        Choose(session, 105, 4);
+        QCOMPARE(session.Link(105)->Caption(), u"< Custom >"_s);
+        QCOMPARE(session.Link(105)->Colors(), (ColorPair{0x80000008, 0}));
+        QCOMPARE(session.Stored("Custom105"), QString());
+        QCOMPARE(session.Stored("CustomT105"), u"< Custom >"_s);
+        QCOMPARE(session.Stored("CustomF105"), u"-2147483640"_s);
+        QCOMPARE(session.Stored("CustomB105"), u"0"_s);
+        QVERIFY(std::filesystem::exists(session.Folder() / "Abc.mlnk"));
+    }
+
+    void ColoursAreCopiedFromOneLinkToAnother() {
+        TestSession session;
+        StoreLink(session, 101, "One", "255", "65280");
+        StoreLink(session, 102, "Two", "1", "2");
+        session.Start();
+        QVERIFY(!Item(session, 7)->isEnabled());
+        Choose(session, 102, 7);
+        QCOMPARE(session.Stored("CustomF102"), u"1"_s);
+        QTest::keyClick(&Menu(session), Qt::Key_Escape);
+        Choose(session, 101, 6);
+        QVERIFY(Item(session, 7)->isEnabled());
+        Choose(session, 102, 7);
+        QCOMPARE(session.Link(102)->Colors(), (ColorPair{255, 65280}));
+        QCOMPARE(session.Stored("CustomF102"), u"255"_s);
+        QCOMPARE(session.Stored("CustomB102"), u"65280"_s);
+        QCOMPARE(session.Stored("CustomT102"), u"Two"_s);
+    }
+
+    void AfterACopyOfABlackTextPasteDoesNothing() {
+        TestSession session;
+        StoreLink(session, 101, "One", "255", "65280");
+        StoreLink(session, 102, "Two", "1", "2");
+        session.Start();
+        session.Link(101)->SetColors({0, 65280});
+        Choose(session, 101, 6);
+        QVERIFY(Item(session, 7)->isEnabled());
+        Choose(session, 102, 7);
+        QCOMPARE(session.Link(102)->Colors(), (ColorPair{1, 2}));
+        QCOMPARE(session.Stored("CustomF102"), u"1"_s);
+    }
+
+    void ARightClickOnAnUnusedSlotOpensTheEditor() {
+        TestSession session;
+        session.Start();
+        QTest::mouseClick(session.Link(120), Qt::RightButton);
+        QVERIFY(!Menu(session).isVisible());
+        QVERIFY(session->Editor().Editor());
+        QCOMPARE(session->State().currentCustomSlot, 120);
+    }
+
+    void ALinkDroppedOnAnUnusedSlotMovesWithoutAQuestion() {
+        TestSession session;
+        StoreLink(session, 101, "One", "255", "65280");
+        session.Start();
+        Drop(session, 101, 150);
+        QCOMPARE(session.prompts.messages, QStringList());
+        QCOMPARE(session.Link(150)->Caption(), u"One"_s);
+        QCOMPARE(session.Link(150)->Colors(), (ColorPair{255, 65280}));
+        QCOMPARE(session.Stored("Custom150"), u"http://h.example/101"_s);
+        QCOMPARE(session.Stored("CustomF150"), u"255"_s);
+        QCOMPARE(session.Link(101)->Caption(), u"< Custom >"_s);
+        QCOMPARE(session.Link(101)->Colors(), (ColorPair{0x80000008, 0xC0E0FF}));
+        QCOMPARE(session.Stored("Custom101"), QString());
+        QCOMPARE(session.Stored("CustomT101"), u"< Custom >"_s);
+        QCOMPARE(session.Stored("CustomB101"), u"12640511"_s);
+    }
+
+    void ALinkDroppedOnAnotherIsMovedOnlyOnYes() {
+        TestSession session;
+        StoreLink(session, 101, "One", "255", "65280");
+        StoreLink(session, 102, "R&D", "1", "2");
+        session.Start();
+        Drop(session, 101, 102);
+        const QString question = u"Move Custom Link: Do you want to overwrite the 'R&D' link?"_s;
+        QCOMPARE(session.prompts.messages, QStringList{question});
+        QCOMPARE(session.Link(101)->Caption(), u"One"_s);
+        QCOMPARE(session.Link(102)->Caption(), u"R&D"_s);
+        QCOMPARE(session.Stored("Custom102"), u"http://h.example/102"_s);
+        session.prompts.answers = {true};
+        Drop(session, 101, 102);
+        QCOMPARE(session.Link(102)->Caption(), u"One"_s);
+        QCOMPARE(session.Stored("Custom102"), u"http://h.example/101"_s);
+        QCOMPARE(session.Link(101)->Caption(), u"< Custom >"_s);
+    }
+
+    void AnUnusedSlotIsNotDragged() {
+        TestSession session;
+        session.Start();
+        Chip* link = session.Link(101);
+        QTest::mousePress(link, Qt::LeftButton);
+        QVERIFY(session->State().edgesHeld);
+        const QPointF away = link->rect().center() + QPoint(200, 0);
+        QMouseEvent move(QEvent::MouseMove, away, link->mapToGlobal(away), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(link, &move);
+        QVERIFY(!link->findChild<QDrag*>());
+        QVERIFY(session->State().edgesHeld);
+        QTest::mouseRelease(link, Qt::LeftButton, {}, away.toPoint());
+    }
+
+    void ALinkWithoutColoursOfItsOwnMovesAsItLooks() {
+        TestSession session;
+        StoreLink(session, 101, "One", "0", "0");
+        StoreLink(session, 102, "Two", "1", "2");
+        session.Start();
+        const ColorPair shown = session.Link(101)->Colors();
+        session.prompts.answers = {true};
+        Drop(session, 101, 102);
+        QCOMPARE(session.Link(102)->Colors(), shown);
+        QCOMPARE(session.Stored("CustomF102"), u"0"_s);
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(CustomMenuTest)
+#include "CustomMenuTest.moc"

@@ -1,0 +1,471 @@
+#include "app/engine/BrowserPane.h"
+
+#include "app/base/WebAccess.h"
+#include "app/engine/EngineProfile.h"
+#include "app/engine/PaneNotice.h"
+#include "app/engine/PanePage.h"
+#include "core/text/files.h"
+#include "support/Await.h"
+#include "support/LoopbackServer.h"
+#include "support/TestPrompts.h"
+#include "support/WebTest.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QWebEngineView>
+
+#include <csignal>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+using Ending = CannedPage::Ending;
+
+namespace {
+
+/// A pane on a fresh profile, beside a server that knows a few pages.
+struct Bench {
+    explicit Bench(WebMode mode = WebMode::Direct) : access(mode) {
+        server.Serve(u"/a"_s, "<title>a</title><body style='margin:0'>"
+                              "<a href='/b?x=1' style='display:block;height:300px'>b</a>");
+        server.Serve(u"/b"_s, "<title>b</title>");
+        pane.resize(400, 300);
+        pane.show();
+        QObject::connect(&pane, &BrowserPane::BeforeNavigate2, &pane,
+                         [this](const QString& address, bool* cancel) {
+                             before << address;
+                             *cancel = isCancelling;
+                         });
+    }
+
+    /// Navigates and waits for the end of the load; false when there is none.
+    bool Show(const QString& address) {
+        pane.Navigate(address);
+        return WaitForEnd();
+    }
+    bool WaitForEnd() {
+        return Await([this] { return !pane.Busy(); });
+    }
+    PanePage* Page() { return profile.findChild<PanePage*>(); }
+    QVariant Run(const QString& script) {
+        QVariant result;
+        bool isDone = false;
+        Page()->runJavaScript(script, [&](const QVariant& value) {
+            result = value;
+            isDone = true;
+        });
+        [[maybe_unused]] const bool ran = Await([&] { return isDone; });
+        return result;
+    }
+    /// A real click into the page; a page that was never clicked may not make history.
+    void ClickPage() {
+        QWidget* view = pane.findChild<QWebEngineView*>()->focusProxy();
+        QTest::mouseClick(view, Qt::LeftButton, {}, {100, 100});
+    }
+    QString Title() { return Page()->title(); }
+    bool HasNotice() { return pane.findChild<PaneNotice*>()->isVisible(); }
+    QString NoticeText(const QString& label) { return pane.findChild<QLabel*>(label)->text(); }
+    void ClickNotice(const QString& button) {
+        QTest::mouseClick(pane.findChild<QPushButton*>(button), Qt::LeftButton);
+    }
+
+    LoopbackServer server;
+    TestPrompts prompts;
+    QTemporaryDir folder;
+    WebAccess access;
+    EngineProfile profile{folder.path() + u"/engine"_s, folder.path(), access, prompts};
+    BrowserPane pane{profile, prompts};
+    QStringList before;
+    bool isCancelling = false;
+};
+
+} // namespace
+
+class BrowserPaneTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void NothingIsStartedBeforeTheFirstNavigation() {
+        Bench bench;
+        bench.pane.GoBack();
+        bench.pane.Refresh();
+        bench.pane.Stop();
+        bench.pane.Navigate(u""_s);
+        bench.pane.Navigate(u"  "_s);
+        QVERIFY(!bench.Page());
+        QVERIFY(bench.before.isEmpty());
+        QCOMPARE(bench.pane.LocationURL(), QString());
+    }
+
+    void AnAddressIsSeenAsGivenAndAskedOfTheServer() {
+        Bench bench;
+        const QString address = bench.server.Address(u"/a?q=%02x%26q%3dY&s=msft "_s);
+        QSignalSpy progress(&bench.pane, &BrowserPane::ProgressChange);
+        QSignalSpy status(&bench.pane, &BrowserPane::StatusTextChange);
+        bench.pane.Navigate(address);
+        QVERIFY(bench.pane.Busy());
+        QVERIFY(bench.WaitForEnd());
+        QCOMPARE(bench.before, QStringList{address});
+        QCOMPARE(bench.server.Requests().value(0), u"GET /a?q=%02x%26q%3DY&s=msft"_s);
+        QCOMPARE(bench.pane.LocationURL(), address);
+        QCOMPARE(bench.Title(), u"a"_s);
+        QCOMPARE(status.first().first().toString(), u"Loading "_s + address);
+        QCOMPARE(status.last().first().toString(), address); // the line says where the pane is
+        QCOMPARE(progress.first(), (QVariantList{0, 100}));
+        QCOMPARE(progress.last(), (QVariantList{0, 0}));
+    }
+
+    void AServerThatWantsAPasswordGetsTheUsers() {
+        Bench bench;
+        CannedPage locked{"<title>locked</title>", Ending::Length, 401};
+        locked.headers << "WWW-Authenticate: Basic realm=\"the desk\"";
+        bench.server.Serve(u"/locked"_s, locked);
+        bench.prompts.signIns = {SignIn{u"mary"_s, u"s3cret"_s}};
+        QVERIFY(bench.Show(bench.server.Address(u"/locked"_s)));
+        // Refused, the password is asked for again, and no answer shows what the server says.
+        QCOMPARE(bench.server.CountOf(u"/locked"_s), 2);
+        QVERIFY(bench.server.LastHead().contains("Authorization: Basic " +
+                                                 QByteArray("mary:s3cret").toBase64()));
+        QCOMPARE(bench.prompts.messages.size(), 2);
+        QVERIFY(bench.prompts.messages.first().contains(u"127.0.0.1"_s));
+        QVERIFY(bench.prompts.messages.first().contains(u"the desk"_s));
+        QCOMPARE(bench.Title(), u"locked"_s);
+    }
+
+    void ACancelledNavigationLoadsNothing() {
+        Bench bench;
+        bench.isCancelling = true;
+        bench.pane.Navigate(bench.server.Address(u"/a"_s));
+        QVERIFY(!bench.pane.Busy());
+        QVERIFY(!bench.Page());
+    }
+
+    void ANavigationThatAReceiverStartsReplacesTheFirst() {
+        Bench bench;
+        const QString second = bench.server.Address(u"/b"_s);
+        bool hasReplaced = false;
+        connect(&bench.pane, &BrowserPane::BeforeNavigate2, &bench.pane, [&] {
+            if (!std::exchange(hasReplaced, true))
+                bench.pane.Navigate(second);
+        });
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QCOMPARE(bench.pane.LocationURL(), second);
+        QCOMPARE(bench.server.CountOf(u"/a"_s), 0);
+        QCOMPARE(bench.before.size(), 2);
+    }
+
+    void WhatThePageStartsIsSeenOnceAndCanBeCancelled() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        bench.before.clear();
+        bench.ClickPage();
+        QTRY_COMPARE(bench.Title(), u"b"_s);
+        const QString next = u"http://"_s + bench.server.Address(u"/b?x=1"_s);
+        QCOMPARE(bench.before, QStringList{next});
+        QCOMPARE(bench.pane.LocationURL(), next);
+
+        bench.pane.GoBack();
+        QTRY_COMPARE(bench.Title(), u"a"_s);
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
+        bench.pane.GoForward();
+        QTRY_COMPARE(bench.Title(), u"b"_s);
+        bench.pane.Refresh();
+        QTRY_COMPARE(bench.server.CountOf(u"/b?x=1"_s), 2);
+        QVERIFY(bench.WaitForEnd());
+        QCOMPARE(bench.before.size(), 1);
+
+        bench.isCancelling = true;
+        bench.Run(u"location = '/a?again'"_s);
+        QCOMPARE(bench.before.size(), 2);
+        QCOMPARE(bench.server.CountOf(u"/a?again"_s), 0);
+        QVERIFY(bench.WaitForEnd());
+        QCOMPARE(bench.pane.LocationURL(), next);
+    }
+
+    void AServersRedirectIsNotSeenAndTheAddressStaysAsBuilt() {
+        Bench bench;
+        bench.server.Redirect(u"/old"_s, u"/b"_s);
+        const QString old = bench.server.Address(u"/old"_s);
+        QVERIFY(bench.Show(old));
+        QCOMPARE(bench.before, QStringList{old});
+        QCOMPARE(bench.Title(), u"b"_s);
+        QCOMPARE(bench.pane.LocationURL(), old);
+    }
+
+    void ALoadThatIsStoppedLeavesThePaneFreeForTheNext() {
+        Bench bench;
+        bench.server.Serve(u"/silent"_s, CannedPage{{}, Ending::Silent});
+        bench.server.Serve(u"/stall"_s, CannedPage{"<title>stall</title>", Ending::Stall});
+        for (const QString& path : {u"/silent"_s, u"/stall"_s}) {
+            bench.pane.Navigate(bench.server.Address(path));
+            QTRY_COMPARE(bench.server.CountOf(path), 1);
+            bench.pane.Stop();
+            QVERIFY(!bench.pane.Busy());
+            bench.pane.Navigate(bench.server.Address(u"/a"_s));
+            QTest::qWait(50);
+            QVERIFY(bench.WaitForEnd());
+            QCOMPARE(bench.Title(), u"a"_s);
+            QVERIFY(!bench.HasNotice());
+        }
+        bench.pane.Navigate(bench.server.Address(u"/silent"_s));
+        bench.pane.Stop();
+        QVERIFY(!bench.pane.Busy());
+    }
+
+    void AFailedLoadSaysSoAndOffersAWayOn() {
+        Bench bench;
+        const QString address = u"nowhere.invalid/q?s=<b>"_s;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QVERIFY(bench.Show(address));
+        QVERIFY(bench.HasNotice());
+        QCOMPARE(bench.NoticeText(u"NoticeText"_s), u"There is no host of this name."_s);
+        QCOMPARE(bench.NoticeText(u"NoticeAddress"_s), address);
+        QCOMPARE(bench.pane.LocationURL(), address);
+
+        bench.before.clear();
+        bench.isCancelling = true;
+        bench.ClickNotice(u"NoticeArchive"_s);
+        bench.ClickNotice(u"NoticeSearch"_s);
+        QCOMPARE(bench.before,
+                 (QStringList{u"https://web.archive.org/web/http://nowhere.invalid/q?s=<b>"_s,
+                              u"https://duckduckgo.com/?q=nowhere.invalid"_s}));
+        bench.pane.GoBack();
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
+    }
+
+    void TryAgainLoadsTheFailedAddress() {
+        Bench bench;
+        const quint16 port = bench.server.serverPort();
+        bench.server.close();
+        const QString address = u"127.0.0.1:"_s + QString::number(port) + u"/a"_s;
+        QVERIFY(bench.Show(address));
+        QVERIFY(bench.HasNotice());
+        QVERIFY(bench.server.listen(QHostAddress::LocalHost, port));
+        bench.ClickNotice(u"NoticeTryAgain"_s);
+        QVERIFY(bench.WaitForEnd());
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.Title(), u"a"_s);
+    }
+
+    void ThePageOfA404IsShownAndAnEmptyOneIsNamed() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/missing"_s)));
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.Run(u"document.body.innerText"_s).toString(), u"not here"_s);
+        bench.server.Serve(u"/empty"_s, CannedPage{{}, Ending::Length, 503});
+        QVERIFY(bench.Show(bench.server.Address(u"/empty"_s)));
+        QTRY_VERIFY(bench.HasNotice());
+        QVERIFY(bench.NoticeText(u"NoticeText"_s).contains(u"503"));
+    }
+
+    void WhatIsNoWebAddressIsRefused_data() {
+        QTest::addColumn<QString>("address");
+        for (const char* address :
+             {"file:///etc/hosts", "/etc/hosts", "javascript:document.title='x'",
+              "data:text/html,x", "view-source:http://127.0.0.1/", "chrome://version",
+              "ftp://127.0.0.1/", "C:\\a.htm", "portal://pages/report.html", "http://",
+              "http://a b/"})
+            QTest::newRow(address) << QString::fromLatin1(address);
+    }
+    void WhatIsNoWebAddressIsRefused() {
+        QFETCH(const QString, address);
+        Bench bench;
+        bench.pane.Navigate(address);
+        QVERIFY(!bench.pane.Busy());
+        QVERIFY(!bench.Page());
+        QVERIFY(bench.HasNotice());
+        QCOMPARE(bench.NoticeText(u"NoticeAddress"_s), address);
+    }
+
+    void TheTextOfAPageIsFoundOnAndBack() {
+        Bench bench;
+        bench.server.Serve(u"/words"_s, "<title>words</title>gold silver gold oil gold");
+        QVERIFY(bench.Show(bench.server.Address(u"/words"_s)));
+        bench.pane.Find();
+        auto* bar = bench.pane.findChild<QWidget*>(u"FindBar"_s);
+        auto* text = bench.pane.findChild<QLineEdit*>(u"FindText"_s);
+        auto* matches = bench.pane.findChild<QLabel*>(u"FindMatches"_s);
+        QVERIFY(bar->isVisible());
+        QTest::keyClicks(text, u"gold"_s);
+        QTRY_COMPARE(matches->text(), u"1 of 3"_s);
+        QTest::keyClick(text, Qt::Key_Return);
+        QTRY_COMPARE(matches->text(), u"2 of 3"_s);
+        QTest::keyClick(text, Qt::Key_Return, Qt::ShiftModifier);
+        QTRY_COMPARE(matches->text(), u"1 of 3"_s);
+        QTest::keyClicks(text, u"en"_s);
+        QTRY_COMPARE(matches->text(), u"Not found"_s);
+        QTest::keyClick(text, Qt::Key_Escape);
+        QVERIFY(!bar->isVisible());
+    }
+
+    void APageIsZoomedWithinBoundsAndTheZoomStays() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        bench.pane.ZoomIn();
+        const double larger = bench.Page()->zoomFactor();
+        QVERIFY(larger > 1.0);
+        QVERIFY(bench.Show(bench.server.Address(u"/b"_s)));
+        QCOMPARE(bench.Page()->zoomFactor(), larger);
+        for (int step = 0; step < 50; ++step)
+            bench.pane.ZoomOut();
+        QCOMPARE(bench.Page()->zoomFactor(), 0.25);
+        bench.pane.ZoomReset();
+        QCOMPARE(bench.Page()->zoomFactor(), 1.0);
+    }
+
+    void TheMenuOfAPageOffersNoWindowsThatTheProgramDoesNotHave() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QTest::mouseClick(bench.pane.windowHandle(), Qt::RightButton, {}, {100, 200});
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QVERIFY(menu->actions().contains(bench.Page()->action(QWebEnginePage::Reload)));
+        for (const auto action : {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewTab})
+            QVERIFY(!menu->actions().contains(bench.Page()->action(action)));
+        menu->close();
+    }
+
+    void ACrashedPageSaysSoAndRefreshBringsItBack() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        ::kill(static_cast<pid_t>(bench.Page()->renderProcessPid()), SIGKILL);
+        QTRY_VERIFY(bench.HasNotice());
+        QCOMPARE(bench.NoticeText(u"NoticeTitle"_s), u"This page crashed"_s);
+        QCOMPARE(bench.NoticeText(u"NoticeAddress"_s), bench.server.Address(u"/a"_s));
+        bench.pane.Refresh();
+        QTRY_COMPARE(bench.server.CountOf(u"/a"_s), 2);
+        QVERIFY(bench.WaitForEnd());
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.Run(u"document.title"_s).toString(), u"a"_s);
+    }
+
+    void ACrashDuringALoadIsSurvived() {
+        Bench bench;
+        bench.server.Serve(u"/stall"_s, CannedPage{"<title>stall</title>", Ending::Stall});
+        bench.pane.Navigate(bench.server.Address(u"/stall"_s));
+        QTRY_COMPARE(bench.Title(), u"stall"_s);
+        ::kill(static_cast<pid_t>(bench.Page()->renderProcessPid()), SIGKILL);
+        QTRY_VERIFY(bench.HasNotice());
+        QVERIFY(!bench.pane.Busy());
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/stall"_s));
+        QVERIFY(bench.Show(bench.server.Address(u"/b"_s)));
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.Run(u"document.title"_s).toString(), u"b"_s);
+    }
+
+    void AGeneratedPageIsShownByItsPath() {
+        Bench bench;
+        const QString path = bench.folder.path() + u"/report.html"_s;
+        WriteWholeFile(path.toStdString(), "<title>report</title><body>caf\xE9</body>");
+        QVERIFY(bench.Show(path));
+        QCOMPARE(bench.Title(), u"report"_s);
+        QCOMPARE(bench.Run(u"document.body.innerText"_s).toString(), u"caf\u00E9"_s);
+        QCOMPARE(bench.Run(u"location.href"_s).toString(), u"portal://pages/report.html"_s);
+        QCOMPARE(bench.pane.LocationURL(), path);
+        QCOMPARE(bench.before, QStringList{path});
+
+        const QString backslash = bench.folder.path() + u"\\Two words.mlnk"_s;
+        const QString file = bench.folder.path() + u"/Two words.mlnk"_s;
+        WriteWholeFile(file.toStdString(), "<title>\xC3\xA9</title>");
+        QVERIFY(bench.Show(backslash));
+        QCOMPARE(bench.Title(), u"\u00E9"_s);
+        QCOMPARE(bench.pane.LocationURL(), backslash);
+    }
+
+    void NothingElseOfTheFolderCanBeReached() {
+        Bench bench;
+        WriteWholeFile((bench.folder.path() + u"/TickNotes.txt"_s).toStdString(), "secret");
+        WriteWholeFile((bench.folder.path() + u"/report.html"_s).toStdString(),
+                       "<iframe src='portal://pages/TickNotes.txt'></iframe>"
+                       "<iframe src='portal://pages/..%2Freport.html'></iframe>"
+                       "<iframe src='file:///etc/hosts'></iframe>");
+        QVERIFY(bench.Show(bench.folder.path() + u"/report.html"_s));
+        const QString read = u"[...frames].map(f => { try { return f.document.body.innerText }"
+                             " catch (e) { return 'x' } }).join('')"_s;
+        QVERIFY(!bench.Run(read).toString().contains(u"secret"));
+        bench.pane.Navigate(bench.folder.path() + u"/TickNotes.txt"_s);
+        QVERIFY(bench.HasNotice());
+    }
+
+    void APageOfTheWebCannotShowGeneratedPages() {
+        Bench bench;
+        WriteWholeFile((bench.folder.path() + u"/report.html"_s).toStdString(),
+                       "<script>parent.postMessage('shown', '*')</script>");
+        bench.server.Serve(u"/spy"_s,
+                           "<script>seen = 'nothing'; onmessage = e => seen = e.data</script>"
+                           "<iframe src='portal://pages/report.html'></iframe>");
+        QVERIFY(bench.Show(bench.server.Address(u"/spy"_s)));
+        QTest::qWait(200);
+        QCOMPARE(bench.Run(u"seen"_s).toString(), u"nothing"_s);
+    }
+
+    void SampleModeAnswersPagesFramesAndImagesWithoutANetwork() {
+        Bench bench(WebMode::Sample);
+        QStringList asked;
+        bench.access.SetPortal([&](const std::string& host, const std::string& path) {
+            asked << QString::fromStdString(host + path);
+            if (path.ends_with(".svg"))
+                return PortalAnswer{"image/svg+xml",
+                                    "<svg xmlns='http://www.w3.org/2000/svg' width='9'/>"};
+            if (path == "/in")
+                return PortalAnswer{"text/html", "<script>parent.framed = true</script>"};
+            return PortalAnswer{"text/html; charset=utf-8",
+                                "<title>\xE2\x82\xAC</title><iframe src='/in'></iframe>"
+                                "<img src='http://pics.example/p.svg'><a href='/next'>x</a>"};
+        });
+        const QString host = bench.server.Address({});
+        QVERIFY(bench.Show(host + u"/q?s=msft&d=2b"_s));
+        QCOMPARE(bench.Title(), u"\u20AC"_s);
+        QCOMPARE(bench.pane.LocationURL(), host + u"/q?s=msft&d=2b"_s);
+        QVERIFY(asked.contains(host + u"/q?s=msft&d=2b"_s));
+        QVERIFY(asked.contains(host + u"/in"_s));
+        QVERIFY(asked.contains(u"pics.example/p.svg"_s));
+        QCOMPARE(bench.Run(u"framed"_s).toBool(), true);
+        QCOMPARE(bench.Run(u"document.images[0].naturalWidth"_s).toInt(), 9);
+
+        bench.Run(u"document.links[0].click()"_s);
+        QTRY_COMPARE(bench.before.size(), 2);
+        QVERIFY(bench.WaitForEnd());
+        QCOMPARE(bench.before[1], u"http://"_s + host + u"/next"_s);
+        QCOMPARE(bench.pane.LocationURL(), u"http://"_s + host + u"/next"_s);
+        QVERIFY(bench.server.Requests().isEmpty());
+    }
+
+    void LiveModeLoadsWhereTheResolverSaysAndKeepsTheAddress() {
+        Bench bench(WebMode::Live);
+        const std::string today = (u"http://"_s + bench.server.Address(u"/b"_s)).toStdString();
+        bench.access.SetResolver([&](const std::string& address, AddressUse) {
+            return address == "http://old.invalid/q?s=x" ? today : address;
+        });
+        QVERIFY(bench.Show(u"old.invalid/q?s=x"_s));
+        QCOMPARE(bench.Title(), u"b"_s);
+        QCOMPARE(bench.before, QStringList{u"old.invalid/q?s=x"_s});
+        QCOMPARE(bench.pane.LocationURL(), u"old.invalid/q?s=x"_s);
+    }
+
+    void AWindowThatNobodyAskedForIsDroppedAndAWantedOneOpensInTheTarget() {
+        Bench bench;
+        BrowserPane main(bench.profile, bench.prompts);
+        QSignalSpy inMain(&main, &BrowserPane::BeforeNavigate2);
+        bench.server.Serve(u"/strip"_s,
+                           "<body style='margin:0'><script>window.open('/b?popup')</script>"
+                           "<a href='/b?wanted' target='_blank' style='display:block;height:300px'>"
+                           "x</a>");
+        bench.pane.SetNewWindowTarget(&main);
+        QVERIFY(bench.Show(bench.server.Address(u"/strip"_s)));
+        QTest::qWait(200);
+        bench.ClickPage();
+        QTRY_COMPARE(bench.server.CountOf(u"/b?wanted"_s), 1);
+        QCOMPARE(inMain.size(), 1);
+        QCOMPARE(bench.server.CountOf(u"/b?popup"_s), 0);
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/strip"_s));
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(BrowserPaneTest)
+#include "BrowserPaneTest.moc"

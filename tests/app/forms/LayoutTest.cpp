@@ -1,0 +1,103 @@
+#include "app/engine/BrowserPane.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class LayoutTest : public QObject {
+    Q_OBJECT
+private:
+    static void Resize(frmMain& form, int width, int height) {
+        form.resize(width, height);
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+    }
+    /// Where a control is in the window, as far as the panels around it show it.
+    static bool IsInView(const frmMain& form, const QWidget* control) {
+        return control->isVisible() && control->visibleRegion().boundingRect() == control->rect() &&
+               form.rect().contains(QRect(control->mapTo(&form, QPoint()), control->size()));
+    }
+
+private Q_SLOTS:
+    void At1600By1000EveryLinkIsInViewAtOnce() {
+        TestSession session;
+        session.Start();
+        Resize(session.Form(), 1600, 1000);
+        for (const Chip* link : session.Form().lbllink)
+            QVERIFY2(IsInView(session.Form(), link), qPrintable(link->Caption()));
+    }
+
+    void NoCaptionIsCutAndNoTwoLinksOverlap_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("least") << QSize(565, 134);
+        QTest::newRow("default") << QSize(667, 567);
+        QTest::newRow("laptop") << QSize(1280, 900);
+        QTest::newRow("wide") << QSize(1920, 1080);
+    }
+
+    void NoCaptionIsCutAndNoTwoLinksOverlap() {
+        QFETCH(QSize, size);
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        Resize(form, size.width(), size.height());
+        QList<QRect> places;
+        for (const Chip* link : form.lbllink) {
+            QVERIFY2(link->width() >= link->sizeHint().width(), qPrintable(link->Caption()));
+            const QRect place(link->mapToGlobal(QPoint()), link->size());
+            for (const QRect& other : std::as_const(places))
+                QVERIFY2(!place.intersects(other), qPrintable(link->Caption()));
+            places << place;
+        }
+    }
+
+    void AtTheDefaultSizeEveryLinkIsReachedByScrolling() {
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        Resize(form, 667, 567);
+        for (Chip* link : form.lbllink) {
+            link->setFocus(); // the panels follow the focus
+            QCoreApplication::processEvents();
+            QVERIFY2(IsInView(form, link), qPrintable(link->Caption()));
+        }
+    }
+
+    void TheControlsOfTheWindowDoNotOverlap() {
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        for (const QSize size : {QSize(667, 567), QSize(1280, 900), QSize(1920, 1080)}) {
+            Resize(form, size.width(), size.height());
+            QList<QWidget*> controls = {form.fraTop,  form.fraLeft,  form.fraRight, form.Web,
+                                        form.List1,   form.txtStock, form.lblPort,  form.Label1,
+                                        form.SpooBar, form.WebStatus};
+            for (std::size_t n = 1; n <= 10; ++n)
+                controls << form.lblListNum[n];
+            for (qsizetype i = 0; i < controls.size(); ++i)
+                for (qsizetype j = 0; j < i; ++j)
+                    QVERIFY2(!controls[i]->geometry().intersects(controls[j]->geometry()),
+                             qPrintable(controls[i]->objectName() + u" / "_s +
+                                        controls[j]->objectName()));
+            QCOMPARE(form.WebB->geometry(), form.Web->geometry());
+        }
+    }
+
+    void TheTabKeyReachesEveryGroupOnce() {
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        QSet<const QWidget*> groups;
+        for (const Chip* link : form.lbllink) {
+            if (link->focusPolicy() & Qt::TabFocus) {
+                QVERIFY(!groups.contains(link->parentWidget()));
+                groups << link->parentWidget();
+            }
+        }
+        QCOMPARE(groups.size(), 11);
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(LayoutTest)
+#include "LayoutTest.moc"

@@ -1,0 +1,183 @@
+#include "app/links/LinkPanel.h"
+#include "app/engine/BrowserPane.h"
+#include "support/Navigations.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+#include <QFile>
+#include <QSignalSpy>
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class LinkPanelTest : public QObject {
+    Q_OBJECT
+private:
+    /// A window with MSFT selected whose separate browser writes its address into a file.
+    struct Window : TestSession {
+        Window() {
+            const QString script = PathToQt(Folder() / "browser.sh");
+            QFile file(script);
+            if (file.open(QIODevice::WriteOnly))
+                file.write("#!/bin/sh\necho \"$1\" >> \"$(dirname \"$0\")/opened.txt\"\n");
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            programs = "[programs]\nbrowser = \"" + FromQt(script) + "\"\n";
+            Store("First", "OK");
+            Store("Stocks1", "MSFT|");
+            Store("CustomT101", "Mine");
+            Store("Custom101", "mine.example");
+            Start();
+            navigations.emplace(Form());
+        }
+        QByteArray Opened() const {
+            QFile file(PathToQt(Folder() / "opened.txt"));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        }
+        std::optional<Navigations> navigations;
+    };
+
+private Q_SLOTS:
+    void TheLeftButtonSwapsTheColoursUntilItIsReleased() {
+        Window window;
+        Chip* link = window.Link(3);
+        const ColorPair before = link->Colors();
+        QTest::mousePress(link, Qt::LeftButton);
+        QCOMPARE(link->Colors(), Swapped(before));
+        QTest::mouseRelease(link, Qt::LeftButton);
+        QCOMPARE(link->Colors(), before);
+    }
+
+    void ThePressedLookEndsWhenThePointerMoves() {
+        Window window;
+        Chip* link = window.Link(3);
+        const ColorPair before = link->Colors();
+        QTest::mousePress(link, Qt::LeftButton);
+        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), link->mapToGlobal(QPointF(3, 3)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(link, &move);
+        QCOMPARE(link->Colors(), before);
+        QTest::mouseRelease(link, Qt::LeftButton);
+        QCOMPARE(link->Colors(), before);
+        QCOMPARE(window.navigations->size(), 1);
+    }
+
+    void ARightClickOpensOneSeparateBrowserAndThePaneIsNormalAgain() {
+        Window window;
+        window.navigations.reset();
+        QStringList loaded;
+        connect(window.Form().Web, &BrowserPane::BeforeNavigate2, this,
+                [&](const QString& address, bool* cancel) {
+                    if (!*cancel)
+                        loaded << address;
+                    *cancel = true;
+                });
+        QTest::mouseClick(window.Link(3), Qt::RightButton);
+        QVERIFY(loaded.isEmpty());
+        QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/q?s=msft&d=2b\n"));
+        QVERIFY(!window->State().rightPressed);
+        window.ClickLink(15);
+        QCOMPARE(loaded.size(), 1);
+    }
+
+    void ABrokerOpenedOutsideLeavesThePanesAsTheyAre() {
+        Window window;
+        QTest::mouseClick(window.Link(8), Qt::RightButton);
+        QVERIFY(window.Form().WebB->isHidden());
+        QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/\n"));
+    }
+
+    void RightPressesThatFollowQuicklyAllCount() {
+        Window window;
+        QSignalSpy menus(window.Form().findChild<LinkPanel*>(), &LinkPanel::CustomMenuRequested);
+        QTest::mouseClick(window.Link(101), Qt::RightButton);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+        // The window system tells of the next press as of the second one of a double click.
+        QMouseEvent again(QEvent::MouseButtonDblClick, {2, 2},
+                          window.Link(101)->mapToGlobal(QPointF(2, 2)), Qt::RightButton,
+                          Qt::RightButton, Qt::NoModifier);
+        QApplication::sendEvent(window.Link(101), &again);
+        QCOMPARE(menus.size(), 2);
+    }
+
+    void ARightPressOnAToolSetsNothing() {
+        Window window;
+        for (const int tool : {0, 19, 20, 43, 100, 66, 92, 45}) {
+            QTest::mousePress(window.Link(tool), Qt::RightButton);
+            QVERIFY2(!window->State().rightPressed, qPrintable(QString::number(tool)));
+            QTest::mouseRelease(window.Link(tool), Qt::RightButton);
+        }
+    }
+
+    void TheNextLeftPressClearsTheRightPress() {
+        Window window;
+        QTest::mousePress(window.Link(3), Qt::RightButton);
+        QVERIFY(window->State().rightPressed);
+        QTest::mousePress(window.Link(3), Qt::LeftButton);
+        QVERIFY(!window->State().rightPressed);
+    }
+
+    void ADropOnAnUnusedSlotMovesTheLinkWithoutAQuestion() {
+        Window window;
+        Q_EMIT window.Link(150)->Dropped(101);
+        QVERIFY(window.prompts.messages.isEmpty());
+        QCOMPARE(window.Stored("Custom150"), u"mine.example"_s);
+        QCOMPARE(window.Stored("CustomT150"), u"Mine"_s);
+        QCOMPARE(window.Link(150)->Caption(), u"Mine"_s);
+        QCOMPARE(window.Stored("Custom101"), QString());
+        QCOMPARE(window.Stored("CustomT101"), u"< Custom >"_s);
+        QCOMPARE(window.Link(101)->Caption(), u"< Custom >"_s);
+        QCOMPARE(window.Link(101)->Colors(), (ColorPair{0x80000008, 0xC0E0FF}));
+    }
+
+    void ADropOnAUsedSlotAsksFirst() {
+        Window window;
+        window.Store("CustomT102", "Other");
+        window.Store("Custom102", "other.example");
+        window.Link(102)->SetCaption(u"Other"_s);
+        Q_EMIT window.Link(102)->Dropped(101);
+        QCOMPARE(window.prompts.messages,
+                 QStringList{u"Move Custom Link: Do you want to overwrite the 'Other' link?"_s});
+        QCOMPARE(window.Stored("Custom102"), u"other.example"_s);
+        QCOMPARE(window.Stored("Custom101"), u"mine.example"_s);
+        window.prompts.answers = {true};
+        Q_EMIT window.Link(102)->Dropped(101);
+        QCOMPARE(window.Stored("Custom102"), u"mine.example"_s);
+        QCOMPARE(window.Stored("Custom101"), QString());
+    }
+
+    void SendAllJoinsTheTickersOfTheList() {
+        Window window;
+        window.Form().List1->SetItems({u"MSFT"_s, u"IBM"_s});
+        window->SendAll(u"lycos"_s);
+        QVERIFY(window.navigations->last().endsWith(u"company=MSFT%20IBM&x=58&y=9"_s));
+        window->SendAll(u"MSN"_s);
+        QCOMPARE(window.navigations->last(),
+                 u"Web: h.example/investor/charts/charting.asp?Symbol=MSFT+IBM"_s);
+        window->SendAll(u"stats"_s);
+        QCOMPARE(window.navigations->last(),
+                 u"Web: h.example/investments/stats/?symbol=MSFT%20IBM"_s);
+    }
+
+    void EveryLinkIsNamedAndReachedByKeyboard() {
+        Window window;
+        for (const Chip* link : window.Form().lbllink) {
+            QCOMPARE(link->accessibleName(), link->Caption());
+            QCOMPARE(link->objectName(), u"lbllink"_s + QString::number(link->Index()));
+        }
+        // One chip of each group takes the focus by Tab; the arrow keys reach its neighbours.
+        window.Link(19)->setFocus();
+        QTest::keyClick(window.Link(19), Qt::Key_Right);
+        QCOMPARE(window.Form().focusWidget(), window.Link(20));
+        QTest::keyClick(window.Link(20), Qt::Key_Left);
+        QCOMPARE(window.Form().focusWidget(), window.Link(19));
+        window.Link(3)->setFocus();
+        QTest::keyClick(window.Link(3), Qt::Key_Return);
+        QCOMPARE(*window.navigations, QStringList{u"Web: h.example/q?s=msft&d=2b"_s});
+        QTest::keyClick(window.Link(3), Qt::Key_Space);
+        QCOMPARE(window.navigations->size(), 2);
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(LinkPanelTest)
+#include "LinkPanelTest.moc"

@@ -1,0 +1,92 @@
+#include "app/market/TickerStrip.h"
+
+#include "app/engine/BrowserPane.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class TickerStripTest : public QObject {
+    Q_OBJECT
+private:
+    struct Window : TestSession {
+        Window() {
+            Store("First", "OK");
+            Store("Stocks1", "AOL|BRK.B|");
+            Store("Stocks2", "GE|");
+            Store("WSCTick", "True");
+            Start();
+        }
+        qsizetype Asked(const QString& tickers) {
+            return asked.count(u"h.example/javaticker.html?s="_s + tickers);
+        }
+    };
+
+private Q_SLOTS:
+    void ItRunsTheTickersOfThePortfolio() {
+        Window window;
+        QTRY_COMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+    }
+
+    void ItFollowsASwitchedPortfolioAndAnEnteredTicker() {
+        Window window;
+        QTRY_COMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+        QTRY_VERIFY(!window.Form().WebTick->Busy());
+        window.Form().lblListNum[2]->click();
+        QTRY_COMPARE(window.Asked(u"GE"_s), 1);
+        QTRY_VERIFY(!window.Form().WebTick->Busy());
+        window.Enter(u"ko, t&t"_s);
+        QTRY_COMPARE(window.Asked(u"GE+KO+T%26T"_s), 1);
+        QCOMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+    }
+
+    void ThereAndBackAgainAsksNothing() {
+        Window window;
+        QTRY_COMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+        QTRY_VERIFY(!window.Form().WebTick->Busy());
+        window.Form().lblListNum[2]->click();
+        window.Form().lblListNum[1]->click();
+        // A later change is followed; nothing was asked for in between.
+        window.Enter(u"ko"_s);
+        QTRY_COMPARE(window.Asked(u"AOL+BRK.B+KO"_s), 1);
+        QCOMPARE(window.Asked(u"GE"_s), 0);
+        QCOMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+    }
+
+    void NoMoreThanTwoHundredTickersRunBy() {
+        Window window;
+        QStringList tickers;
+        for (int i = 1; i <= 201; ++i)
+            tickers << u"T"_s + QString::number(i);
+        QTRY_COMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+        QTRY_VERIFY(!window.Form().WebTick->Busy());
+        window.Form().List1->SetItems(tickers);
+        QTRY_COMPARE(window.Asked(tickers.first(200).join(u'+')), 1);
+    }
+
+    void ASymbolOpensItsPageInTheMainPane() {
+        Window window;
+        window.portal = [](const std::string&, const std::string& path) {
+            return PortalAnswer{"text/html",
+                                path.starts_with("/javaticker.html")
+                                    ? "<a target=_blank href=\"http://h.example/quote\" "
+                                      "style=\"position:fixed;inset:0\">AOL</a>"
+                                    : "<title>quote</title>"};
+        };
+        window.Start();
+        QTRY_VERIFY(window.asked.filter(u"javaticker"_s).size() >= 1);
+        QTRY_VERIFY(!window.Form().WebTick->Busy() && !window.Form().Web->Busy());
+        const auto click = [&] {
+            for (QWidget* target : window.Form().WebTick->findChildren<QWidget*>())
+                if (target->objectName().isEmpty() && target->inherits("QQuickWidget"))
+                    QTest::mouseClick(target, Qt::LeftButton, {}, target->rect().center());
+            return window.Form().Web->LocationURL() == u"h.example/quote"_s ||
+                   window.Form().Web->LocationURL() == u"http://h.example/quote"_s;
+        };
+        QTRY_VERIFY(click());
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(TickerStripTest)
+#include "TickerStripTest.moc"

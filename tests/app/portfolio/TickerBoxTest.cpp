@@ -1,0 +1,177 @@
+#include "app/portfolio/TickerBox.h"
+#include "core/portfolio/keyed_store.h"
+#include "core/text/files.h"
+#include "support/Navigations.h"
+#include "support/TestSession.h"
+#include "support/WebTest.h"
+
+using namespace tallowmere;
+using namespace Qt::StringLiterals;
+
+class TickerBoxTest : public QObject {
+    Q_OBJECT
+private:
+    struct Window : TestSession {
+        explicit Window(const char* tickers) {
+            Store("First", "OK");
+            Store("Stocks1", tickers);
+            Start();
+            navigations.emplace(Form());
+        }
+        std::optional<Navigations> navigations;
+    };
+    static QStringList Tickers(const char* list) {
+        return QString::fromLatin1(list).split(u'|', Qt::SkipEmptyParts);
+    }
+    /// Opens the ticker menu with the right button.
+    static void OpenMenu(TestSession& window) {
+        QTest::mouseClick(window.Form().List1->viewport(), Qt::RightButton, {}, {5, 5});
+        QWidget* menu = QApplication::activePopupWidget();
+        QCOMPARE(menu, window.Form().menus->mnuRightTick);
+        menu->close();
+    }
+
+private Q_SLOTS:
+    void TypingIsUpperCasedWhereTheCaretStands() {
+        Window window("");
+        QLineEdit* box = window.Form().txtStock;
+        QTest::keyClicks(box, u"msft"_s);
+        QCOMPARE(box->text(), u"MSFT"_s);
+        box->setCursorPosition(1);
+        QTest::keyClicks(box, u"x"_s);
+        QCOMPARE(box->text(), u"MXSFT"_s);
+        QCOMPARE(box->cursorPosition(), 2);
+    }
+
+    void TextThatIsPutThereByOtherMeansIsUpperCasedToo() {
+        Window window("");
+        window.Form().txtStock->setText(u"ibm\r\nmsft\tintc"_s);
+        QCOMPARE(window.Form().txtStock->text(), u"IBM  MSFT INTC"_s);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Return);
+        QCOMPARE(window.Stored("Stocks1"), u"IBM|MSFT|INTC|"_s);
+    }
+
+    void AListOfAnySizeIsEnteredWhole() {
+        Window window("");
+        QString entry;
+        QString stored;
+        for (int i = 0; i < 10'000; ++i) {
+            entry += u"t%1,"_s.arg(i);
+            stored += u"T%1|"_s.arg(i);
+        }
+        window.Form().txtStock->setText(entry);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Return);
+        QCOMPARE(window.Form().List1->Count(), 10'000);
+        QCOMPARE(window.Stored("Stocks1"), stored);
+    }
+
+    void SeveralTickersAreEnteredAtOnce() {
+        Window window("");
+        window.Enter(u"ibm, msft  intc"_s);
+        QCOMPARE(window.Form().List1->Items(), Tickers("IBM|MSFT|INTC"));
+        QCOMPARE(window.Stored("Stocks1"), u"IBM|MSFT|INTC|"_s);
+        QVERIFY(window.Form().txtStock->text().isEmpty());
+    }
+
+    void AKnownLastTickerLeavesTheBoxAndTheStoreAlone() {
+        Window window("MSFT|");
+        window.Enter(u"ibm msft"_s);
+        QCOMPARE(window.Form().List1->Items(), Tickers("MSFT|IBM"));
+        QCOMPARE(window.Form().txtStock->text(), u"IBM MSFT"_s);
+        QCOMPARE(window.Stored("Stocks1"), u"MSFT|"_s);
+    }
+
+    void ATickerStoredInLowerCaseIsAnotherOne() {
+        Window window("ibm|");
+        window.Enter(u"ibm"_s);
+        QCOMPARE(window.Form().List1->Items(), Tickers("ibm|IBM"));
+    }
+
+    void TheToolTipFollowsTheSelection() {
+        Window window("MSFT|IBM|");
+        QListView* list = window.Form().List1;
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(1, 0)).center());
+        QCOMPARE(list->toolTip(), u"Ticker : IBM, DoubleClick opens LYCOS"_s);
+        window.Form().List1->SetListIndex(-1);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          QPoint(5, list->viewport()->height() - 2));
+        QCOMPARE(list->toolTip(), u"Ticker List"_s);
+    }
+
+    void WithToolTipsOffTheToolTipStays() {
+        Window window("MSFT|");
+        window->State().toolTips = false;
+        window.Form().List1->setToolTip(u"as it was"_s);
+        QListView* list = window.Form().List1;
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(0, 0)).center());
+        QCOMPARE(list->toolTip(), u"as it was"_s);
+    }
+
+    void NothingSelectedMeansNothingOpenedOrDeleted() {
+        Window window("MSFT|");
+        window.Form().List1->SetListIndex(-1);
+        QTest::keyClick(window.Form().List1, Qt::Key_Return);
+        QTest::keyClick(window.Form().List1, Qt::Key_Delete);
+        QTest::mouseDClick(window.Form().List1->viewport(), Qt::LeftButton, {},
+                           QPoint(5, window.Form().List1->viewport()->height() - 2));
+        QVERIFY(window.navigations->isEmpty());
+        QCOMPARE(window.Form().List1->Count(), 1);
+        QCOMPARE(window.Stored("Stocks1"), u"MSFT|"_s);
+    }
+
+    void TheTickerMenuNamesTheTickerAndShowsItsNote() {
+        Window window("MSFT|");
+        std::string ignored;
+        TickerNotes(window.Folder(), ignored, "SET", "MSFT", "watch R&D", "\\TickNotes.txt");
+        OpenMenu(window);
+        const MainMenus& menus = *window.Form().menus;
+        QCOMPARE(menus.mnuDeleteTick->text(), u"Delete MSFT"_s);
+        QCOMPARE(menus.mnuMoveit()->text(), u"Move MSFT to :"_s);
+        QCOMPARE(menus.mnuCopyTo()->text(), u"Copy MSFT to :"_s);
+        QCOMPARE(menus.mnuTickNote->menuAction()->text(), u"Notes on MSFT"_s);
+        QCOMPARE(menus.mnuTickNotes->text(), u"watch R&&D"_s);
+        QCOMPARE(menus.mnuCopyIt->text(), u"Copy Portfolio #1"_s);
+        QVERIFY(menus.mnuDeleteTick->isEnabled());
+        QVERIFY(!menus.mnuMoveAllPort.items[1]->isEnabled());
+        QVERIFY(menus.mnuMoveAllPort.items[2]->isEnabled());
+        QVERIFY(!menus.mnuCopyAllPort.items[1]->isEnabled());
+    }
+
+    void WithoutATickerTheMenuIsDisabled() {
+        Window window("");
+        OpenMenu(window);
+        const MainMenus& menus = *window.Form().menus;
+        QCOMPARE(menus.mnuMoveit()->text(), u"Move to :"_s);
+        QCOMPARE(menus.mnuCopyTo()->text(), u"Copy to :"_s);
+        QCOMPARE(menus.mnuTickNote->menuAction()->text(), u"Note"_s);
+        for (const QAction* item : {menus.mnuDeleteTick, menus.mnuMoveit(), menus.mnuCopyTo(),
+                                    menus.mnuTickNote->menuAction(), menus.mnuCopyIt,
+                                    menus.mnuMoveAll(), menus.mnuCopyAllPorts()})
+            QVERIFY(!item->isEnabled());
+    }
+
+    void ANoteIsEditedAndCancelRemovesIt() {
+        Window window("MSFT|");
+        OpenMenu(window);
+        window.prompts.inputs = {u"first note"_s, u"second"_s, std::nullopt};
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(window.prompts.messages,
+                 QStringList{u"Ticker Notes: Enter a personal note on MSFT\r\nClicking 'Cancel' "
+                             "will remove the note"_s});
+        QCOMPARE(ReadWholeFile(window.Folder() / "TickNotes.txt"), "||MSFT||first note|||||\r\n");
+        QCOMPARE(window.Form().menus->mnuTickNotes->text(), u"first note"_s);
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(window.prompts.presets, (QStringList{QString(), u"first note"_s}));
+        std::string note;
+        TickerNotes(window.Folder(), note, "GET", "MSFT", "", "\\TickNotes.txt");
+        QCOMPARE(note, "second");
+        window.Form().menus->mnuTickNotes->trigger();
+        TickerNotes(window.Folder(), note, "GET", "MSFT", "", "\\TickNotes.txt");
+        QCOMPARE(note, "");
+    }
+};
+
+TALLOWMERE_WEB_TEST_MAIN(TickerBoxTest)
+#include "TickerBoxTest.moc"

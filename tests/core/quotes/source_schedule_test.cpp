@@ -1,0 +1,386 @@
+#include "core/quotes/source_schedule.h"
+
+#include "core/quotes/source_files.h"
+#include "core/text/bytes.h"
+
+#include <functional>
+
+namespace tallowmere {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Two fast sources of one shape on two hosts, and an end-of-day one.
+constexpr const char* kSources = R"(
+user_agent = "test"
+[sources.a]
+name = "First"
+format = "cnbc"
+request = "https://first.example/q?s={symbols}"
+separator = "|"
+batch = 3
+daily_cap = 20
+[sources.b]
+name = "Second"
+format = "cnbc"
+request = "https://second.example/q?s={symbols}"
+separator = "|"
+batch = 2
+[sources.c]
+name = "Floor"
+format = "fred-csv"
+request = "https://floor.example/csv?id={symbols}"
+[sources.d]
+name = "Chart"
+format = "yahoo-chart"
+request = "https://second.example/chart/{symbols}?r={range}"
+gives = ["year"]
+)";
+
+/// A source in its own words: a row for each symbol of the address.
+SourceResponse Good(const std::string& address, double price = 10,
+                    std::string_view time = "2026-11-20T16:00:00-0500") {
+    std::string rows;
+    const auto list = address.substr(address.find("s=") + 2);
+    for (const auto symbol : Split(list, '|'))
+        rows += (rows.empty() ? "" : ",") + std::string("{\"symbol\":\"") + std::string(symbol) +
+                "\",\"code\":0,\"last\":\"" + std::to_string(price) + "\",\"last_time\":\"" +
+                std::string(time) + "\"}";
+    return {200, "application/json", "",
+            "{\"FormattedQuoteResult\":{\"FormattedQuote\":[" + rows + "]}}"};
+}
+
+/// Drives a schedule with a provider for each host and notes what was asked.
+class Web {
+public:
+    using Provider = std::function<SourceResponse(const std::string& address)>;
+
+    explicit Web(const char* sources = kSources)
+        : m_schedule(ReadSourceTable(sources, "sources.toml")) {
+        m_hosts["first.example"] = [](const auto& address) { return Good(address); };
+        m_hosts["second.example"] = [](const auto& address) { return Good(address, 20); };
+        m_hosts["floor.example"] = [](const auto&) { return SourceResponse(); };
+    }
+
+    void Set(const std::string& host, Provider provider) { m_hosts[host] = std::move(provider); }
+    void Set(const std::string& host, const SourceResponse& response) {
+        m_hosts[host] = [response](const auto&) { return response; };
+    }
+
+    void Get(const std::vector<std::string>& symbols, PriceSpan span = PriceSpan::Quote) {
+        m_schedule.Want(span, symbols, now);
+        while (const auto request = m_schedule.Next(now)) {
+            asked.push_back(request->address.substr(8));
+            const std::string host = asked.back().substr(0, asked.back().find('/'));
+            m_schedule.Answer(request->id, m_hosts[host](request->address), now);
+        }
+        EXPECT_FALSE(m_schedule.IsBusy());
+    }
+
+    double Price(std::string_view symbol) const {
+        const auto kept = m_schedule.FindQuote(symbol);
+        return kept.value ? kept.value->last : 0;
+    }
+
+    bool IsStale(std::string_view symbol) const { return m_schedule.FindQuote(symbol).stale; }
+
+    std::vector<std::string> TakeAsked() { return std::exchange(asked, {}); }
+    SourceSchedule& Schedule() { return m_schedule; }
+
+    std::int64_t now = kFridayClose;
+    std::vector<std::string> asked;
+
+private:
+    SourceSchedule m_schedule;
+    std::map<std::string, Provider> m_hosts;
+};
+
+TEST(SourceSchedule, AsksTheFirstSourceInBatchesOfItsSize) {
+    Web web;
+    web.Get({"a", "B", "C", "D", "A", "b", "E"});
+    EXPECT_THAT(web.asked, ElementsAre("first.example/q?s=A|B|C", "first.example/q?s=D|E"));
+    EXPECT_EQ(web.Price("a"), 10);
+    EXPECT_EQ(web.Price("E"), 10);
+    EXPECT_FALSE(web.IsStale("E"));
+    EXPECT_EQ(web.Schedule().FindQuote("E").value->source, "First");
+    EXPECT_EQ(web.Schedule().FindQuote("E").receivedAt, kFridayClose);
+}
+
+TEST(SourceSchedule, AsksNothingAgainBeforeItsInterval) {
+    Web web;
+    web.Get({"A"});
+    web.now += 14;
+    web.Get({"A"});
+    EXPECT_EQ(web.TakeAsked().size(), 1u);
+    EXPECT_FALSE(web.IsStale("A"));
+    web.now += 1;
+    web.Get({"A"});
+    EXPECT_EQ(web.TakeAsked().size(), 1u);
+}
+
+TEST(SourceSchedule, SendsOneRequestAtATimeToAHost) {
+    Web web;
+    auto& schedule = web.Schedule();
+    schedule.Want(PriceSpan::Quote, {"A", "B", "C", "D"}, web.now);
+    const auto first = schedule.Next(web.now);
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->userAgent, "test");
+    EXPECT_EQ(first->timeout, 10);
+    EXPECT_FALSE(schedule.Next(web.now)) << "the host has not answered yet";
+    EXPECT_TRUE(schedule.IsBusy());
+    EXPECT_TRUE(schedule.IsPending(PriceSpan::Quote, "d"));
+    schedule.Answer(first->id, Good(first->address), web.now);
+    EXPECT_FALSE(schedule.IsPending(PriceSpan::Quote, "A"));
+    EXPECT_TRUE(schedule.Next(web.now));
+}
+
+TEST(SourceSchedule, DoesNotPutOnTheListWhatIsOnIt) {
+    Web web;
+    auto& schedule = web.Schedule();
+    schedule.Want(PriceSpan::Quote, {"A"}, web.now);
+    const auto request = schedule.Next(web.now);
+    schedule.Want(PriceSpan::Quote, {"A"}, web.now);
+    EXPECT_FALSE(schedule.Next(web.now));
+    schedule.Answer(request->id, Good(request->address), web.now);
+    EXPECT_FALSE(schedule.Next(web.now));
+    EXPECT_FALSE(schedule.IsBusy());
+}
+
+TEST(SourceSchedule, GoesToTheNextSourceWhenTheFirstIsDown) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Get({"A", "B", "C"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B|C", "second.example/q?s=A|B",
+                                             "second.example/q?s=C"));
+    EXPECT_EQ(web.Price("A"), 20);
+    EXPECT_EQ(web.Schedule().FindQuote("A").value->source, "Second");
+    EXPECT_FALSE(web.IsStale("A"));
+}
+
+TEST(SourceSchedule, RestsLongerEachTimeASourceIsDownAndComesBack) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Get({"A"}); // rests 15 seconds
+    web.now += 15;
+    web.Get({"A"}); // rests 30 seconds
+    web.TakeAsked();
+    web.now += 29;
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("second.example/q?s=A"));
+    web.Set("first.example", [](const auto& address) { return Good(address, 30); });
+    web.now += 15;
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A"));
+    EXPECT_EQ(web.Price("A"), 30);
+}
+
+TEST(SourceSchedule, KeepsTheLastGoodValueWhenAllAreDown) {
+    Web web;
+    web.Get({"A", "B"});
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse{500, "text/html", "", "<html>"});
+    web.now += 600;
+    web.Get({"A", "NEW"});
+    EXPECT_EQ(web.Price("A"), 10);
+    EXPECT_TRUE(web.IsStale("A"));
+    EXPECT_EQ(web.Schedule().FindQuote("A").receivedAt, kFridayClose);
+    EXPECT_FALSE(web.IsStale("B")) << "nobody asked for it since";
+    EXPECT_EQ(web.Schedule().FindQuote("NEW").value, nullptr);
+
+    web.Set("first.example", [](const auto& address) { return Good(address, 40); });
+    web.now += 600;
+    web.Get({"A", "NEW"});
+    EXPECT_EQ(web.Price("A"), 40);
+    EXPECT_EQ(web.Price("NEW"), 40);
+    EXPECT_FALSE(web.IsStale("A"));
+}
+
+TEST(SourceSchedule, GivesUpOnASlowAnswerAndPassesOverItWhenItComes) {
+    Web web;
+    auto& schedule = web.Schedule();
+    schedule.Want(PriceSpan::Quote, {"A"}, web.now);
+    const auto slow = schedule.Next(web.now);
+    EXPECT_FALSE(schedule.Next(web.now + 14));
+    const auto second = schedule.Next(web.now + 15);
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second->address, "https://second.example/q?s=A");
+    schedule.Answer(slow->id, Good(slow->address, 99), web.now + 16);
+    EXPECT_EQ(schedule.FindQuote("A").value, nullptr);
+    schedule.Answer(second->id, Good(second->address, 20), web.now + 17);
+    EXPECT_EQ(web.Price("A"), 20);
+}
+
+TEST(SourceSchedule, LeavesASourceOfGarbageAlone) {
+    Web web;
+    web.Set("first.example", SourceResponse{200, "application/json", "", "{\"oops\":"});
+    web.Get({"A"});
+    EXPECT_EQ(web.Price("A"), 20);
+    web.TakeAsked();
+    web.now += 59;
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("second.example/q?s=A"));
+    web.now += 15;
+    web.Get({"A"});
+    EXPECT_EQ(web.TakeAsked().front(), "first.example/q?s=A");
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].lastFailure, SourceFailure::Garbage);
+}
+
+TEST(SourceSchedule, WaitsAsLongAsARefusalSays) {
+    for (const char* header : {"120", "Fri, 20 Nov 2026 21:02:00 GMT"}) {
+        Web web;
+        web.Set("first.example", SourceResponse{429, "text/plain", header, "slow down"});
+        web.Get({"A"});
+        EXPECT_EQ(web.Schedule().Reports(web.now)[0].pausedUntil, kFridayClose + 120) << header;
+        web.TakeAsked();
+        web.now = kFridayClose + 119;
+        web.Get({"A"});
+        EXPECT_THAT(web.TakeAsked(), ElementsAre("second.example/q?s=A"));
+        web.now = kFridayClose + 134;
+        web.Get({"A"});
+        EXPECT_EQ(web.TakeAsked().front(), "first.example/q?s=A");
+    }
+}
+
+TEST(SourceSchedule, WaitsADayAtMost) {
+    Web web;
+    web.Set("first.example", SourceResponse{429, "", "99999999", ""});
+    web.Get({"A"});
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].pausedUntil, kFridayClose + 86400);
+}
+
+TEST(SourceSchedule, TakesAPageForARefusal) {
+    Web web;
+    web.Set("first.example",
+            SourceResponse{200, "text/html", "", ResponseFile("blocked/robot.html")});
+    web.Get({"A"});
+    EXPECT_EQ(web.Price("A"), 20);
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].lastFailure, SourceFailure::Blocked);
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].pausedUntil, kFridayClose + 60);
+}
+
+TEST(SourceSchedule, RefusalOfOneSourceRestsAllOnItsHost) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse{429, "", "300", ""});
+    web.Get({"A"});
+    web.TakeAsked();
+    web.Get({"A"}, PriceSpan::Year);
+    EXPECT_THAT(web.asked, IsEmpty()) << "the chart source shares the host";
+}
+
+TEST(SourceSchedule, DoesNotBelieveAnswersAboutOtherSymbols) {
+    Web web;
+    web.Set("first.example", [](const auto&) { return Good("s=WRONG|OTHER"); });
+    web.Get({"A"});
+    EXPECT_EQ(web.Price("A"), 20);
+    EXPECT_EQ(web.Price("WRONG"), 0);
+}
+
+TEST(SourceSchedule, AsksTheNextSourceForTheSymbolsThatWereLeftOut) {
+    Web web;
+    web.Set("first.example", [](const auto&) { return Good("s=A|C"); });
+    web.Get({"A", "B", "C"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B|C", "second.example/q?s=B"));
+    EXPECT_EQ(web.Price("A"), 10);
+    EXPECT_EQ(web.Price("B"), 20);
+    web.now += 599;
+    web.Get({"B"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("second.example/q?s=B"))
+        << "the first source did not know it ten minutes ago";
+    web.now += 1;
+    web.Get({"B"});
+    EXPECT_EQ(web.TakeAsked().front(), "first.example/q?s=B");
+}
+
+TEST(SourceSchedule, StopsAtTheDailyCapUntilTheNextDay) {
+    Web web;
+    for (int i = 0; i < 21; ++i) {
+        web.now += 20;
+        web.Get({"A"});
+    }
+    EXPECT_EQ(web.TakeAsked().back(), "second.example/q?s=A");
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].requestsToday, 20);
+    web.now += 86400;
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].requestsToday, 0);
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A"));
+}
+
+TEST(SourceSchedule, AsksOnlySourcesThatHaveTheSymbolAndTheSpan) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse());
+    web.Set("floor.example", SourceResponse{200, "text/csv", "", ResponseFile("fred/dgs30.csv")});
+    web.Get({"A", "^TYX"});
+    EXPECT_THAT(web.TakeAsked(),
+                ElementsAre("first.example/q?s=A|US30Y", "second.example/q?s=A|US30Y",
+                            "floor.example/csv?id=DGS30"));
+    EXPECT_EQ(web.Price("^tyx"), 4.53);
+    EXPECT_EQ(web.Price("A"), 0);
+}
+
+TEST(SourceSchedule, DoesNotReplaceAQuoteByAMuchOlderOne) {
+    Web web;
+    web.Get({"^TYX"});
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse());
+    web.Set("floor.example", SourceResponse{200, "text/csv", "", ResponseFile("fred/dgs30.csv")});
+    web.now += 60;
+    web.Get({"^TYX"});
+    EXPECT_EQ(web.asked.back(), "floor.example/csv?id=DGS30");
+    EXPECT_EQ(web.Price("^TYX"), 10);
+    EXPECT_TRUE(web.IsStale("^TYX"));
+}
+
+TEST(SourceSchedule, FetchesThePricesOfAChart) {
+    Web web;
+    web.Set("second.example",
+            SourceResponse{200, "application/json", "", ResponseFile("yahoo/chart_year.json")});
+    web.now += 60;
+    web.Get({"BRK.B"}, PriceSpan::Year);
+    EXPECT_THAT(web.asked, ElementsAre("second.example/chart/BRK-B?r=1y"));
+    const auto kept = web.Schedule().FindSeries(PriceSpan::Year, "brk-b");
+    ASSERT_NE(kept.value, nullptr);
+    EXPECT_EQ(kept.value->closes.size(), 3u);
+    EXPECT_EQ(kept.value->source, "Chart");
+    EXPECT_EQ(web.Schedule().FindSeries(PriceSpan::Day, "BRK.B").value, nullptr);
+    EXPECT_EQ(web.Price("BRK.B"), 0) << "a quote was not asked for";
+}
+
+TEST(SourceSchedule, GoesOnWhenTheClockIsSetBack) {
+    Web web;
+    web.Set("first.example", SourceResponse{429, "", "3600", ""});
+    web.Get({"A"});
+    web.Set("first.example", [](const auto& address) { return Good(address, 5, "2026-11-19"); });
+    web.TakeAsked();
+    web.now -= 40000;
+    web.Get({"A"});
+    EXPECT_EQ(web.TakeAsked().front(), "first.example/q?s=A");
+}
+
+TEST(SourceSchedule, GivesUpAtOnceWithoutASource) {
+    Web web("[sources.a]\nformat = \"cnbc\"\nrequest = \"https://x.example/\"\nenabled = false\n");
+    web.Get({"A", "", " "});
+    EXPECT_THAT(web.asked, IsEmpty());
+    EXPECT_FALSE(web.Schedule().IsBusy());
+    EXPECT_FALSE(web.Schedule().Reports(web.now)[0].enabled);
+}
+
+TEST(SourceSchedule, AsksForAThousandSymbolsOnceEach) {
+    Web web("[sources.a]\nformat = \"cnbc\"\nbatch = 40\nseparator = \"|\"\n"
+            "request = \"https://first.example/q?s={symbols}\"\n");
+    std::vector<std::string> symbols;
+    for (int i = 0; i < 1000; ++i)
+        symbols.push_back("T" + std::to_string(i));
+    web.Get(symbols);
+    ASSERT_EQ(web.asked.size(), 25u);
+    std::size_t count = 0;
+    for (const std::string& address : web.asked)
+        count += CountOccurrences(address, "|") + 1;
+    EXPECT_EQ(count, 1000u);
+    EXPECT_EQ(web.Price("T999"), 10);
+}
+
+} // namespace
+} // namespace tallowmere

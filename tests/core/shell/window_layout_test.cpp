@@ -1,0 +1,69 @@
+#include "core/shell/window_layout.h"
+
+#include <gtest/gtest.h>
+
+namespace tallowmere {
+namespace {
+
+LayoutRequest RequestOf(int width, int height) {
+    LayoutRequest request;
+    request.width = width;
+    request.height = height;
+    request.portfolioHeight = 200;
+    request.statusHeight = 20;
+    request.stripHeight = 24;
+    return request;
+}
+
+TEST(WindowLayout, TheTopOfThePanesIs450TwipsWithoutTheTickerStrip) {
+    EXPECT_EQ(LayOutWindow(RequestOf(1280, 900)).web.y * kTwipsPerPixel, 450);
+}
+
+TEST(WindowLayout, TheTickerStripPushesThePanesTo1000Twips) {
+    LayoutRequest request = RequestOf(1280, 900);
+    request.tickerShown = true;
+    const WindowLayout layout = LayOutWindow(request);
+    EXPECT_EQ(layout.web.y, PixelsFromTwips(1000));
+    EXPECT_EQ(layout.tickerWidth, (1280 * 15 - 2120) / 15);
+    EXPECT_EQ(layout.tickerFrame.width, (1280 * 15 - 2360) / 15);
+}
+
+TEST(WindowLayout, ThePanesLieBetweenTheSidePanelsAndTheStatusLines) {
+    for (const auto& [width, height] :
+         {std::pair{565, 134}, {667, 567}, {1280, 900}, {1600, 1000}, {1920, 1080}}) {
+        const WindowLayout layout = LayOutWindow(RequestOf(width, height));
+        EXPECT_GE(layout.web.x, layout.left.x + layout.left.width) << width;
+        EXPECT_LE(layout.web.x + layout.web.width, layout.right.x) << width;
+        EXPECT_GE(layout.web.width, 200) << width;
+        EXPECT_EQ(layout.status.x, layout.web.x) << width;
+        EXPECT_EQ(layout.status.width, layout.web.width) << width;
+        EXPECT_EQ(layout.status.y, layout.web.y + layout.web.height) << width;
+        EXPECT_EQ(layout.progress.x, layout.web.x) << width;
+        EXPECT_EQ(layout.strip.width, width);
+        EXPECT_GE(layout.left.height, 0) << width;
+    }
+}
+
+TEST(WindowLayout, APanelThatIsNotShownGivesItsWidthToThePanes) {
+    LayoutRequest request = RequestOf(1280, 900);
+    const int before = LayOutWindow(request).web.width;
+    request.leftShown = false;
+    request.rightShown = false;
+    const WindowLayout layout = LayOutWindow(request);
+    EXPECT_EQ(layout.left.width, 0);
+    EXPECT_EQ(layout.right.width, 0);
+    EXPECT_GT(layout.web.width, before + 300);
+}
+
+TEST(WindowLayout, ADraggedPanelKeepsRoomForThePanes) {
+    LayoutRequest request = RequestOf(700, 600);
+    request.leftWidth = 5000;
+    request.rightWidth = 1;
+    const WindowLayout layout = LayOutWindow(request);
+    EXPECT_LE(layout.left.width, 250);
+    EXPECT_GE(layout.right.width, 120);
+    EXPECT_GE(layout.web.width, 200);
+}
+
+} // namespace
+} // namespace tallowmere
