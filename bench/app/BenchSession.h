@@ -4,6 +4,7 @@
 #include "app/forms/frmMain.h"
 #include "app/shell/Session.h"
 #include "app/sites/Tables.h"
+#include "core/sites/site_table.h"
 
 #include <QTemporaryDir>
 

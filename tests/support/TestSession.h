@@ -3,6 +3,7 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/shell/Session.h"
+#include "core/sites/site_table.h"
 #include "support/TestClock.h"
 #include "support/TestPrompts.h"
 

@@ -1,6 +1,7 @@
 // The page of a portfolio of 1,000 tickers in live mode, from the question for it to the page, with
 // a source on the loopback interface; beside the time that the same requests take by themselves.
 #include "app/quotes/LiveQuotes.h"
+#include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 #include "support/LoopbackServer.h"
 

@@ -1,4 +1,5 @@
 #include "core/portal/live_portal.h"
+#include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 
 #include <benchmark/benchmark.h>

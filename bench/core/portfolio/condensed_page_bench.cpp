@@ -1,4 +1,5 @@
 #include "core/portfolio/condensed_page.h"
+#include "core/sites/site_table.h"
 
 #include "core/text/files.h"
 

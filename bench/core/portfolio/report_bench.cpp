@@ -1,4 +1,5 @@
 #include "core/portfolio/report.h"
+#include "core/sites/site_table.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,9 @@
 #include "core/links/address.h"
 #include "core/links/catalogue.h"
 #include "core/links/site_menus.h"
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/sites/site_resolver.h"
+#include "core/sites/site_table.h"
 
 #include <benchmark/benchmark.h>
 

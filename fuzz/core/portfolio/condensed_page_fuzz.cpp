@@ -1,5 +1,6 @@
 #include "core/portfolio/condensed_page.h"
 #include "core/portfolio/naive_condensed_page.h"
+#include "core/sites/site_table.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,4 +1,5 @@
 #include "core/portfolio/report.h"
+#include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 
 #include <algorithm>

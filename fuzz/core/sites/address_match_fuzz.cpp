@@ -1,6 +1,7 @@
 #include "core/links/address.h"
 #include "core/links/catalogue.h"
 #include "core/sites/address_match.h"
+#include "core/sites/site_table.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,5 @@
 #include "core/sites/site_resolver.h"
+#include "core/sites/site_table.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "app/base/WebAccess.h"
 
 #include "app/engine/PortalScheme.h"
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 
 namespace tallowmere {
 

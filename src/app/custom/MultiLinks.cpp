@@ -10,6 +10,7 @@
 #include "core/links/before_navigate.h"
 #include "core/links/chart_page.h"
 #include "core/market/timers.h"
+#include "core/shell/area_colors.h"
 #include "core/text/bytes.h"
 #include "core/text/files.h"
 

@@ -7,6 +7,7 @@
 #include "app/engine/PanePage.h"
 #include "app/engine/PortalScheme.h"
 #include "core/links/load_errors.h"
+#include "core/links/web_address.h"
 #include "core/portal/generated_pages.h"
 
 #include <QEventLoop>

@@ -3,7 +3,7 @@
 #include "app/base/FlowLayout.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -6,6 +6,7 @@
 #include "app/forms/frmNav.h"
 #include "app/links/PaneDeck.h"
 #include "core/links/smart_navigate.h"
+#include "core/shell/navigate_list.h"
 
 namespace tallowmere {
 

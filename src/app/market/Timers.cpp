@@ -4,7 +4,7 @@
 #include "app/base/TransferControl.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
-#include "app/tools/ColorConfig.h"
+#include "core/shell/area_colors.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 

@@ -2,9 +2,9 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
-#include "app/tools/ColorConfig.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/ticker_list.h"
+#include "core/shell/area_colors.h"
 
 namespace tallowmere {
 

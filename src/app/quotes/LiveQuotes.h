@@ -4,6 +4,7 @@
 #include "app/base/ProxySetting.h"
 #include "app/base/WebAccess.h"
 #include "core/portal/live_portal.h"
+#include "core/sites/site_table.h"
 
 #include <QDeadlineTimer>
 #include <QNetworkAccessManager>

@@ -4,6 +4,7 @@
 #include "app/base/WebAccess.h"
 #include "core/quotes/source_table.h"
 #include "core/sites/site_resolver.h"
+#include "core/sites/site_table.h"
 
 #include <memory>
 

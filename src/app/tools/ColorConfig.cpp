@@ -3,9 +3,7 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/portfolio/Portfolios.h"
-#include "core/shell/conversion.h"
-#include "core/shell/setting_keys.h"
-#include "core/text/runtime_error.h"
+#include "core/shell/area_colors.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -31,17 +29,6 @@ void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
 }
 
 } // namespace
-
-AreaColors ReadAreaColors(const SettingsStore& settings) {
-    return AreaColors([&settings](std::string_view key) -> std::optional<std::uint32_t> {
-        const std::string value = settings.GetSetting(kColorsSection, key, "");
-        try {
-            return value.empty() ? std::nullopt : std::optional(ToColor(value));
-        } catch (const RuntimeError&) {
-            return std::nullopt; // the report at the start names it
-        }
-    });
-}
 
 ColorConfig::ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios)
     : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {

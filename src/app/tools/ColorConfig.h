@@ -10,10 +10,6 @@ namespace tallowmere {
 class frmMain;
 class Portfolios;
 
-/// The colours of all areas as the settings hold them. A value that is no colour counts as never
-/// saved.
-AreaColors ReadAreaColors(const SettingsStore& settings);
-
 /// Applies the colours of all areas to the controls of the main window.
 class ColorConfig : public QObject {
     Q_OBJECT

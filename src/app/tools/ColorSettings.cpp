@@ -2,7 +2,7 @@
 
 #include "app/forms/Chip.h"
 #include "app/forms/frmColor.h"
-#include "app/tools/ColorConfig.h"
+#include "core/shell/area_colors.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 

@@ -68,7 +68,7 @@ std::string FillPath(std::string_view pathTemplate, const TickerForms& forms, Da
     return path;
 }
 
-std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteTable& sites,
+std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteHosts& sites,
                          Date today) {
     return sites.Address(row.site, FillPath(row.target, forms, today));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/links/catalogue.h"
-#include "core/sites/site_table.h"
+#include "core/links/site_hosts.h"
 #include "core/text/date.h"
 
 #include <string>
@@ -28,7 +28,7 @@ std::string FillPath(std::string_view pathTemplate, const TickerForms& forms, Da
 
 /// The address of a row that HasAddress: the site's host and the filled-in path, without a scheme
 /// where the table of sites gives none.
-std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteTable& sites,
+std::string BuildAddress(const LinkRow& row, const TickerForms& forms, const SiteHosts& sites,
                          Date today);
 
 /// Whether an address of the user's own holds a placeholder for the ticker ("CASETICK").

@@ -27,7 +27,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kIndexSym
 
 } // namespace
 
-std::optional<std::string> RewriteStockLookup(std::string_view address, const SiteTable& sites) {
+std::optional<std::string> RewriteStockLookup(std::string_view address, const SiteHosts& sites) {
     const auto path = address.find(kLookupPath);
     if (path == std::string_view::npos)
         return std::nullopt;

@@ -1,6 +1,6 @@
 #include "core/links/chart_page.h"
 
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/text/bytes.h"
 
 #include <span>
@@ -36,11 +36,11 @@ std::string Quoted(std::string_view value) {
     return "\"" + std::string(value) + "\"";
 }
 
-std::string PageAddress(const SiteTable& sites, std::string_view site, std::string_view path) {
+std::string PageAddress(const SiteHosts& sites, std::string_view site, std::string_view path) {
     return Quoted(WithScheme(sites.Address(site, path)));
 }
 
-std::string Paragraph(const Chart& chart, const TickerForms& forms, const SiteTable& sites) {
+std::string Paragraph(const Chart& chart, const TickerForms& forms, const SiteHosts& sites) {
     const std::string quotePage = "/q?s=" + forms.upper + "&amp;d=" + std::string(chart.period);
     // The path holds no date.
     const std::string image = FillPath(chart.path, forms, Date{});
@@ -53,7 +53,7 @@ std::string Paragraph(const Chart& chart, const TickerForms& forms, const SiteTa
 }
 
 std::string ChartsPage(std::span<const Chart> charts, const TickerForms& ticker,
-                       const SiteTable& sites) {
+                       const SiteHosts& sites) {
     // A ticker that came from a page may hold anything; it stays inside its quote marks.
     const TickerForms forms{EscapeHtml(ticker.upper), EscapeHtml(ticker.lower),
                             EscapeHtml(ticker.first)};
@@ -70,11 +70,11 @@ std::string ChartsPage(std::span<const Chart> charts, const TickerForms& ticker,
 
 } // namespace
 
-std::string SmallChartsPage(const TickerForms& forms, const SiteTable& sites) {
+std::string SmallChartsPage(const TickerForms& forms, const SiteHosts& sites) {
     return ChartsPage(kSmallCharts, forms, sites);
 }
 
-std::string LargeChartsPage(const TickerForms& forms, const SiteTable& sites) {
+std::string LargeChartsPage(const TickerForms& forms, const SiteHosts& sites) {
     return ChartsPage(kLargeCharts, forms, sites);
 }
 

@@ -13,9 +13,9 @@ constexpr std::string_view kSmallChartsFile = "ycs.htm";
 constexpr std::string_view kLargeChartsFile = "ycl.htm";
 
 /// The page of three small charts, with its line end.
-std::string SmallChartsPage(const TickerForms& forms, const SiteTable& sites);
+std::string SmallChartsPage(const TickerForms& forms, const SiteHosts& sites);
 
 /// The page of four large charts, with its line end.
-std::string LargeChartsPage(const TickerForms& forms, const SiteTable& sites);
+std::string LargeChartsPage(const TickerForms& forms, const SiteHosts& sites);
 
 } // namespace tallowmere

@@ -24,7 +24,7 @@ std::string PlusSeparated(const std::vector<std::string>& tickers) {
 } // namespace
 
 std::string QueryPortfolioAddress(std::string_view storedList, std::string_view viewCode,
-                                  const SiteTable& sites) {
+                                  const SiteHosts& sites) {
     const auto last = storedList.find_last_not_of('|');
     const auto tickers = storedList.substr(0, last == std::string_view::npos ? 0 : last + 1);
     return sites.Address("quote", "/quotes?symbols=" + ReplaceAll(ToLower(tickers), "|", "+") +
@@ -32,7 +32,7 @@ std::string QueryPortfolioAddress(std::string_view storedList, std::string_view 
 }
 
 std::string SendAllAddress(const std::vector<std::string>& tickers, std::string_view site,
-                           const SiteTable& sites) {
+                           const SiteHosts& sites) {
     if (site == "lycos") {
         return sites.Address("sendall_lycos",
                              "/click?page=quote&company=" + BlankSeparated(tickers) + "&x=58&y=9");
@@ -52,7 +52,7 @@ std::string SendAllAddress(const std::vector<std::string>& tickers, std::string_
 }
 
 std::string StreamingPortfolioAddress(std::string_view userId, std::string_view password,
-                                      const SiteTable& sites) {
+                                      const SiteHosts& sites) {
     return sites.Address("stream_applet",
                          "/moneynet/cgi-bin/applet.cgi?CUSTID=" + std::string(userId) +
                              "&PASSWORD=" + std::string(password));

@@ -53,7 +53,7 @@ std::vector<ServerEntry> ReadNewSites(std::string_view page) {
     }
 }
 
-std::string BookAddress(std::string_view code, const SiteTable& sites) {
+std::string BookAddress(std::string_view code, const SiteHosts& sites) {
     // The code comes from outside: encoded, it cannot lead to another page of the store.
     return sites.Address("bookstore", "/exec/obidos/ASIN/" + PercentEncode(code) + "/");
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/sites/site_table.h"
+#include "core/links/site_hosts.h"
 
 #include <string>
 #include <string_view>
@@ -35,6 +35,6 @@ std::vector<ServerEntry> ReadBookList(std::string_view page);
 std::vector<ServerEntry> ReadNewSites(std::string_view page);
 
 /// The bookstore's page of a book.
-std::string BookAddress(std::string_view code, const SiteTable& sites);
+std::string BookAddress(std::string_view code, const SiteHosts& sites);
 
 } // namespace tallowmere

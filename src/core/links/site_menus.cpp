@@ -1,7 +1,7 @@
 #include "core/links/site_menus.h"
 
 #include "core/links/menu_table.h"
-#include "core/sites/site_table.h"
+#include "core/links/site_hosts.h"
 #include "core/text/bytes.h"
 
 #include <algorithm>
@@ -136,7 +136,7 @@ const SiteMenuItem* FindSiteMenuItem(std::string_view array, int index) {
 }
 
 std::string SiteMenuAddress(std::string_view array, int index, std::string_view lowerTicker,
-                            const SiteTable& sites, const MenuTable& menus) {
+                            const SiteHosts& sites, const MenuTable& menus) {
     const SiteMenuItem* item = FindSiteMenuItem(array, index);
     if (item != nullptr && item->kind == MenuItemKind::Fixed)
         return std::string(menus.Address(array, index));

@@ -10,7 +10,7 @@
 namespace tallowmere {
 
 class MenuTable;
-class SiteTable;
+class SiteHosts;
 
 /// No research link pops the menu up: it is a submenu.
 constexpr int kNoLink = -1;
@@ -64,6 +64,6 @@ const SiteMenuItem* FindSiteMenuItem(std::string_view array, int index);
 /// The address that an item loads; empty for one that loads nothing. `lowerTicker` is the
 /// lower-cased ticker, or the placeholder word that stands for it.
 std::string SiteMenuAddress(std::string_view array, int index, std::string_view lowerTicker,
-                            const SiteTable& sites, const MenuTable& menus);
+                            const SiteHosts& sites, const MenuTable& menus);
 
 } // namespace tallowmere

@@ -1,7 +1,5 @@
 #include "core/links/smart_navigate.h"
 
-#include "core/shell/setting_keys.h"
-#include "core/shell/settings_store.h"
 #include "core/text/bytes.h"
 
 namespace tallowmere {
@@ -9,29 +7,6 @@ namespace tallowmere {
 std::string CompleteEntry(std::string_view entry) {
     const std::string text(Trim(entry));
     return text.empty() || Contains(text, ".") ? text : "www." + text + ".com";
-}
-
-std::string NavigateKey(std::size_t position) {
-    return "NAV" + std::to_string(position);
-}
-
-std::vector<std::string> ReadNavigateEntries(const SettingsStore& settings) {
-    std::vector<std::string> entries;
-    for (;;) {
-        std::string entry =
-            settings.GetSetting(kSettingsSection, NavigateKey(entries.size() + 1), "");
-        if (entry.empty())
-            return entries;
-        entries.push_back(std::move(entry));
-    }
-}
-
-void SaveNavigateEntries(SettingsStore& settings, std::string_view address,
-                         const std::vector<std::string>& list) {
-    std::vector<std::pair<std::string, std::string>> values{{NavigateKey(1), std::string(address)}};
-    for (std::size_t i = 0; i < list.size(); ++i)
-        values.emplace_back(NavigateKey(i + 2), list[i]);
-    settings.SaveSettings(kSettingsSection, values);
 }
 
 } // namespace tallowmere

@@ -9,17 +9,6 @@ namespace tallowmere {
 
 namespace {
 
-// clang-format off
-constexpr std::array<IndexRow, kIndexCount> kRows{{
-    {"^nya",  "<a href=\"/q?s=^NYA&d=t\">",  "NYSE : "},
-    {"^spc",  "<a href=\"/q?s=^SPC&d=t\">",  "S&P 500 : "},
-    {"^oex",  "<a href=\"/q?s=^OEX&d=t\">",  "S&P 100 : "},
-    {"^tyx",  "<a href=\"/q?s=^TYX&d=t\">",  "30Y-TSY : "},
-    {"^dji",  "<a href=\"/q?s=^DJI&d=t\">",  "DJIA : "},
-    {"^ixic", "<a href=\"/q?s=^IXIC&d=t\">", "NAS/NMS : "},
-}};
-// clang-format on
-
 constexpr auto kNowhere = std::string_view::npos;
 constexpr double kSecondsBetweenFetches = 200;
 
@@ -57,24 +46,6 @@ std::optional<std::string> ReadRow(std::string_view page, const IndexRow& row) {
 
 } // namespace
 
-const std::array<IndexRow, kIndexCount>& IndexTable() {
-    return kRows;
-}
-
-std::string IndexQuery() {
-    std::string query = "/q?s=";
-    for (const IndexRow& row : kRows) {
-        if (&row != &kRows.front())
-            query += '+';
-        query += row.symbol;
-    }
-    return query;
-}
-
-std::string DetailedIndexQuery() {
-    return IndexQuery() + "&d=t";
-}
-
 bool FetchIsDue(double clock, int lastFetch) {
     return clock - lastFetch > kSecondsBetweenFetches;
 }
@@ -89,7 +60,7 @@ bool IsCompleteIndexPage(std::string_view page) {
 
 std::vector<std::string> ReadIndexPage(std::string_view page) {
     std::vector<std::string> panels;
-    for (const IndexRow& row : kRows) {
+    for (const IndexRow& row : IndexTable()) {
         auto text = ReadRow(page, row);
         if (!text)
             break;

@@ -1,29 +1,13 @@
 #pragma once
 
-#include <array>
+#include "core/links/index_query.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// The strip of six market indices: what is asked for, and how the answer is read.
+/// The strip of six market indices: when it asks, and how the answer is read.
 namespace tallowmere {
-
-struct IndexRow {
-    std::string_view symbol; ///< in the query
-    std::string_view anchor; ///< searched for in the page
-    std::string_view label;  ///< put before the values
-};
-
-constexpr int kIndexCount = 6;
-
-/// The six rows in the order of the panels.
-const std::array<IndexRow, kIndexCount>& IndexTable();
-
-/// Path and query of the page that the strip reads.
-std::string IndexQuery();
-
-/// Path and query of the page with the details, shown by a click on the strip and at the start.
-std::string DetailedIndexQuery();
 
 /// Whether a tick fetches: more than 200 seconds since the last fetch. `clock` is in seconds since
 /// midnight, `lastFetch` the mark of the last fetch.

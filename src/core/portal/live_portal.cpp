@@ -1,6 +1,6 @@
 #include "core/portal/live_portal.h"
 
-#include "core/market/index_strip.h"
+#include "core/links/index_query.h"
 #include "core/portal/live_view.h"
 #include "core/portal/portal_pages.h"
 #include "core/text/bytes.h"

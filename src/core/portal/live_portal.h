@@ -2,6 +2,7 @@
 
 #include "core/portal/portal_answer.h"
 #include "core/quotes/source_schedule.h"
+#include "core/sites/site_table.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "core/portal/live_view.h"
 
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/quotes/time_text.h"
 #include "core/text/bytes.h"
 

@@ -1,6 +1,6 @@
 #include "core/portal/portal_answer.h"
 
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/portal/index_page.h"
 #include "core/portal/portal_pages.h"
 #include "core/portal/quotes_page.h"

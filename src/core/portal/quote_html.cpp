@@ -1,7 +1,7 @@
 #include "core/portal/quote_html.h"
 
 #include "core/links/address.h"
-#include "core/market/index_strip.h"
+#include "core/links/index_query.h"
 #include "core/quotes/number_text.h"
 #include "core/text/bytes.h"
 

@@ -1,7 +1,7 @@
 #include "core/portfolio/condensed_page.h"
 
 #include "core/links/address.h"
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/text/bytes.h"
 #include "core/text/rare_byte_search.h"
 

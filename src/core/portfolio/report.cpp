@@ -1,7 +1,7 @@
 #include "core/portfolio/report.h"
 
 #include "core/links/address.h"
-#include "core/portal/generated_pages.h"
+#include "core/links/web_address.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/text/bytes.h"
 

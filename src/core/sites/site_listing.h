@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/sites/site_table.h"
 #include "core/sites/today_table.h"
 #include "core/text/date.h"
 

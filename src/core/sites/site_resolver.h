@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/sites/address_tree.h"
+#include "core/sites/site_table.h"
 #include "core/sites/today_table.h"
 
 #include <optional>

@@ -108,17 +108,6 @@ void SiteTable::Override(TolerantToml& file) {
                   });
 }
 
-std::string_view SiteTable::Host(std::string_view site) const {
-    auto found = m_hosts.find(site);
-    if (found == m_hosts.end())
-        found = m_hosts.find(std::string_view("default"));
-    return found == m_hosts.end() ? std::string_view() : std::string_view(found->second);
-}
-
-std::string SiteTable::Address(std::string_view site, std::string_view path) const {
-    return std::string(Host(site)).append(path);
-}
-
 std::string_view SiteTable::Program(std::string_view name) const {
     const auto found = m_programs.find(name);
     return found == m_programs.end() ? std::string_view() : std::string_view(found->second);

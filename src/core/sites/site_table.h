@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/links/site_hosts.h"
+
 #include <map>
 #include <string>
 #include <string_view>
@@ -11,7 +13,7 @@ struct TolerantToml;
 /// Which host each site of the catalogue has, and which programs are started outside. Read from a
 /// TOML file: a table [hosts] with a key per site and `default` for any site without a key, and a
 /// table [programs] with `browser`, `calculator` and `mail`.
-class SiteTable {
+class SiteTable : public SiteHosts {
 public:
     /// Reads the text of a table. Throws RuntimeError "<fileName>:<line>: <what is wrong>".
     static SiteTable Parse(std::string_view text, std::string_view fileName);
@@ -20,21 +22,10 @@ public:
     /// or program that there is not, is complained of and left out.
     void Override(TolerantToml& file);
 
-    /// The host of a site, else the default host, else the empty text. It may hold a scheme, a port
-    /// and a folder; it is put before a path as it stands.
-    std::string_view Host(std::string_view site) const;
-
-    /// Host and path of a page of a site.
-    std::string Address(std::string_view site, std::string_view path) const;
-
     /// The command of a program that is started outside, empty for the desktop's own.
     std::string_view Program(std::string_view name) const;
 
-    /// All hosts by site.
-    const std::map<std::string, std::string, std::less<>>& Hosts() const { return m_hosts; }
-
 private:
-    std::map<std::string, std::string, std::less<>> m_hosts;
     std::map<std::string, std::string, std::less<>> m_programs;
 };
 

@@ -1,9 +1,9 @@
 #include "core/sites/today_table.h"
 
 #include "core/links/catalogue.h"
+#include "core/links/index_query.h"
 #include "core/links/site_menus.h"
 #include "core/links/web_address.h"
-#include "core/market/index_strip.h"
 #include "core/text/bytes.h"
 #include "core/text/tolerant_toml.h"
 

@@ -1,6 +1,7 @@
 #include "app/links/LinkDispatch.h"
 #include "app/engine/BrowserPane.h"
 #include "core/links/address.h"
+#include "core/sites/site_table.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"

@@ -1,4 +1,5 @@
 #include "app/links/SeparateBrowser.h"
+#include "core/sites/site_table.h"
 
 #include "app/base/WebAccess.h"
 #include "core/sites/site_resolver.h"

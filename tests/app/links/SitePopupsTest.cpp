@@ -2,6 +2,7 @@
 #include "app/engine/BrowserPane.h"
 #include "app/links/SearchMenu.h"
 #include "core/links/site_menus.h"
+#include "core/sites/site_table.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"

@@ -1,4 +1,5 @@
 #include "app/quotes/LiveQuotes.h"
+#include "core/sites/site_table.h"
 
 #include "app/base/QtText.h"
 #include "app/base/TransferControl.h"

@@ -5,6 +5,7 @@
 #include "app/portfolio/Portfolios.h"
 #include "app/tools/ColorSettings.h"
 #include "core/shell/conversion.h"
+#include "core/sites/site_table.h"
 #include "core/tools/color_values.h"
 #include "support/ModalDialog.h"
 #include "support/Navigations.h"

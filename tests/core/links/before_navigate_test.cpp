@@ -1,4 +1,5 @@
 #include "core/links/before_navigate.h"
+#include "core/sites/site_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "core/links/chart_page.h"
+#include "core/sites/site_table.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "core/links/server_lists.h"
+#include "core/sites/site_table.h"
 
 #include "core/links/menu_table.h"
 #include "core/links/site_menus.h"

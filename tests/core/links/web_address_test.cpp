@@ -44,5 +44,44 @@ TEST(WebAddressBytes, ANulByteIsNoPartOfAnAddress) {
     EXPECT_FALSE(IsWebAddress(std::string("http://a.test/\0b", 16)));
 }
 
+struct SchemeCase {
+    std::string_view address;
+    std::string_view scheme;
+    std::string_view completed;
+};
+
+// clang-format off
+constexpr SchemeCase kSchemeCases[] = {
+    {"",                                   "",            ""},
+    {"  ",                                 "",            ""},
+    {"www.example.com",                    "",            "http://www.example.com"},
+    {" www.example.com/a ",                "",            "http://www.example.com/a"},
+    {"http://www.example.com",             "http",        "http://www.example.com"},
+    {"HTTPS://www.example.com",            "https",       "HTTPS://www.example.com"},
+    {"localhost:8080/q",                   "",            "http://localhost:8080/q"},
+    {"127.0.0.1:80",                       "",            "http://127.0.0.1:80"},
+    {"example.com/q?u=http://other.com",   "",            "http://example.com/q?u=http://other.com"},
+    {"example.com?to=mailto:me",           "",            "http://example.com?to=mailto:me"},
+    {"javascript:alert(1)",                "javascript",  "javascript:alert(1)"},
+    {"JavaScript:alert(1)",                "javascript",  "JavaScript:alert(1)"},
+    {"file:///etc/hosts",                  "file",        "file:///etc/hosts"},
+    {"file:/etc/hosts",                    "file",        "file:/etc/hosts"},
+    {"view-source:http://a",               "view-source", "view-source:http://a"},
+    {"data:text/html,x",                   "data",        "data:text/html,x"},
+    {"about:blank",                        "about",       "about:blank"},
+    {"://x",                               "",            "http://://x"},
+};
+// clang-format on
+
+TEST(AddressText, TheSchemeIsReadFromTheFrontOnly) {
+    for (const SchemeCase& row : kSchemeCases)
+        EXPECT_EQ(SchemeOf(row.address), row.scheme) << row.address;
+}
+
+TEST(AddressText, HttpIsPutBeforeAnAddressWithoutAScheme) {
+    for (const SchemeCase& row : kSchemeCases)
+        EXPECT_EQ(WithScheme(row.address), row.completed) << row.address;
+}
+
 } // namespace
 } // namespace tallowmere

@@ -82,21 +82,6 @@ TEST(IndexStrip, LeavesAnEmptyChangeEmpty) {
     EXPECT_THAT(ReadIndexPage(Row("^NYA", "9", "")), testing::ElementsAre("NYSE : 9 "));
 }
 
-TEST(IndexStrip, AsksForTheSixSymbols) {
-    EXPECT_EQ(IndexQuery(), "/q?s=^nya+^spc+^oex+^tyx+^dji+^ixic");
-    EXPECT_EQ(DetailedIndexQuery(), "/q?s=^nya+^spc+^oex+^tyx+^dji+^ixic&d=t");
-}
-
-TEST(IndexStrip, HasSixRowsInTheOrderOfThePanels) {
-    const auto& table = IndexTable();
-    EXPECT_EQ(table[0].anchor, "<a href=\"/q?s=^NYA&d=t\">");
-    EXPECT_EQ(table[1].anchor, "<a href=\"/q?s=^SPC&d=t\">");
-    EXPECT_EQ(table[2].anchor, "<a href=\"/q?s=^OEX&d=t\">");
-    EXPECT_EQ(table[3].anchor, "<a href=\"/q?s=^TYX&d=t\">");
-    EXPECT_EQ(table[4].anchor, "<a href=\"/q?s=^DJI&d=t\">");
-    EXPECT_EQ(table[5].anchor, "<a href=\"/q?s=^IXIC&d=t\">");
-}
-
 TEST(IndexStrip, FetchesOnlyMoreThanTwoHundredSecondsAfterTheLastFetch) {
     EXPECT_TRUE(FetchIsDue(201, 0));
     EXPECT_FALSE(FetchIsDue(200, 0));

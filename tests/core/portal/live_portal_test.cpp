@@ -1,4 +1,5 @@
 #include "core/portal/live_portal.h"
+#include "core/sites/site_table.h"
 
 #include "core/links/portfolio_address.h"
 #include "core/market/index_strip.h"

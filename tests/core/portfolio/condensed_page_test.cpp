@@ -1,4 +1,5 @@
 #include "core/portfolio/condensed_page.h"
+#include "core/sites/site_table.h"
 
 #include "core/portfolio/naive_condensed_page.h"
 #include "core/text/bytes.h"

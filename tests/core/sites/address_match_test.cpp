@@ -1,4 +1,5 @@
 #include "core/sites/address_match.h"
+#include "core/sites/site_table.h"
 
 #include "core/links/address.h"
 #include "core/links/catalogue.h"

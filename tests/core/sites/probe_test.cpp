@@ -1,4 +1,5 @@
 #include "core/sites/probe.h"
+#include "core/sites/site_table.h"
 
 #include "shipped_files.h"
 

@@ -1,4 +1,5 @@
 #include "core/sites/site_listing.h"
+#include "core/sites/site_table.h"
 
 #include "core/links/catalogue.h"
 #include "core/links/site_menus.h"

@@ -1,11 +1,12 @@
 #include "core/sites/site_resolver.h"
+#include "core/sites/site_table.h"
 
 #include "core/links/address.h"
 #include "core/links/catalogue.h"
 #include "core/links/portfolio_address.h"
 #include "core/links/site_menus.h"
+#include "core/links/web_address.h"
 #include "core/market/index_strip.h"
-#include "core/portal/generated_pages.h"
 #include "shipped_files.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 #include "core/sites/site_keys.h"
+#include "core/sites/site_table.h"
 #include "shipped_files.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "core/sites/site_table.h"
 #include "core/sites/user_sites.h"
 
 #include "core/sites/site_resolver.h"
