@@ -18,7 +18,7 @@ constexpr auto kPause = std::chrono::seconds(1);
 
 /// The sources and sites of the program with the rows of the user's own.
 std::vector<Probe> AllProbes(const CommandLine& commandLine) {
-    const Folders folders = Folders::For(commandLine);
+    const Folders folders = Folders::For(commandLine.profile);
     Tables tables = Tables::Read(folders, commandLine.sites);
     const UserSites own(tables, folders.tables / "sites.toml");
     const SourceTable sources = ReadSources(folders);

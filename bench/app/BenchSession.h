@@ -3,6 +3,7 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/shell/Session.h"
+#include "app/shell/Subsystems.h"
 #include "app/sites/Tables.h"
 #include "core/sites/site_table.h"
 

@@ -1,4 +1,6 @@
+#include "app/base/Clock.h"
 #include "app/base/Folders.h"
+#include "app/base/Prompts.h"
 #include "app/engine/PortalScheme.h"
 #include "app/shell/Application.h"
 #include "app/shell/CommandLine.h"
@@ -18,7 +20,7 @@ namespace {
 constexpr int kWrongStart = 2;
 
 int Run(Application& application, const CommandLine& commandLine) {
-    const Folders folders = Folders::For(commandLine);
+    const Folders folders = Folders::For(commandLine.profile);
     Tables tables = Tables::Read(folders, commandLine.sites);
 
     SingleInstance instance(folders.programFolder);

@@ -2,7 +2,9 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
+#include "app/portfolio/PortfolioControllers.h"
 #include "app/shell/Session.h"
+#include "app/shell/Subsystems.h"
 #include "core/sites/site_table.h"
 #include "support/TestClock.h"
 #include "support/TestPrompts.h"
@@ -11,6 +13,34 @@
 #include <QTest>
 
 namespace tallowmere {
+
+/// A session with short ways to the controllers that tests look at.
+class TestedSession : public Session {
+public:
+    using Session::Session;
+
+    RecordingState& Recorded() { return Controllers().links.recording; }
+    Accounts& UserAccounts() { return Controllers().links.accounts; }
+    PaneDeck& Panes() { return *Controllers().links.panes; }
+    LinkDispatch& Dispatch() { return *Controllers().links.dispatch; }
+    LinkPanel& Panel() { return *Controllers().links.panel; }
+    SitePopups& Popups() { return *Controllers().links.popups; }
+    ServerLists& Lists() { return *Controllers().links.lists; }
+    Portfolios& Ports() { return *Controllers().portfolio.portfolios; }
+    QuotePage& Quotes() { return *Controllers().portfolio.quotes; }
+    TickerImport& Import() { return *Controllers().portfolio.import; }
+    CustomEditor& Editor() { return *Controllers().custom.editor; }
+    CustomMenu& SlotMenu() { return *Controllers().custom.menu; }
+    MultiLinks& Recording() { return *Controllers().custom.multiLinks; }
+    IndexStrip& Strip() { return *Controllers().market.strip; }
+    WatchWindows& Watches() { return *Controllers().market.watches; }
+    ActiveEdges& Edges() { return *Controllers().market.edges; }
+    Timers& ClubAndRefresh() { return *Controllers().market.timers; }
+    TickerStrip& Ticker() { return *Controllers().market.ticker; }
+    ColorConfig& Colors() { return *Controllers().tools.colors; }
+    DailyReminders& Reminders() { return *Controllers().tools.reminders; }
+    SiteEditor& Sites() { return *Controllers().sites->editor; }
+};
 
 /// A session on a fresh profile, with scripted answers and a clock that stands. All sites lie on
 /// one host; in sample mode every page is answered by `portal`.
@@ -41,7 +71,7 @@ public:
 
     /// Makes the session and runs its start sequence. Called again it starts anew on the same
     /// profile.
-    Session& Start() {
+    TestedSession& Start() {
         m_session.reset();
         Folders folders;
         folders.settingsFile = Folder() / "settings.ini";
@@ -55,8 +85,8 @@ public:
         const std::string sites = "[hosts]\ndefault = \"" + FromQt(m_host) + "\"\n" + programs;
         m_tables = {
             SiteTable::Parse(sites, "sites.toml"), menus, ReadTodayTable(today, "sites.toml"), {}};
-        m_session.reset(
-            new Session({folders, m_mode, m_tables, answer, prompts, clock, sources, portalTexts}));
+        m_session.reset(new TestedSession(
+            {folders, m_mode, m_tables, answer, prompts, clock, sources, portalTexts}));
         m_session->Start();
         return *m_session;
     }
@@ -64,8 +94,8 @@ public:
     /// Ends the run: the window and all that belongs to it are gone.
     void End() { m_session.reset(); }
 
-    Session& operator*() { return *m_session; }
-    Session* operator->() { return m_session.get(); }
+    TestedSession& operator*() { return *m_session; }
+    TestedSession* operator->() { return m_session.get(); }
     frmMain& Form() { return m_session->Form(); }
     Chip* Link(int index) { return Form().lbllink.at(static_cast<std::size_t>(index)); }
 
@@ -94,7 +124,7 @@ private:
     WebMode m_mode;
     SettingsStore m_settings;
     Tables m_tables;
-    std::unique_ptr<Session> m_session;
+    std::unique_ptr<TestedSession> m_session;
 };
 
 } // namespace tallowmere

@@ -33,10 +33,10 @@ int main(int argc, char** argv) {
         QApplication::processEvents();
         QElapsedTimer timer;
         timer.start();
-        session->Popups().PopUp(largest);
-        session->Popups().Menu(largest)->repaint();
+        session->Controllers().links.popups->PopUp(largest);
+        session->Controllers().links.popups->Menu(largest)->repaint();
         times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-        session->Popups().Menu(largest)->close();
+        session->Controllers().links.popups->Menu(largest)->close();
     }
     const double first = times.front();
     std::sort(times.begin(), times.end());

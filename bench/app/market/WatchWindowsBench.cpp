@@ -25,8 +25,8 @@ int main(int argc, char** argv) {
     const QString host = arguments[1];
     BenchSession session({}, FromQt(host), WebMode::Direct);
     for (int number = 1; number <= arguments[2].toInt(); ++number) {
-        frmWiz* window =
-            session->Watches().CreateWiz(u"Page %1|%2/watched%1"_s.arg(number).arg(host));
+        frmWiz* window = session->Controllers().market.watches->CreateWiz(
+            u"Page %1|%2/watched%1"_s.arg(number).arg(host));
         window->txtsecs->setText(arguments[3]);
         Q_EMIT window->SecondsLeft();
     }

@@ -44,13 +44,14 @@ int main(int argc, char** argv) {
     BenchSession session;
     QApplication::processEvents();
 
-    Measure("colours of all links applied", [&](int) { session->Colors().Apply(); });
+    Measure("colours of all links applied",
+            [&](int) { session->Controllers().tools.colors->Apply(); });
     Measure("all colours changed, from the settings file to the painted window", [&](int run) {
         std::vector<std::pair<std::string, std::string>> colors;
         for (const ColorArea& area : kColorAreas)
             colors.emplace_back(BackgroundColorKey(area.code), std::to_string(run * 1000));
         session->Settings().SaveSettings(kColorsSection, colors);
-        session->Colors().Apply();
+        session->Controllers().tools.colors->Apply();
         session.Form().repaint();
     });
     return 0;

@@ -33,11 +33,11 @@ void MakePrivate(const std::filesystem::path& folder) {
 
 } // namespace
 
-Folders Folders::For(const CommandLine& commandLine) {
+Folders Folders::For(const QString& profile) {
     Folders folders;
     folders.data = ToPath(ShippedData());
-    if (!commandLine.profile.isEmpty()) {
-        folders.programFolder = ToPath(QDir(commandLine.profile).absolutePath());
+    if (!profile.isEmpty()) {
+        folders.programFolder = ToPath(QDir(profile).absolutePath());
         folders.settingsFile = folders.programFolder / "settings.ini";
         folders.engine = folders.programFolder / "engine";
     } else {

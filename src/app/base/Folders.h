@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/CommandLine.h"
+#include <QString>
 
 #include <filesystem>
 
@@ -14,10 +14,10 @@ struct Folders {
     std::filesystem::path engine;        ///< what the web engine keeps: cookies, cache
     std::filesystem::path data;          ///< what ships with the program
 
-    /// The user's own configuration and data folders, or one folder for everything when the
-    /// command line names a profile. The folders are made, for their owner alone. Throws
+    /// The user's own configuration and data folders, or one folder for everything when
+    /// `profile` names one. The folders are made, for their owner alone. Throws
     /// RuntimeError when they cannot be.
-    static Folders For(const CommandLine& commandLine);
+    static Folders For(const QString& profile);
 };
 
 } // namespace tallowmere

@@ -1,7 +1,7 @@
 #include "app/base/TransferControl.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
-#include "app/engine/PortalScheme.h"
 #include "core/text/runtime_error.h"
 
 #include <QEventLoop>
@@ -41,7 +41,7 @@ void TransferControl::Open(const QString& address) {
     QUrl url = UrlFromAddress(address);
     if (const auto target = m_access.Resolve(url, AddressUse::Reading))
         url = *target;
-    if (url.scheme() == PortalScheme::Name()) {
+    if (url.scheme() == PortalAddress::Scheme()) {
         m_access.Ask(url, [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
             if (guard && guard->m_isBusy && guard->m_transfer == transfer)
                 guard->OnAnswer(answer);

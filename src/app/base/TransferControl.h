@@ -35,6 +35,8 @@ public:
     void SetProxy(const QString& proxy) { m_proxy.proxy = proxy; }
     /// 2 for the named proxy, anything else for the system's settings.
     void SetAccessType(int type) { m_proxy.accessType = type; }
+    /// Both at once.
+    void UseProxy(const ProxySetting& setting) { m_proxy = setting; }
 
     /// Fetches a document and gives what arrived of it by its end; nothing when it fails or is
     /// cancelled. Throws RuntimeError while another document is under way.

@@ -1,6 +1,6 @@
 #include "app/base/WebAccess.h"
 
-#include "app/engine/PortalScheme.h"
+#include "app/base/PortalAddress.h"
 #include "core/links/web_address.h"
 
 namespace tallowmere {
@@ -11,7 +11,7 @@ namespace {
 
 // A host of such a name would be taken for the program's own pages.
 QString PortalHost(const QString& host) {
-    const bool isOwn = host == PortalScheme::PagesHost() || host == PortalScheme::HelpHost();
+    const bool isOwn = host == PortalAddress::PagesHost() || host == PortalAddress::HelpHost();
     return isOwn ? host + u".invalid"_s : host;
 }
 
@@ -19,7 +19,7 @@ QUrl PortalUrl(QUrl url) {
     const int usual = url.scheme() == u"https" ? 443 : 80;
     if (url.port(usual) == usual)
         url.setPort(-1);
-    url.setScheme(PortalScheme::Name());
+    url.setScheme(PortalAddress::Scheme());
     url.setHost(PortalHost(url.host()));
     url.setUserInfo({});
     if (url.path().isEmpty())
@@ -73,8 +73,8 @@ void WebAccess::Ask(const QUrl& portalUrl, PortalReply reply) const {
 
 QUrl WebAccess::AsBuilt(const QUrl& url) {
     QUrl built = url;
-    if (url.scheme() == PortalScheme::Name() && url.host() != PortalScheme::PagesHost() &&
-        !PortalScheme::IsHelp(url))
+    if (url.scheme() == PortalAddress::Scheme() && url.host() != PortalAddress::PagesHost() &&
+        !PortalAddress::IsHelp(url))
         built.setScheme(u"http"_s);
     return built;
 }

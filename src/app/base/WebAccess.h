@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/CommandLine.h"
+#include "app/base/WebMode.h"
 #include "core/portal/portal_answer.h"
 #include "core/sites/site_resolver.h"
 

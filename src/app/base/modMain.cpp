@@ -66,8 +66,7 @@ TransferPool::Slot& TransferPool::Take() {
         throw RuntimeError("Subscript out of range: all transfer controls are in use");
     if (!slot->control)
         slot->control = new TransferControl(m_access, this);
-    slot->control->SetProxy(m_proxy);
-    slot->control->SetAccessType(m_accessType);
+    slot->control->UseProxy(m_proxy);
     slot->isTaken = true;
     return *slot;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/ProxySetting.h"
 #include "core/shell/settings_store.h"
 
 #include <QObject>
@@ -25,9 +26,8 @@ public:
     explicit TransferPool(const WebAccess& access, QObject* parent = nullptr,
                           std::chrono::milliseconds closingTagWait = std::chrono::seconds(60));
 
-    /// The proxy of every fetch from now on, as for a transfer control.
-    void SetProxy(const QString& proxy) { m_proxy = proxy; }
-    void SetAccessType(int type) { m_accessType = type; }
+    /// The proxy of every fetch from now on.
+    void UseProxy(const ProxySetting& setting) { m_proxy = setting; }
 
     /// The text of a page; the window stays alive meanwhile. A page is complete when it ended and
     /// holds its closing tag, or ends with it so far. Without the tag it is given after the wait,
@@ -49,8 +49,7 @@ private:
 
     const WebAccess& m_access;
     std::chrono::milliseconds m_closingTagWait;
-    QString m_proxy;
-    int m_accessType = 0;
+    ProxySetting m_proxy;
     std::array<Slot, kMostControls> m_slots;
 };
 

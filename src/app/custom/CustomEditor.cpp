@@ -1,12 +1,15 @@
 #include "app/custom/CustomEditor.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
+#include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/custom/multi_link.h"
 #include "core/market/timers.h"
+#include "core/shell/settings_store.h"
 #include "core/text/bytes.h"
 
 #include <QPushButton>
@@ -17,16 +20,18 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-CustomEditor::CustomEditor(frmMain& form, MainState& state, const Services& services,
+CustomEditor::CustomEditor(frmMain& form, SettingsStore& settings, Prompts& prompts,
+                           const std::filesystem::path& programFolder, RecordingState& recording,
                            LinkDispatch& dispatch)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch) {
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+      m_programFolder(programFolder), m_recording(recording), m_dispatch(dispatch) {
     connect(&dispatch, &LinkDispatch::EditorRequested, this, &CustomEditor::Open);
 }
 
-void CustomEditor::Open() {
+void CustomEditor::Open(int slot) {
     if (m_editor)
         return;
-    m_slot = m_state.currentCustomSlot;
+    m_slot = slot;
     m_pendingPageFile.reset();
     m_editor = new frmCustom(&m_form);
     m_editor->setAttribute(Qt::WA_DeleteOnClose);
@@ -51,8 +56,8 @@ void CustomEditor::Connect() {
 }
 
 void CustomEditor::Load() {
-    const CustomLinkRecord record = LoadCustomLink(m_services.settings, m_slot);
-    const ColorPair area = CustomAreaColors(m_services.settings);
+    const CustomLinkRecord record = LoadCustomLink(m_settings, m_slot);
+    const ColorPair area = CustomAreaColors(m_settings);
     m_editor->lblExamp->SetColors(IsUnusedSlot(record.title) ? area
                                                              : ColorsOver(area, record.colors));
     m_editor->txtTitle->setText(ToQt(record.title));
@@ -62,7 +67,7 @@ void CustomEditor::Load() {
 void CustomEditor::Finished() {
     m_editor = nullptr; // it is still there until it is closed for good, but no longer in use
     m_pendingPageFile.reset();
-    if (m_state.multiLinkPending)
+    if (m_recording.multiLinkPending)
         m_dispatch.Click(kBlinkingLink);
 }
 
@@ -80,8 +85,7 @@ std::string CustomEditor::Title() const {
 }
 
 std::optional<std::uint32_t> CustomEditor::Pick(std::uint32_t color, const QString& title) const {
-    const auto picked =
-        m_services.prompts.PickColor(ScreenColor(color, m_editor->palette()), title);
+    const auto picked = m_prompts.PickColor(ScreenColor(color, m_editor->palette()), title);
     return picked ? std::optional(StoredColor(*picked)) : std::nullopt;
 }
 
@@ -109,17 +113,17 @@ void CustomEditor::Reset() {
         m_pendingPageFile = std::move(page);
     m_editor->txtTitle->setText(ToQt(kEmptyCustomCaption));
     m_editor->txtURL->clear();
-    m_editor->lblExamp->SetColors(CustomAreaColors(m_services.settings));
+    m_editor->lblExamp->SetColors(CustomAreaColors(m_settings));
 }
 
 void CustomEditor::Refuse(std::string_view message) const {
-    m_services.prompts.Message(ToQt(message), ToQt(kCustomLinkCaption));
+    m_prompts.Message(ToQt(message), ToQt(kCustomLinkCaption));
 }
 
 void CustomEditor::Store(const std::string& address) {
     const ColorPair colors = StorableColors(m_editor->lblExamp->Colors());
     const CustomLinkRecord record{address, Title(), colors};
-    SaveCustomLink(m_services.settings, m_slot, record);
+    SaveCustomLink(m_settings, m_slot, record);
     m_form.ShowCustomLink(record, m_slot);
 }
 
@@ -133,8 +137,7 @@ void CustomEditor::Save() {
     Store(address);
     if (m_pendingPageFile) {
         std::error_code ignored;
-        std::filesystem::remove(m_services.programFolder / ToPath(ToQt(*m_pendingPageFile)),
-                                ignored);
+        std::filesystem::remove(m_programFolder / ToPath(ToQt(*m_pendingPageFile)), ignored);
     }
     m_editor->accept();
 }
@@ -151,7 +154,7 @@ void CustomEditor::StartMultiLink() {
         Refuse(kMultiLinkTitleInvalid);
         return;
     }
-    const std::filesystem::path page = m_services.programFolder / ToPath(ToQt(*name));
+    const std::filesystem::path page = m_programFolder / ToPath(ToQt(*name));
     std::error_code ignored;
     if (std::filesystem::exists(page, ignored)) {
         Refuse(MultiLinkExists(title));
@@ -162,8 +165,8 @@ void CustomEditor::StartMultiLink() {
         return;
     }
     Store(std::string(kMultiLinkPrefix) + *name);
-    m_state.multiLinkPending = true;
-    m_state.multiLinkSlot = m_slot;
+    m_recording.multiLinkPending = true;
+    m_recording.multiLinkSlot = m_slot;
     m_editor->accept();
 }
 

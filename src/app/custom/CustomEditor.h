@@ -1,31 +1,38 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
 #include "app/forms/frmCustom.h"
 
 #include <QObject>
 #include <QPointer>
 
+#include <filesystem>
+
 #include <optional>
 
 namespace tallowmere {
 
-class frmMain;
 class LinkDispatch;
+class Prompts;
+struct RecordingState;
+class SettingsStore;
+class frmMain;
 
 /// Edits one slot of the user's own links: what stands in the editor, and what its buttons do.
 class CustomEditor : public QObject {
     Q_OBJECT
 public:
-    CustomEditor(frmMain& form, MainState& state, const Services& services, LinkDispatch& dispatch);
+    CustomEditor(frmMain& form, SettingsStore& settings, Prompts& prompts,
+                 const std::filesystem::path& programFolder, RecordingState& recording,
+                 LinkDispatch& dispatch);
 
-    /// Opens the editor for the current custom slot. When it closes and a multi-link is to be
+    /// Opens the editor for a slot. When it closes and a multi-link is to be
     /// recorded, link 211 is clicked.
-    void Open();
+    void Open(int slot);
 
     /// The editor while it is open.
     frmCustom* Editor() const { return m_editor; }
+    /// The slot that it was opened for last, 0 for none.
+    int Slot() const { return m_slot; }
 
 private:
     void Load();
@@ -44,11 +51,13 @@ private:
     void Finished();
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
+    std::filesystem::path m_programFolder;
+    RecordingState& m_recording;
     LinkDispatch& m_dispatch;
     QPointer<frmCustom> m_editor;
-    int m_slot = MainState::kNoSlot;
+    int m_slot = 0;
     /// The page file that Reset marked for deletion, by its name; Save deletes it.
     std::optional<std::string> m_pendingPageFile;
 };

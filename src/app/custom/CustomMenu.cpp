@@ -5,6 +5,8 @@
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
+#include "app/links/PaneDeck.h"
+#include "core/shell/settings_store.h"
 
 namespace tallowmere {
 
@@ -16,15 +18,18 @@ enum Item { Open = 1, OpenInNewWindow, Properties, ResetSlot, Separator, Copy, P
 
 } // namespace
 
-CustomMenu::CustomMenu(frmMain& form, MainState& state, const Services& services, LinkPanel& panel,
+CustomMenu::CustomMenu(frmMain& form, SettingsStore& settings, LinkPanel& panel, PaneDeck& panes,
                        LinkDispatch& dispatch, CustomEditor& editor)
-    : QObject(&form), mnuCustom(new QMenu(u"Custom"_s, &form)), m_form(form), m_state(state),
-      m_services(services), m_dispatch(dispatch), m_editor(editor) {
+    : QObject(&form), mnuCustom(new QMenu(u"Custom"_s, &form)), m_form(form), m_settings(settings),
+      m_panes(panes), m_dispatch(dispatch), m_editor(editor) {
     Build();
-    connect(mnuCustom, &QMenu::aboutToShow, this, [this] { m_state.edgesHeld = true; });
-    connect(mnuCustom, &QMenu::aboutToHide, this, [this] { m_state.edgesHeld = false; });
+    connect(mnuCustom, &QMenu::aboutToShow, &panel, [&panel] { panel.Hold(true); });
+    connect(mnuCustom, &QMenu::aboutToHide, &panel, [&panel] { panel.Hold(false); });
     connect(&panel, &LinkPanel::CustomMenuRequested, this,
-            [this](int, const QPoint& position) { mnuCustom->popup(position); });
+            [this](int slot, const QPoint& position) {
+                m_slot = slot;
+                mnuCustom->popup(position);
+            });
 }
 
 void CustomMenu::Build() {
@@ -42,19 +47,19 @@ void CustomMenu::Build() {
 }
 
 Chip* CustomMenu::Link() const {
-    return m_form.lbllink.at(static_cast<std::size_t>(m_state.currentCustomSlot));
+    return m_form.lbllink.at(static_cast<std::size_t>(m_slot));
 }
 
 void CustomMenu::Choose(int item) {
     switch (item) {
     case OpenInNewWindow:
-        m_state.rightPressed = true;
+        m_panes.OpenNextOutside(true);
         [[fallthrough]];
     case Open:
-        m_dispatch.Click(m_state.currentCustomSlot);
+        m_dispatch.Click(m_slot);
         break;
     case Properties:
-        m_editor.Open();
+        m_editor.Open(m_slot);
         break;
     case ResetSlot:
         Reset();
@@ -72,22 +77,21 @@ void CustomMenu::Choose(int item) {
 
 // Unlike the editor's Reset, this one leaves the page file of a multi-link where it is.
 void CustomMenu::Reset() {
-    const int slot = m_state.currentCustomSlot;
-    ResetCustomLink(m_services.settings, slot);
-    Link()->SetColors(CustomAreaColors(m_services.settings));
-    m_form.ShowCustomLink(LoadCustomLink(m_services.settings, slot), slot);
+    ResetCustomLink(m_settings, m_slot);
+    Link()->SetColors(CustomAreaColors(m_settings));
+    m_form.ShowCustomLink(LoadCustomLink(m_settings, m_slot), m_slot);
 }
 
 void CustomMenu::CopyColors() {
-    m_state.copiedColors = Link()->Colors();
+    m_copied = Link()->Colors();
     mnuCustLnk[Paste]->setEnabled(true);
 }
 
 void CustomMenu::PasteColors() {
-    if (m_state.copiedColors.text == 0)
+    if (m_copied.text == 0)
         return;
-    Link()->SetColors(m_state.copiedColors);
-    SaveLinkColors(m_services.settings, m_state.currentCustomSlot, m_state.copiedColors);
+    Link()->SetColors(m_copied);
+    SaveLinkColors(m_settings, m_slot, m_copied);
 }
 
 } // namespace tallowmere

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "app/forms/Chip.h"
 #include "core/custom/custom_link.h"
 
 #include <QObject>
@@ -14,20 +13,25 @@ class QMenu;
 namespace tallowmere {
 
 class CustomEditor;
-class frmMain;
 class LinkDispatch;
 class LinkPanel;
+class PaneDeck;
+class SettingsStore;
+class frmMain;
 
 /// The menu `mnuCustom` of the user's own links.
 class CustomMenu : public QObject {
     Q_OBJECT
 public:
-    CustomMenu(frmMain& form, MainState& state, const Services& services, LinkPanel& panel,
+    CustomMenu(frmMain& form, SettingsStore& settings, LinkPanel& panel, PaneDeck& panes,
                LinkDispatch& dispatch, CustomEditor& editor);
 
     QMenu* mnuCustom;
     /// Items 1 to 7; element 0 is not used.
     std::array<QAction*, kCustomMenu.size() + 1> mnuCustLnk{};
+
+    /// The slot that the menu was opened for last, 0 for none.
+    int Slot() const { return m_slot; }
 
 private:
     void Build();
@@ -38,10 +42,12 @@ private:
     Chip* Link() const;
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    PaneDeck& m_panes;
     LinkDispatch& m_dispatch;
     CustomEditor& m_editor;
+    int m_slot = 0;
+    ColorPair m_copied; ///< text 0: nothing was copied
 };
 
 } // namespace tallowmere

@@ -1,16 +1,20 @@
 #include "app/custom/MultiLinks.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
-#include "app/tools/ColorConfig.h"
+#include "app/links/PaneDeck.h"
+#include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/custom/multi_link.h"
 #include "core/links/before_navigate.h"
 #include "core/links/chart_page.h"
 #include "core/market/timers.h"
 #include "core/shell/area_colors.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 #include "core/text/files.h"
 
@@ -34,10 +38,13 @@ bool MayBlink(const QWidget* widget) {
 
 } // namespace
 
-MultiLinks::MultiLinks(frmMain& form, MainState& state, const Services& services,
-                       LinkDispatch& dispatch, LinkPanel& panel, ColorConfig& colors)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
-      m_panel(panel), m_colors(colors) {
+MultiLinks::MultiLinks(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                       Prompts& prompts, const std::filesystem::path& programFolder,
+                       RecordingState& recording, PaneDeck& panes, LinkDispatch& dispatch,
+                       LinkPanel& panel)
+    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites), m_prompts(prompts),
+      m_programFolder(programFolder), m_recording(recording), m_panes(panes), m_dispatch(dispatch),
+      m_panel(panel) {
     Timer4.setInterval(kBlinkInterval);
     connect(&Timer4, &QTimer::timeout, this, &MultiLinks::Blink);
     connect(&dispatch, &LinkDispatch::RecordingToggled, this, &MultiLinks::Toggle);
@@ -45,7 +52,7 @@ MultiLinks::MultiLinks(frmMain& form, MainState& state, const Services& services
 }
 
 void MultiLinks::Toggle() {
-    if (m_state.templateMode)
+    if (m_recording.templateMode)
         Finish();
     else
         Start();
@@ -53,8 +60,8 @@ void MultiLinks::Toggle() {
 
 void MultiLinks::Start() {
     EnableRecordable();
-    m_state.templateMode = true;
-    m_state.multiLinkPage = ToQt(kMultiLinkHead);
+    m_recording.templateMode = true;
+    m_recording.multiLinkPage = ToQt(kMultiLinkHead);
     if (MayBlink(RecordingLink(m_form)))
         Timer4.start();
     else
@@ -66,7 +73,7 @@ void MultiLinks::EnableRecordable() {
         const int index = link->Index();
         const Area area = Catalogue()[static_cast<std::size_t>(index)].area;
         const std::string address =
-            IsCustomSlot(index) ? LoadCustomLink(m_services.settings, index).address : "";
+            IsCustomSlot(index) ? LoadCustomLink(m_settings, index).address : "";
         link->setEnabled(IsRecordable(index, area, address, link->isEnabled()));
     }
     // The menu bar repeats some of the links.
@@ -84,43 +91,42 @@ void MultiLinks::Blink() {
 void MultiLinks::Finish() {
     Timer4.stop();
     RestoreColors();
-    m_state.templateMode = false;
-    const std::string page = FromQt(m_state.multiLinkPage).append(kMultiLinkTail);
-    m_state.multiLinkPage.clear();
-    if (std::exchange(m_state.multiLinkPending, false))
+    m_recording.templateMode = false;
+    const std::string page = FromQt(m_recording.multiLinkPage).append(kMultiLinkTail);
+    m_recording.multiLinkPage.clear();
+    if (std::exchange(m_recording.multiLinkPending, false))
         StorePage(page);
     else if (Contains(page, kFrame))
         Show(page);
 }
 
 void MultiLinks::RestoreColors() {
-    m_colors.Apply();
+    Q_EMIT ColorsLost();
     for (int slot = kFirstCustom; slot <= kLastCustom; ++slot) {
         Chip* link = m_form.lbllink[static_cast<std::size_t>(slot)];
-        link->SetColors(
-            ColorsOver(link->Colors(), LoadCustomLink(m_services.settings, slot).colors));
+        link->SetColors(ColorsOver(link->Colors(), LoadCustomLink(m_settings, slot).colors));
     }
     m_panel.EnableLinks();
-    RecordingLink(m_form)->SetColors(ReadAreaColors(m_services.settings).Of("WSR"));
+    RecordingLink(m_form)->SetColors(ReadAreaColors(m_settings).Of("WSR"));
 }
 
 // The page lies under the caption that the link has by now; its stored address keeps the name that
 // was given at the start.
 void MultiLinks::StorePage(std::string page) {
-    const Chip* link = m_form.lbllink.at(static_cast<std::size_t>(m_state.multiLinkSlot));
+    const Chip* link = m_form.lbllink.at(static_cast<std::size_t>(m_recording.multiLinkSlot));
     const auto name = MultiLinkPageName(FromQt(link->Caption()));
     if (!name) {
-        m_services.prompts.Message(ToQt(kMultiLinkTitleInvalid), ToQt(kCustomLinkCaption));
+        m_prompts.Message(ToQt(kMultiLinkTitleInvalid), ToQt(kCustomLinkCaption));
         return;
     }
-    WriteWholeFile(m_services.programFolder / ToPath(ToQt(*name)), page.append(kLineEnd));
+    WriteWholeFile(m_programFolder / ToPath(ToQt(*name)), page.append(kLineEnd));
 }
 
 void MultiLinks::ShowStored(const QString& address) {
     const auto name = StoredPageName(FromQt(address));
     if (!name)
         return;
-    const std::string page = ReadWholeFile(m_services.programFolder / ToPath(ToQt(*name)));
+    const std::string page = ReadWholeFile(m_programFolder / ToPath(ToQt(*name)));
     if (!page.empty())
         Show(page);
 }
@@ -131,11 +137,11 @@ void MultiLinks::Show(std::string_view page) {
     const TickerForms forms = m_dispatch.CurrentForms().value_or(PlaceholderForms());
     for (const auto& [file, makePage] :
          {std::pair{kSmallChartsFile, &SmallChartsPage}, {kLargeChartsFile, &LargeChartsPage}}) {
-        const std::filesystem::path path = m_services.programFolder / file;
+        const std::filesystem::path path = m_programFolder / file;
         if (Contains(page, MultiLinkFrame(FromQt(PathToQt(path)))))
-            WriteWholeFile(path, makePage(forms, m_services.sites));
+            WriteWholeFile(path, makePage(forms, m_sites));
     }
-    m_dispatch.ShowGenerated(kDisplayPage, ExpandMultiLink(page, forms));
+    m_panes.ShowGenerated(kDisplayPage, ExpandMultiLink(page, forms));
 }
 
 } // namespace tallowmere

@@ -1,30 +1,38 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 #include <QTimer>
 
+#include <filesystem>
+
 namespace tallowmere {
 
-class ColorConfig;
-class frmMain;
 class LinkDispatch;
 class LinkPanel;
+class PaneDeck;
+class Prompts;
+struct RecordingState;
+class SettingsStore;
+class SiteTable;
+class frmMain;
 
 /// Records several links as one page: link 211 starts it and, blinking, ends it. Shows what was
 /// recorded for the selected ticker, at once or, from a stored page, later.
 class MultiLinks : public QObject {
     Q_OBJECT
 public:
-    MultiLinks(frmMain& form, MainState& state, const Services& services, LinkDispatch& dispatch,
-               LinkPanel& panel, ColorConfig& colors);
+    MultiLinks(frmMain& form, SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
+               const std::filesystem::path& programFolder, RecordingState& recording,
+               PaneDeck& panes, LinkDispatch& dispatch, LinkPanel& panel);
 
     /// What a click of link 211 does.
     void Toggle();
 
     QTimer Timer4;
+
+Q_SIGNALS:
+    /// The recording ended: the links take the colours of their areas again before this returns.
+    void ColorsLost();
 
 private:
     void Start();
@@ -37,11 +45,14 @@ private:
     void Show(std::string_view page);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    Prompts& m_prompts;
+    std::filesystem::path m_programFolder;
+    RecordingState& m_recording;
+    PaneDeck& m_panes;
     LinkDispatch& m_dispatch;
     LinkPanel& m_panel;
-    ColorConfig& m_colors;
 };
 
 } // namespace tallowmere

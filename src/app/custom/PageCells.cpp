@@ -1,5 +1,6 @@
 #include "app/custom/PageCells.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
@@ -11,9 +12,10 @@
 
 namespace tallowmere {
 
-PageCells::PageCells(frmMain& form, const Services& services, PaneDeck& panes,
-                     EngineProfile& profile)
-    : QObject(&form), m_form(form), m_services(services), m_panes(panes), m_profile(profile) {
+PageCells::PageCells(frmMain& form, Prompts& prompts, const std::filesystem::path& programFolder,
+                     PaneDeck& panes, EngineProfile& profile)
+    : QObject(&form), m_form(form), m_prompts(prompts), m_programFolder(programFolder),
+      m_panes(panes), m_profile(profile) {
     connect(form.Web, &BrowserPane::DocumentComplete, this, &PageCells::Complete);
     connect(form.Web, &BrowserPane::ProgressChange, this,
             [this](int, int maximum) { Progress(maximum); });
@@ -45,12 +47,12 @@ void PageCells::ShowRecorded() {
 }
 
 std::filesystem::path PageCells::DisplayPage() const {
-    return m_services.programFolder / std::string(kDisplayPage);
+    return m_programFolder / std::string(kDisplayPage);
 }
 
 void PageCells::Show(const QStringList& addresses) {
     const auto makePane = [this](QWidget* parent) {
-        auto* pane = new BrowserPane(m_profile, m_services.prompts, parent);
+        auto* pane = new BrowserPane(m_profile, m_prompts, parent);
         connect(pane, &BrowserPane::StatusTextChange, &m_panes, &PaneDeck::ShowStatus);
         return pane;
     };

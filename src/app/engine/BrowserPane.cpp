@@ -1,11 +1,11 @@
 #include "app/engine/BrowserPane.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/EngineProfile.h"
 #include "app/engine/FindBar.h"
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PanePage.h"
-#include "app/engine/PortalScheme.h"
 #include "core/links/load_errors.h"
 #include "core/links/web_address.h"
 #include "core/portal/generated_pages.h"
@@ -36,7 +36,6 @@ constexpr double kZoomMinimum = 0.25;
 constexpr double kZoomMaximum = 5;
 constexpr int kProgressMaximum = 100;
 constexpr auto kLongestWait = std::chrono::minutes(1);
-constexpr qsizetype kTextsKept = 256; // several times what the engine's history holds
 
 } // namespace
 
@@ -133,9 +132,9 @@ void BrowserPane::Navigate(const QString& address) {
 void BrowserPane::Load(const QString& address) {
     const std::string page(
         GeneratedPageIn(m_profile.ProgramFolder().toStdString(), address.toStdString()));
-    const QUrl url = page.empty() ? UrlFromAddress(address) : PortalScheme::PageUrl(page);
+    const QUrl url = page.empty() ? UrlFromAddress(address) : PortalAddress::Page(page);
     const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
-    if (page.empty() && !isWeb && !PortalScheme::IsHelp(url) && url != QUrl(u"about:blank"_s)) {
+    if (page.empty() && !isWeb && !PortalAddress::IsHelp(url) && url != QUrl(u"about:blank"_s)) {
         Refuse(address);
         return;
     }
@@ -204,11 +203,8 @@ QString BrowserPane::LocationURL() const {
         return m_failedAddress;
     if (!m_page || m_page->history()->count() == 0)
         return {};
-    const QWebEngineHistory& history = *m_page->history();
-    const QWebEngineHistoryItem item = history.currentItem();
-    const QString arrived = m_arrivedTexts.value({history.currentItemIndex(), item.url()});
-    return arrived.isEmpty() ? m_builtTexts.value(item.originalUrl(), TextOf(m_page->url()))
-                             : arrived;
+    const QString built = m_built.OfCurrent(*m_page->history());
+    return built.isEmpty() ? TextOf(m_page->url()) : built;
 }
 
 void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
@@ -225,7 +221,7 @@ void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
 
 // The text that stands for an address which the engine named.
 QString BrowserPane::TextOf(const QUrl& url) const {
-    if (url.scheme() == PortalScheme::Name() && url.host() == PortalScheme::PagesHost())
+    if (url.scheme() == PortalAddress::Scheme() && url.host() == PortalAddress::PagesHost())
         return m_profile.ProgramFolder() + url.path(QUrl::FullyDecoded);
     return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
 }
@@ -276,30 +272,8 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
 void BrowserPane::OnCommit() {
     if (m_pendingAddress.isEmpty())
         return;
-    ForgetOldTexts();
-    const QWebEngineHistory& history = *m_page->history();
-    const QWebEngineHistoryItem item = history.currentItem();
-    m_builtTexts.insert(item.originalUrl(), m_pendingAddress);
-    m_arrivedTexts.insert({history.currentItemIndex(), item.url()}, m_pendingAddress);
+    m_built.Note(*m_page->history(), m_pendingAddress);
     SetZoom(m_zoom);
-}
-
-void BrowserPane::ForgetOldTexts() {
-    if (m_builtTexts.size() < kTextsKept && m_arrivedTexts.size() < kTextsKept)
-        return;
-    decltype(m_builtTexts) built;
-    decltype(m_arrivedTexts) arrived;
-    const auto keep = [](const auto& texts, const auto& key, auto& kept) {
-        if (const auto text = texts.constFind(key); text != texts.cend())
-            kept.insert(key, *text);
-    };
-    int index = 0;
-    for (const QWebEngineHistoryItem& item : m_page->history()->items()) {
-        keep(m_builtTexts, item.originalUrl(), built);
-        keep(m_arrivedTexts, std::pair(index++, item.url()), arrived);
-    }
-    m_builtTexts = built;
-    m_arrivedTexts = arrived;
 }
 
 void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
@@ -322,8 +296,8 @@ void BrowserPane::OnWindowWanted(const QUrl& url) {
 }
 
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
-    m_failedAddress =
-        m_pendingAddress.isEmpty() ? m_builtTexts.value(url, TextOf(url)) : m_pendingAddress;
+    const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
+    m_failedAddress = built.isEmpty() ? TextOf(url) : built;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url);
     AwaitNetwork();

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QHash>
+#include "app/engine/BuiltAddresses.h"
+
 #include <QPointer>
 #include <QUrl>
 #include <QWidget>
@@ -95,7 +96,6 @@ private:
     void ShowContextMenu(QPoint position);
     void ShowPage();
     void Refuse(const QString& address);
-    void ForgetOldTexts();
     void SetZoom(double factor);
     QString TextOf(const QUrl& url) const;
 
@@ -111,12 +111,9 @@ private:
 
     Shown m_shown = Shown::Page;
     QString m_failedAddress;
-    bool m_isAsBuilt = false;          ///< the last load was not led to today's address
-    QString m_pendingAddress;          ///< of a load by `Navigate` that has not arrived yet
-    QHash<QUrl, QString> m_builtTexts; ///< the text of each requested address
-    /// The same by place in the history and the address that it led to: on the way back the
-    /// history has forgotten what was requested.
-    QHash<std::pair<int, QUrl>, QString> m_arrivedTexts;
+    bool m_isAsBuilt = false; ///< the last load was not led to today's address
+    QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
+    BuiltAddresses m_built;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
     bool m_isInPageHook = false;

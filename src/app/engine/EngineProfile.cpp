@@ -1,5 +1,6 @@
 #include "app/engine/EngineProfile.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/Prompts.h"
 #include "app/engine/PortalScheme.h"
 #include "app/engine/RequestRedirector.h"
@@ -49,7 +50,7 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     ApplySettings(*m_engine->settings());
     m_redirector = new RequestRedirector(access, this);
     m_engine->setUrlRequestInterceptor(m_redirector);
-    m_engine->installUrlSchemeHandler(PortalScheme::Name().toLatin1(),
+    m_engine->installUrlSchemeHandler(PortalAddress::Scheme().toLatin1(),
                                       new PortalScheme(access, programFolder, this));
     connect(m_engine.get(), &QWebEngineProfile::downloadRequested, this,
             &EngineProfile::AskForDownload);

@@ -1,9 +1,9 @@
 #include "app/engine/PanePage.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/Prompts.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/EngineProfile.h"
-#include "app/engine/PortalScheme.h"
 
 #include <QAuthenticator>
 #include <QPointer>
@@ -42,7 +42,7 @@ const char* WishOf(QWebEnginePage::Feature feature) {
 }
 
 bool IsShown(const QUrl& url) {
-    return IsWebUrl(url) || url.scheme() == PortalScheme::Name() || url.scheme() == u"about";
+    return IsWebUrl(url) || url.scheme() == PortalAddress::Scheme() || url.scheme() == u"about";
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "app/engine/PortalScheme.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
 #include "core/portal/generated_pages.h"
-#include "core/text/bytes.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -52,22 +52,17 @@ PortalScheme::PortalScheme(const WebAccess& access, QString programFolder, QObje
       m_programFolder(std::move(programFolder)) {}
 
 void PortalScheme::Register() {
-    QWebEngineUrlScheme scheme(Name().toLatin1());
+    QWebEngineUrlScheme scheme(PortalAddress::Scheme().toLatin1());
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::HostAndPort);
     scheme.setDefaultPort(80);
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
-QUrl PortalScheme::PageUrl(std::string_view name) {
-    const std::string url = "portal://pages/" + PercentEncode(name);
-    return QUrl::fromEncoded(QByteArray::fromStdString(url));
-}
-
 void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
-    if (url.host() == PagesHost()) {
+    if (url.host() == PortalAddress::PagesHost()) {
         AnswerPage(job);
-    } else if (url.host() == HelpHost()) {
+    } else if (url.host() == PortalAddress::HelpHost()) {
         AnswerHelp(job);
     } else {
         // The job ends when its page goes away, which may be before the answer comes.

@@ -272,6 +272,11 @@ void frmMain::ShowTicker(bool shown) {
     LayOut();
 }
 
+void frmMain::ShowPortfolioLabel(bool shown) {
+    menus->mnuPortOpt[3]->setChecked(shown);
+    lblPort->setVisible(shown);
+}
+
 void frmMain::SetToolTips(bool shown) {
     m_toolTips = shown;
     for (Chip* link : lbllink) {

@@ -68,8 +68,12 @@ public:
     /// Shows or hides the ticker strip and makes room for it.
     void ShowTicker(bool shown);
 
+    /// Shows or hides the caption of the portfolio, and says so in its menu.
+    void ShowPortfolioLabel(bool shown);
+
     /// Whether the links say more about themselves when the pointer rests on them.
     void SetToolTips(bool shown);
+    bool ShowsToolTips() const { return m_toolTips; }
 
     /// The background of the window and the link frames.
     void SetBackground(const QColor& color);

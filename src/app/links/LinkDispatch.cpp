@@ -1,16 +1,20 @@
 #include "app/links/LinkDispatch.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
+#include "app/links/Accounts.h"
 #include "app/links/PaneDeck.h"
-#include "app/portfolio/TickerBox.h"
+#include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/custom/multi_link.h"
 #include "core/links/chart_page.h"
 #include "core/links/portfolio_address.h"
-#include "core/text/files.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -47,13 +51,15 @@ bool IsTool(LinkAction action) {
 
 } // namespace
 
-LinkDispatch::LinkDispatch(frmMain& form, MainState& state, const Services& services,
-                           PaneDeck& panes, TickerBox& tickers, TransferPool& transfers)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes),
-      m_tickers(tickers), m_transfers(transfers) {}
+LinkDispatch::LinkDispatch(frmMain& form, RecordingState& recording, Accounts& accounts,
+                           SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
+                           const Clock& clock, PaneDeck& panes, TransferPool& transfers)
+    : QObject(&form), m_form(form), m_recording(recording), m_accounts(accounts),
+      m_settings(settings), m_sites(sites), m_prompts(prompts), m_clock(clock), m_panes(panes),
+      m_transfers(transfers) {}
 
 std::optional<TickerForms> LinkDispatch::CurrentForms() const {
-    if (m_state.templateMode)
+    if (m_recording.templateMode)
         return PlaceholderForms();
     if (m_form.List1->ListIndex() < 0)
         return std::nullopt;
@@ -88,14 +94,14 @@ void LinkDispatch::Click(int index) {
 
 // The double-click on the list repeats the link that was used last.
 void LinkDispatch::Remember(const LinkRow& row) {
-    if (m_state.templateMode)
+    if (m_recording.templateMode)
         return;
-    m_state.lastLink = row.index;
-    m_tickers.UpdateToolTip();
+    m_lastLink = row.index;
+    Q_EMIT LastLinkChanged();
 }
 
 void LinkDispatch::AskForTicker(const QString& text) {
-    m_services.prompts.Message(text, MessageTitle());
+    m_prompts.Message(text, MessageTitle());
 }
 
 void LinkDispatch::Run(const LinkRow& row, const TickerForms& forms) {
@@ -123,10 +129,10 @@ void LinkDispatch::Run(const LinkRow& row, const TickerForms& forms) {
         FindHomePage(row, forms);
         break;
     case LinkAction::SmallCharts:
-        ShowGenerated(kSmallChartsFile, SmallChartsPage(forms, m_services.sites));
+        m_panes.ShowGenerated(kSmallChartsFile, SmallChartsPage(forms, m_sites));
         break;
     case LinkAction::LargeCharts:
-        ShowGenerated(kLargeChartsFile, LargeChartsPage(forms, m_services.sites));
+        m_panes.ShowGenerated(kLargeChartsFile, LargeChartsPage(forms, m_sites));
         break;
     case LinkAction::StreamingPortfolio:
         LoadStreamingPortfolio();
@@ -176,29 +182,28 @@ void LinkDispatch::RunPageTool(const LinkRow& row) {
 }
 
 void LinkDispatch::LoadRow(const LinkRow& row, const TickerForms& forms) {
-    const QString address =
-        ToQt(BuildAddress(row, forms, m_services.sites, m_services.clock.Today()));
+    const QString address = ToQt(BuildAddress(row, forms, m_sites, m_clock.Today()));
     if (OpensInSecondPane(row)) {
         m_panes.NavigateSecond(address);
         return;
     }
-    if (NeedsTicker(row) && !m_state.templateMode) {
-        m_state.lastAddress = address;
-        m_state.lastTicker = ToQt(forms.upper);
+    if (NeedsTicker(row) && !m_recording.templateMode) {
+        m_lastAddress = address;
+        m_lastTicker = ToQt(forms.upper);
     }
     m_panes.Navigate(address);
     Q_EMIT PageLinkOpened(row.index);
 }
 
 void LinkDispatch::LoadGated(const LinkRow& row, const TickerForms& forms) {
-    const bool asked = m_services.settings.GetSetting("Settings", "FRT", "") == "Done";
-    if (!asked && !m_state.templateMode) {
-        const bool setUp = m_services.prompts.Ask(
+    const bool asked = m_settings.GetSetting("Settings", "FRT", "") == "Done";
+    if (!asked && !m_recording.templateMode) {
+        const bool setUp = m_prompts.Ask(
             u"FreeRealTime's quotes and message boards cost nothing, but you need to setup an "
             "account with their service.  If you need to setup an account, click Yes."_s,
             MessageTitle());
-        m_services.settings.SaveSetting("Settings", "FRT", "Done");
-        if (setUp && !ShowWhole(ToQt(m_services.sites.Address("freert_home", "/"))))
+        m_settings.SaveSetting("Settings", "FRT", "Done");
+        if (setUp && !ShowWhole(ToQt(m_sites.Address("freert_home", "/"))))
             return;
     }
     LoadRow(row, forms);
@@ -216,21 +221,21 @@ bool LinkDispatch::ShowWhole(const QString& address) {
 }
 
 void LinkDispatch::LoadStreamingPortfolio() {
-    if (m_state.streamLogin.isEmpty()) {
-        m_services.prompts.Message(
+    if (m_accounts.streamLogin.isEmpty()) {
+        m_prompts.Message(
             u"You have no user id and password set up for the streaming quote service.  Its "
             "sign-up site will now be opened.  Once you have signed up, enter your user id and "
             "password through the 'Setup--Help' link, then open your portfolio with this link."_s,
             MessageTitle());
-        m_panes.Navigate(ToQt(m_services.sites.Address("stream_signup", "/")));
+        m_panes.Navigate(ToQt(m_sites.Address("stream_signup", "/")));
         return;
     }
-    m_panes.Navigate(ToQt(StreamingPortfolioAddress(
-        FromQt(m_state.streamLogin), FromQt(m_state.streamPassword), m_services.sites)));
+    m_panes.Navigate(ToQt(StreamingPortfolioAddress(FromQt(m_accounts.streamLogin),
+                                                    FromQt(m_accounts.streamPassword), m_sites)));
 }
 
 void LinkDispatch::LoadAlerts(const LinkRow& row) {
-    if (m_services.prompts.Ask(u"Do you want to start TM Alert Monitoring ?"_s, u"TM Alerts"_s))
+    if (m_prompts.Ask(u"Do you want to start TM Alert Monitoring ?"_s, u"TM Alerts"_s))
         Q_EMIT AlertsStarted();
     LoadRow(row, {});
 }
@@ -246,8 +251,7 @@ void LinkDispatch::FindHomePage(const LinkRow& row, const TickerForms& forms) {
     const QPointer<LinkDispatch> alive(this);
     const QString ticker = ToQt(forms.upper);
     m_panes.ShowStatus(ticker + u" - Finding Website"_s);
-    const QString profile =
-        ToQt(BuildAddress(row, forms, m_services.sites, m_services.clock.Today()));
+    const QString profile = ToQt(BuildAddress(row, forms, m_sites, m_clock.Today()));
     const QByteArray page = m_transfers.FetchPage(profile);
     if (!alive)
         return;
@@ -255,7 +259,7 @@ void LinkDispatch::FindHomePage(const LinkRow& row, const TickerForms& forms) {
         ToQt(tallowmere::FindHomePage({page.data(), static_cast<std::size_t>(page.size())}));
     m_panes.ShowStatus({});
     if (home.isEmpty()) {
-        m_services.prompts.Message(u"Website Not Found"_s, MessageTitle());
+        m_prompts.Message(u"Website Not Found"_s, MessageTitle());
         return;
     }
     m_panes.Navigate(home);
@@ -263,30 +267,23 @@ void LinkDispatch::FindHomePage(const LinkRow& row, const TickerForms& forms) {
 }
 
 void LinkDispatch::StartWatch() {
-    if (m_state.lastAddress.isEmpty()) {
-        m_services.prompts.Message(u"You must select a ticker symbol and a research link from "
-                                   "below before using this feature."_s,
-                                   MessageTitle());
+    if (m_lastAddress.isEmpty()) {
+        m_prompts.Message(u"You must select a ticker symbol and a research link from "
+                          "below before using this feature."_s,
+                          MessageTitle());
         return;
     }
-    Q_EMIT WatchRequested(m_state.lastTicker + u"|"_s + m_state.lastAddress);
-}
-
-void LinkDispatch::ShowGenerated(std::string_view name, std::string_view page) {
-    const std::filesystem::path path = m_services.programFolder / name;
-    WriteWholeFile(path, page);
-    m_panes.Navigate(PathToQt(path));
+    Q_EMIT WatchRequested(m_lastTicker + u"|"_s + m_lastAddress);
 }
 
 void LinkDispatch::RunCustom(int index) {
     if (m_form.lbllink.at(static_cast<std::size_t>(index))->Caption() ==
         ToQt(kEmptyCustomCaption)) {
-        m_state.currentCustomSlot = index;
         Q_EMIT EditorRequested(index);
         return;
     }
     const std::string address =
-        m_services.settings.GetSetting("Settings", "Custom" + std::to_string(index), "");
+        m_settings.GetSetting("Settings", "Custom" + std::to_string(index), "");
     const bool multiLink = IsMultiLink(address);
     const std::optional<TickerForms> forms = CurrentForms();
     if ((multiLink || HoldsPlaceholder(address)) && !forms) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
 #include "core/links/address.h"
 
 #include <QObject>
@@ -10,23 +8,32 @@
 
 namespace tallowmere {
 
-class frmMain;
+struct Accounts;
+class Clock;
 class PaneDeck;
-class TickerBox;
+class Prompts;
+struct RecordingState;
+class SettingsStore;
+class SiteTable;
 class TransferPool;
+class frmMain;
 
 /// What a click on a research link does: it takes the ticker, builds the address and loads it.
 class LinkDispatch : public QObject {
     Q_OBJECT
 public:
-    LinkDispatch(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-                 TickerBox& tickers, TransferPool& transfers);
+    LinkDispatch(frmMain& form, RecordingState& recording, Accounts& accounts,
+                 SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
+                 const Clock& clock, PaneDeck& panes, TransferPool& transfers);
+
+    /// The link that a double-click on the ticker list opens when none was used yet.
+    static constexpr int kDefaultLink = 185;
 
     /// Runs the click of link `index`.
     void Click(int index);
 
-    /// Puts a page that the program made into its folder and shows it in `Web`.
-    void ShowGenerated(std::string_view name, std::string_view page);
+    /// The index of the ticker link that was used last; of the default one when none was yet.
+    int LastLink() const { return m_lastLink == 0 ? kDefaultLink : m_lastLink; }
 
     /// The forms in which addresses take the selected ticker, or the placeholder words while a
     /// multi-link is recorded; none without a selected ticker.
@@ -35,6 +42,7 @@ public:
 Q_SIGNALS:
     void MenuRequested(const QString& menu);
     void EditorRequested(int slot);
+    void LastLinkChanged();
     void PortfolioMenuRequested();
     void RecordingToggled();
     /// One of the user's own links with such an address was clicked, and a ticker is selected.
@@ -64,11 +72,17 @@ private:
     void AskForTicker(const QString& text);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    RecordingState& m_recording;
+    Accounts& m_accounts;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    Prompts& m_prompts;
+    const Clock& m_clock;
     PaneDeck& m_panes;
-    TickerBox& m_tickers;
     TransferPool& m_transfers;
+    int m_lastLink = 0;    ///< 0 for none
+    QString m_lastAddress; ///< of the last ticker link
+    QString m_lastTicker;  ///< upper case, of the same link
     bool m_finding = false;
 };
 

@@ -1,11 +1,15 @@
 #include "app/links/LinkPanel.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/PaneDeck.h"
+#include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/links/portfolio_address.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 
 #include <QApplication>
 
@@ -42,10 +46,11 @@ LinkAction ActionOf(const Chip* link) {
 
 } // namespace
 
-LinkPanel::LinkPanel(frmMain& form, MainState& state, const Services& services,
-                     LinkDispatch& dispatch, PaneDeck& panes)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
-      m_panes(panes) {
+LinkPanel::LinkPanel(frmMain& form, RecordingState& recording, SettingsStore& settings,
+                     const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch,
+                     PaneDeck& panes)
+    : QObject(&form), m_form(form), m_recording(recording), m_settings(settings), m_sites(sites),
+      m_prompts(prompts), m_dispatch(dispatch), m_panes(panes) {
     for (Chip* link : form.lbllink)
         Connect(link);
     for (const auto& [action, index] : form.menus->links)
@@ -69,7 +74,7 @@ void LinkPanel::Connect(Chip* link) {
 
 void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
     if (button == Qt::LeftButton) {
-        m_state.rightPressed = false;
+        m_panes.OpenNextOutside(false);
         m_pressed = true;
         m_looksPressed = true;
         m_savedColors = link->Colors();
@@ -84,7 +89,7 @@ void LinkPanel::RightPress(Chip* link) {
     if (IsCustomSlot(link->Index()))
         OpenMenu(link);
     else if (OpensOutside(ActionOf(link)))
-        m_state.rightPressed = true;
+        m_panes.OpenNextOutside(true);
 }
 
 // The menu of a link of the user's own; an unused slot goes straight to the editor. By keyboard,
@@ -92,7 +97,7 @@ void LinkPanel::RightPress(Chip* link) {
 void LinkPanel::OpenMenu(Chip* link) {
     if (!IsCustomSlot(link->Index())) {
         RightPress(link);
-        if (m_state.rightPressed)
+        if (m_panes.OpensNextOutside())
             m_dispatch.Click(link->Index());
         return;
     }
@@ -100,7 +105,6 @@ void LinkPanel::OpenMenu(Chip* link) {
         m_dispatch.Click(link->Index());
         return;
     }
-    m_state.currentCustomSlot = link->Index();
     Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
 }
 
@@ -109,7 +113,7 @@ void LinkPanel::MouseMove(Chip* link, Qt::MouseButtons buttons, const QPoint& mo
         return;
     const bool drags = IsCustomSlot(link->Index()) && !IsUnusedSlot(link) &&
                        movedBy.manhattanLength() >= QApplication::startDragDistance();
-    if (!m_state.templateMode)
+    if (!m_recording.templateMode)
         RestoreColors(link);
     if (!drags)
         return;
@@ -120,12 +124,13 @@ void LinkPanel::MouseMove(Chip* link, Qt::MouseButtons buttons, const QPoint& mo
 
 void LinkPanel::MouseUp(Chip* link, Qt::MouseButton button, bool inside) {
     if (button == Qt::LeftButton && m_pressed) {
-        if (!m_state.templateMode) {
+        if (!m_recording.templateMode) {
             RestoreColors(link);
             m_pressed = false;
         }
         Q_EMIT Held(false);
-    } else if (button == Qt::RightButton && inside && link->isEnabled() && m_state.rightPressed) {
+    } else if (button == Qt::RightButton && inside && link->isEnabled() &&
+               m_panes.OpensNextOutside()) {
         m_dispatch.Click(link->Index());
     }
 }
@@ -140,15 +145,14 @@ void LinkPanel::Drop(Chip* target, int source) {
     if (source == target->Index() || !IsCustomSlot(source))
         return;
     if (!IsUnusedSlot(target) &&
-        !m_services.prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))),
-                                ToQt(kMoveLinkCaption)))
+        !m_prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))), ToQt(kMoveLinkCaption)))
         return;
-    MoveCustomLink(m_services.settings, source, target->Index());
+    MoveCustomLink(m_settings, source, target->Index());
     Chip* emptied = m_form.lbllink.at(static_cast<std::size_t>(source));
     target->SetColors(emptied->Colors());
-    emptied->SetColors(CustomAreaColors(m_services.settings));
-    m_form.ShowCustomLink(LoadCustomLink(m_services.settings, target->Index()), target->Index());
-    m_form.ShowCustomLink(LoadCustomLink(m_services.settings, source), source);
+    emptied->SetColors(CustomAreaColors(m_settings));
+    m_form.ShowCustomLink(LoadCustomLink(m_settings, target->Index()), target->Index());
+    m_form.ShowCustomLink(LoadCustomLink(m_settings, source), source);
 }
 
 void LinkPanel::EnableLinks() {
@@ -167,7 +171,7 @@ void LinkPanel::SendAll(const QString& site) {
     std::vector<std::string> tickers;
     for (const QString& item : m_form.List1->Items())
         tickers.push_back(FromQt(item));
-    m_panes.Navigate(ToQt(SendAllAddress(tickers, FromQt(site), m_services.sites)));
+    m_panes.Navigate(ToQt(SendAllAddress(tickers, FromQt(site), m_sites)));
 }
 
 } // namespace tallowmere

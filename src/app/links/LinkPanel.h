@@ -1,26 +1,32 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "app/forms/Chip.h"
 
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
 class LinkDispatch;
 class PaneDeck;
+class Prompts;
+struct RecordingState;
+class SettingsStore;
+class SiteTable;
+class frmMain;
 
 /// How the link labels answer to the mouse: the pressed look, the right button, dragging links of
 /// the user's own from slot to slot.
 class LinkPanel : public QObject {
     Q_OBJECT
 public:
-    LinkPanel(frmMain& form, MainState& state, const Services& services, LinkDispatch& dispatch,
-              PaneDeck& panes);
+    LinkPanel(frmMain& form, RecordingState& recording, SettingsStore& settings,
+              const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch, PaneDeck& panes);
 
     /// Makes the whole panel usable again after an operation that held it.
     void EnableLinks();
+
+    /// The side panels stay while one of their menus is open, or a label is pressed.
+    void Hold(bool held) { Q_EMIT Held(held); }
 
     /// Opens one page of `site` for all tickers of the list.
     void SendAll(const QString& site);
@@ -28,7 +34,7 @@ public:
 Q_SIGNALS:
     void CustomMenuRequested(int slot, const QPoint& position);
     void EdgesTouched();
-    /// A label is pressed or dragged, or no longer so.
+    /// The panels have to stay, or no longer so.
     void Held(bool held);
 
 private:
@@ -42,8 +48,10 @@ private:
     void RestoreColors(Chip* link);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    RecordingState& m_recording;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    Prompts& m_prompts;
     LinkDispatch& m_dispatch;
     PaneDeck& m_panes;
     bool m_pressed = false;

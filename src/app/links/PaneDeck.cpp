@@ -3,14 +3,18 @@
 #include "app/base/QtText.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
+#include "app/links/RecordingState.h"
 #include "app/links/SeparateBrowser.h"
 #include "core/links/before_navigate.h"
+#include "core/sites/site_table.h"
+#include "core/text/files.h"
 
 namespace tallowmere {
 
-PaneDeck::PaneDeck(frmMain& form, MainState& state, const Services& services,
-                   SeparateBrowser& outside)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_outside(outside) {
+PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& sites,
+                   const std::filesystem::path& programFolder, SeparateBrowser& outside)
+    : QObject(&form), m_form(form), m_recording(recording), m_sites(sites),
+      m_programFolder(programFolder), m_outside(outside) {
     connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
     connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
     for (BrowserPane* pane : {form.Web, form.WebB}) {
@@ -28,15 +32,21 @@ PaneDeck::PaneDeck(frmMain& form, MainState& state, const Services& services,
 }
 
 void PaneDeck::Navigate(const QString& address) {
-    if (!m_state.rightPressed)
+    if (!m_opensNextOutside)
         ShowFirst();
     m_form.Web->Navigate(address);
 }
 
 void PaneDeck::NavigateSecond(const QString& address) {
-    if (!m_state.rightPressed)
+    if (!m_opensNextOutside)
         ShowSecond();
     m_form.WebB->Navigate(address);
+}
+
+void PaneDeck::ShowGenerated(std::string_view name, std::string_view page) {
+    const std::filesystem::path path = m_programFolder / name;
+    WriteWholeFile(path, page);
+    Navigate(PathToQt(path));
 }
 
 void PaneDeck::ShowFirst() {
@@ -59,25 +69,25 @@ void PaneDeck::ShowStatus(const QString& text) {
 }
 
 void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
-    if (const auto rewritten = RewriteStockLookup(FromQt(address), m_services.sites)) {
+    if (const auto rewritten = RewriteStockLookup(FromQt(address), m_sites)) {
         *cancel = true;
         if (!m_form.WebB->isHidden())
             ShowFirst();
         m_form.Web->Navigate(ToQt(*rewritten));
         return;
     }
-    if (m_state.templateMode) {
-        m_state.multiLinkPage += ToQt(MultiLinkFrame(FromQt(address)));
+    if (m_recording.templateMode) {
+        m_recording.multiLinkPage += ToQt(MultiLinkFrame(FromQt(address)));
         *cancel = true;
     }
     BeforeEither(address, cancel);
 }
 
 void PaneDeck::BeforeEither(const QString& address, bool* cancel) {
-    if (m_state.activeEdge && !m_state.templateMode)
+    if (!m_recording.templateMode)
         Q_EMIT BrowsingStarts();
-    if (m_state.rightPressed) {
-        m_state.rightPressed = false;
+    if (m_opensNextOutside) {
+        m_opensNextOutside = false;
         *cancel = true;
         m_outside.Open(address);
     }

@@ -1,22 +1,24 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
+
+#include <filesystem>
 
 namespace tallowmere {
 
 class BrowserPane;
-class frmMain;
+struct RecordingState;
 class SeparateBrowser;
+class SiteTable;
+class frmMain;
 
 /// The panes of the main window as one deck: which is in front, and what happens before a page
 /// loads.
 class PaneDeck : public QObject {
     Q_OBJECT
 public:
-    PaneDeck(frmMain& form, MainState& state, const Services& services, SeparateBrowser& outside);
+    PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& sites,
+             const std::filesystem::path& programFolder, SeparateBrowser& outside);
 
     /// Loads an address into `Web` and brings it to the front, unless the page is to open in a
     /// separate browser.
@@ -24,6 +26,13 @@ public:
 
     /// The same for a broker's page in `WebB`.
     void NavigateSecond(const QString& address);
+
+    /// Puts a page that the program made into its folder and shows it in `Web`.
+    void ShowGenerated(std::string_view name, std::string_view page);
+
+    /// Whether the next page opens in a separate browser instead of a pane.
+    bool OpensNextOutside() const { return m_opensNextOutside; }
+    void OpenNextOutside(bool outside) { m_opensNextOutside = outside; }
 
     /// Brings one of the two panes to the front.
     void ShowFirst();
@@ -39,7 +48,7 @@ public:
     void ShowProgress(int progress, int maximum);
 
 Q_SIGNALS:
-    /// A page is about to load: the edge panels make room.
+    /// A page is about to load; not while pages are recorded instead.
     void BrowsingStarts();
 
 private:
@@ -47,9 +56,11 @@ private:
     void BeforeEither(const QString& address, bool* cancel);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    RecordingState& m_recording;
+    const SiteTable& m_sites;
+    std::filesystem::path m_programFolder;
     SeparateBrowser& m_outside;
+    bool m_opensNextOutside = false;
 };
 
 } // namespace tallowmere

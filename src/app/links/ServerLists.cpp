@@ -5,6 +5,7 @@
 #include "app/links/PaneDeck.h"
 #include "app/links/SitePopups.h"
 #include "core/links/web_address.h"
+#include "core/sites/site_table.h"
 
 #include <QMenu>
 
@@ -30,9 +31,9 @@ QString Shortened(const QString& caption) {
 
 } // namespace
 
-ServerLists::ServerLists(const Services& services, PaneDeck& panes, SitePopups& popups,
+ServerLists::ServerLists(const SiteTable& sites, PaneDeck& panes, SitePopups& popups,
                          TransferControl& tmNet, QObject* parent)
-    : QObject(parent), m_services(services), m_panes(panes), m_tmNet(tmNet) {
+    : QObject(parent), m_sites(sites), m_panes(panes), m_tmNet(tmNet) {
     connect(&popups, &SitePopups::RunTimeArrayBuilt, this,
             [this](const QString& array, QMenu* menu) {
                 List& list = m_lists[array];
@@ -42,6 +43,13 @@ ServerLists::ServerLists(const Services& services, PaneDeck& panes, SitePopups& 
                     list.items = menu->actions();
                 Fill(array);
             });
+}
+
+void ServerLists::FetchAll() {
+    const QPointer<ServerLists> alive(this);
+    GetNewSites();
+    if (alive)
+        GetBooks();
 }
 
 void ServerLists::GetBooks() {
@@ -62,7 +70,7 @@ std::string ServerLists::Fetch(std::string_view path) {
     if (m_tmNet.IsBusy())
         return {};
     const QPointer<TransferControl> alive(&m_tmNet);
-    const QByteArray page = m_tmNet.OpenURL(ToQt(m_services.sites.Address("maker", path)));
+    const QByteArray page = m_tmNet.OpenURL(ToQt(m_sites.Address("maker", path)));
     // A server's page about its error is no list, though hyphens and anchors may be on it.
     return !alive || m_tmNet.WasRefused() ? std::string() : page.toStdString();
 }
@@ -97,7 +105,7 @@ void ServerLists::Fill(const QString& array) {
 
 void ServerLists::Choose(const QString& array, const std::string& target) {
     if (array == Books())
-        m_panes.Navigate(ToQt(BookAddress(target, m_services.sites)));
+        m_panes.Navigate(ToQt(BookAddress(target, m_sites)));
     else if (IsWebAddress(target))
         m_panes.Navigate(ToQt(target));
     else

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/base/Services.h"
 #include "core/links/server_lists.h"
 
 #include <QHash>
@@ -17,6 +16,7 @@ namespace tallowmere {
 
 class PaneDeck;
 class SitePopups;
+class SiteTable;
 class TransferControl;
 
 /// The menus of books and new sites that the maker's server fills. The pages are fetched while the
@@ -28,8 +28,11 @@ public:
     /// So many entries of a list are shown; a last line says how many more there are.
     static constexpr std::size_t kMostShown = 500;
 
-    ServerLists(const Services& services, PaneDeck& panes, SitePopups& popups,
-                TransferControl& tmNet, QObject* parent);
+    ServerLists(const SiteTable& sites, PaneDeck& panes, SitePopups& popups, TransferControl& tmNet,
+                QObject* parent);
+
+    /// Fetches both lists, one after the other.
+    void FetchAll();
 
     /// Fetches the list of books and fills `mnuBook`.
     void GetBooks();
@@ -49,7 +52,7 @@ private:
     void Fill(const QString& array);
     void Choose(const QString& array, const std::string& target);
 
-    Services m_services;
+    const SiteTable& m_sites;
     PaneDeck& m_panes;
     TransferControl& m_tmNet;
     QHash<QString, List> m_lists;

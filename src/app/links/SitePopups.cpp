@@ -1,11 +1,15 @@
 #include "app/links/SitePopups.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/PaneDeck.h"
 #include "app/links/SearchMenu.h"
+#include "core/links/menu_table.h"
 #include "core/links/site_menus.h"
+#include "core/sites/site_table.h"
 
 #include <QGuiApplication>
 
@@ -13,10 +17,11 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-SitePopups::SitePopups(frmMain& form, MainState& state, const Services& services,
-                       MenuTable addresses, LinkDispatch& dispatch, PaneDeck& panes)
-    : QObject(&form), m_form(form), m_state(state), m_services(services),
-      m_addresses(std::move(addresses)), m_dispatch(dispatch), m_panes(panes) {
+SitePopups::SitePopups(frmMain& form, const SiteTable& sites, const MenuTable& addresses,
+                       Prompts& prompts, const Clock& clock, LinkDispatch& dispatch,
+                       PaneDeck& panes)
+    : QObject(&form), m_form(form), m_sites(sites), m_addresses(addresses), m_prompts(prompts),
+      m_clock(clock), m_dispatch(dispatch), m_panes(panes) {
     connect(&dispatch, &LinkDispatch::MenuRequested, this, &SitePopups::PopUp);
 }
 
@@ -48,7 +53,7 @@ SearchMenu* SitePopups::Build(std::string_view name) {
 }
 
 SearchMenu* SitePopups::NewMenu(const QString& name, std::string_view caption) {
-    auto* menu = new SearchMenu(ToQt(caption), m_services.clock, &m_form);
+    auto* menu = new SearchMenu(ToQt(caption), m_clock, &m_form);
     menu->setObjectName(name);
     return menu;
 }
@@ -64,7 +69,7 @@ void SitePopups::Hold(const QMenu* menu) {
             this,
             [this] {
                 if (!(QGuiApplication::mouseButtons() & Qt::RightButton))
-                    m_state.rightPressed = false;
+                    m_panes.OpenNextOutside(false);
             },
             Qt::QueuedConnection);
     });
@@ -113,13 +118,12 @@ void SitePopups::Choose(const QString& array, int index) {
     if (item->kind == MenuItemKind::Ticker) {
         const auto forms = m_dispatch.CurrentForms();
         if (!forms) {
-            m_services.prompts.Message(u"Select a Ticker"_s, MessageTitle());
+            m_prompts.Message(u"Select a Ticker"_s, MessageTitle());
             return;
         }
         ticker = forms->lower;
     }
-    const std::string address =
-        SiteMenuAddress(FromQt(array), index, ticker, m_services.sites, m_addresses);
+    const std::string address = SiteMenuAddress(FromQt(array), index, ticker, m_sites, m_addresses);
     if (!address.empty())
         m_panes.Navigate(ToQt(address));
 }

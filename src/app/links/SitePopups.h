@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
 #include "core/links/menu_table.h"
 
 #include <QHash>
@@ -11,17 +9,21 @@ class QMenu;
 
 namespace tallowmere {
 
-class frmMain;
+class Clock;
 class LinkDispatch;
+class MenuTable;
 class PaneDeck;
+class Prompts;
 class SearchMenu;
+class SiteTable;
+class frmMain;
 
 /// The site menus that links pop up. A menu is built from the tables when it is first wanted.
 class SitePopups : public QObject {
     Q_OBJECT
 public:
-    SitePopups(frmMain& form, MainState& state, const Services& services, MenuTable addresses,
-               LinkDispatch& dispatch, PaneDeck& panes);
+    SitePopups(frmMain& form, const SiteTable& sites, const MenuTable& addresses, Prompts& prompts,
+               const Clock& clock, LinkDispatch& dispatch, PaneDeck& panes);
 
     /// The menu of a name ("mnuBigchart"); none for an unknown name.
     SearchMenu* Menu(const QString& name);
@@ -45,9 +47,10 @@ private:
     void Hold(const QMenu* menu);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
-    MenuTable m_addresses;
+    const SiteTable& m_sites;
+    const MenuTable& m_addresses;
+    Prompts& m_prompts;
+    const Clock& m_clock;
     LinkDispatch& m_dispatch;
     PaneDeck& m_panes;
     QHash<QString, SearchMenu*> m_menus;

@@ -7,15 +7,15 @@
 #include "app/links/PaneDeck.h"
 #include "core/links/smart_navigate.h"
 #include "core/shell/navigate_list.h"
+#include "core/shell/settings_store.h"
 
 namespace tallowmere {
 
-SmartNavigate::SmartNavigate(frmMain& form, MainState& state, const Services& services,
-                             PaneDeck& panes)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes) {}
+SmartNavigate::SmartNavigate(frmMain& form, SettingsStore& settings, PaneDeck& panes)
+    : QObject(&form), m_form(form), m_settings(settings), m_panes(panes) {}
 
 void SmartNavigate::Show() {
-    const std::vector<std::string> remembered = ReadNavigateEntries(m_services.settings);
+    const std::vector<std::string> remembered = ReadNavigateEntries(m_settings);
     frmNav dialog(&m_form);
     for (const std::string& entry : remembered)
         dialog.Combo1->addItem(ToQt(entry));
@@ -24,10 +24,10 @@ void SmartNavigate::Show() {
     const std::string address =
         confirmed ? CompleteEntry(FromQt(dialog.Combo1->currentText())) : std::string();
     if (address.empty()) {
-        m_state.rightPressed = false;
+        m_panes.OpenNextOutside(false);
         return;
     }
-    SaveNavigateEntries(m_services.settings, address, remembered);
+    SaveNavigateEntries(m_settings, address, remembered);
     if (!m_form.WebB->isHidden())
         m_panes.ShowFirst();
     m_form.Web->Navigate(ToQt(address));

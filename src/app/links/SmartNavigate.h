@@ -1,28 +1,25 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
 class PaneDeck;
+class SettingsStore;
+class frmMain;
 
 /// Smart navigate: asks for an address or a name, remembers it and opens it in `Web`.
 class SmartNavigate : public QObject {
     Q_OBJECT
 public:
-    SmartNavigate(frmMain& form, MainState& state, const Services& services, PaneDeck& panes);
+    SmartNavigate(frmMain& form, SettingsStore& settings, PaneDeck& panes);
 
     /// Shows the dialog; the page opens once it is closed.
     void Show();
 
 private:
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
     PaneDeck& m_panes;
 };
 

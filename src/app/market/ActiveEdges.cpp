@@ -1,22 +1,42 @@
 #include "app/market/ActiveEdges.h"
 
 #include "app/forms/frmMain.h"
+#include "app/links/LinkPanel.h"
+#include "app/links/PaneDeck.h"
+#include "app/links/SitePopups.h"
 #include "core/market/timers.h"
 #include "core/shell/conversion.h"
+#include "core/shell/setting_keys.h"
+#include "core/shell/settings_store.h"
 
 #include <QApplication>
 
 namespace tallowmere {
 
-ActiveEdges::ActiveEdges(frmMain& form, MainState& state, const Services& services)
-    : QObject(&form), m_form(form), m_state(state), m_services(services) {
+ActiveEdges::ActiveEdges(frmMain& form, SettingsStore& settings, PaneDeck& panes, LinkPanel& panel,
+                         SitePopups& popups)
+    : QObject(&form), m_form(form), m_settings(settings) {
     timAE.setInterval(kEdgeInterval);
     connect(&timAE, &QTimer::timeout, this, &ActiveEdges::Tick);
     connect(&form, &frmMain::PointerMoved, this, &ActiveEdges::PointerMoved);
+    connect(form.List1, &ListBox::PointerMoved, this, &ActiveEdges::Touch);
+    connect(&panel, &LinkPanel::EdgesTouched, this, &ActiveEdges::Touch);
+    connect(&panel, &LinkPanel::Held, this, &ActiveEdges::Hold);
+    connect(&popups, &SitePopups::Held, this, &ActiveEdges::Hold);
+    connect(&panes, &PaneDeck::BrowsingStarts, this, [this] {
+        if (m_isActive)
+            HideAll();
+    });
+}
+
+void ActiveEdges::Start() {
+    m_isActive = ToBoolean(UsableSetting(m_settings, kSettingsSection, "ActiveEdge"));
+    if (m_isActive)
+        Apply();
 }
 
 void ActiveEdges::Apply() {
-    if (m_state.activeEdge) {
+    if (m_isActive) {
         HideAll();
         return;
     }
@@ -27,13 +47,13 @@ void ActiveEdges::Apply() {
 }
 
 void ActiveEdges::Switch(bool on) {
-    m_services.settings.SaveSetting("Settings", "ActiveEdge", FromBoolean(on));
-    m_state.activeEdge = on;
+    m_settings.SaveSetting("Settings", "ActiveEdge", FromBoolean(on));
+    m_isActive = on;
     Apply();
 }
 
 void ActiveEdges::PointerMoved(int x, int width) {
-    if (!m_state.activeEdge)
+    if (!m_isActive)
         return;
     const Edge edge = EdgeAt(x, width);
     if (edge == Edge::None)
@@ -45,7 +65,7 @@ void ActiveEdges::PointerMoved(int x, int width) {
 }
 
 void ActiveEdges::Touch() {
-    if (m_state.activeEdge)
+    if (m_isActive)
         timAE.start();
 }
 
@@ -56,7 +76,7 @@ void ActiveEdges::HideAll() {
 }
 
 void ActiveEdges::Tick() {
-    const EdgeTick outcome = OnEdgeTick(IsHeld(), m_state.activeEdge);
+    const EdgeTick outcome = OnEdgeTick(MayNotHide(), m_isActive);
     if (outcome == EdgeTick::KeepRunning)
         return;
     if (outcome == EdgeTick::HideAndStop)
@@ -65,10 +85,10 @@ void ActiveEdges::Tick() {
 }
 
 // A menu that popped up from a panel and a half-typed ticker would vanish under the user's hands.
-bool ActiveEdges::IsHeld() const {
+bool ActiveEdges::MayNotHide() const {
     const bool isTyping =
         m_form.focusWidget() == m_form.txtStock && !m_form.txtStock->text().isEmpty();
-    return m_state.edgesHeld || isTyping || QApplication::activePopupWidget() != nullptr;
+    return m_isHeld || isTyping || QApplication::activePopupWidget() != nullptr;
 }
 
 void ActiveEdges::ShowLeft(bool shown) {

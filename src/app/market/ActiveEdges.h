@@ -1,13 +1,14 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 #include <QTimer>
 
 namespace tallowmere {
 
+class LinkPanel;
+class PaneDeck;
+class SettingsStore;
+class SitePopups;
 class frmMain;
 
 /// The active edges: side panels that show while the pointer is at the window's edge and hide a
@@ -15,9 +16,20 @@ class frmMain;
 class ActiveEdges : public QObject {
     Q_OBJECT
 public:
-    ActiveEdges(frmMain& form, MainState& state, const Services& services);
+    ActiveEdges(frmMain& form, SettingsStore& settings, PaneDeck& panes, LinkPanel& panel,
+                SitePopups& popups);
 
-    /// Takes the switch over from the settings: everything that the edges show is hidden, or comes
+    /// Takes the switch over from the settings.
+    void Start();
+
+    /// Whether the feature is on.
+    bool IsActive() const { return m_isActive; }
+
+    /// The panels stay as long as they are held.
+    void Hold(bool held) { m_isHeld = held; }
+    bool IsHeld() const { return m_isHeld; }
+
+    /// Follows the switch: everything that the edges show is hidden, or comes
     /// back when the feature is off.
     void Apply();
 
@@ -37,12 +49,13 @@ public:
 
 private:
     void Tick();
-    bool IsHeld() const;
+    bool MayNotHide() const;
     void ShowLeft(bool shown);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    bool m_isActive = false;
+    bool m_isHeld = false;
 };
 
 } // namespace tallowmere

@@ -1,11 +1,13 @@
 #include "app/market/IndexStrip.h"
 
+#include "app/base/Clock.h"
 #include "app/base/QtText.h"
 #include "app/base/TransferControl.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 #include "core/market/index_strip.h"
+#include "core/sites/site_table.h"
 
 #include <QPointer>
 
@@ -24,9 +26,10 @@ std::string_view View(const QByteArray& bytes) {
 
 } // namespace
 
-IndexStrip::IndexStrip(frmMain& form, const Services& services, PaneDeck& panes,
+IndexStrip::IndexStrip(frmMain& form, const SiteTable& sites, const Clock& clock, PaneDeck& panes,
                        TransferControl& spooNet)
-    : QObject(&form), m_form(form), m_services(services), m_panes(panes), m_spooNet(spooNet) {
+    : QObject(&form), m_form(form), m_sites(sites), m_clock(clock), m_panes(panes),
+      m_spooNet(spooNet) {
     Timer1.setInterval(kFirstTickMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, &IndexStrip::Tick);
     connect(form.SpooBar, &StripBar::Clicked, this, &IndexStrip::OpenDetails);
@@ -42,7 +45,7 @@ void IndexStrip::Start() {
 void IndexStrip::Tick() {
     if (m_fetching)
         return;
-    const double clock = m_services.clock.SecondsSinceMidnight();
+    const double clock = m_clock.SecondsSinceMidnight();
     if (!FetchIsDue(clock, m_lastFetch))
         return;
     m_lastFetch = FetchMark(clock);
@@ -58,13 +61,12 @@ void IndexStrip::Fetch() {
     const QPointer<IndexStrip> alive(this);
     // The wait for the rest of the page is measured from midnight, or from one second after it in
     // the afternoon: in practice there is one further read.
-    const double start = m_services.clock.SecondsSinceMidnight() < 12 * 3600 ? 0 : 1;
-    QByteArray page =
-        m_spooNet.OpenURL(ToQt(m_services.sites.Address("quote_server", IndexQuery())));
+    const double start = m_clock.SecondsSinceMidnight() < 12 * 3600 ? 0 : 1;
+    QByteArray page = m_spooNet.OpenURL(ToQt(m_sites.Address("quote_server", IndexQuery())));
     while (alive && !IsCompleteIndexPage(View(page))) {
         page = m_spooNet.GetChunk(kChunkSize);
         if (!alive || IsCompleteIndexPage(View(page)) ||
-            m_services.clock.SecondsSinceMidnight() - start > kLongestWaitSeconds || page.isEmpty())
+            m_clock.SecondsSinceMidnight() - start > kLongestWaitSeconds || page.isEmpty())
             break;
     }
     if (!alive)
@@ -79,7 +81,7 @@ void IndexStrip::Fetch() {
 
 void IndexStrip::OpenDetails() {
     m_panes.ShowFirst();
-    m_form.Web->Navigate(ToQt(m_services.sites.Address("quote_server", DetailedIndexQuery())));
+    m_form.Web->Navigate(ToQt(m_sites.Address("quote_server", DetailedIndexQuery())));
 }
 
 } // namespace tallowmere

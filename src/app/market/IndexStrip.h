@@ -1,22 +1,22 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 #include <QTimer>
 
 namespace tallowmere {
 
-class frmMain;
+class Clock;
 class PaneDeck;
+class SiteTable;
 class TransferControl;
+class frmMain;
 
 /// The strip of six market indices: fetched about once in four minutes, opened in full by a click.
 class IndexStrip : public QObject {
     Q_OBJECT
 public:
-    IndexStrip(frmMain& form, const Services& services, PaneDeck& panes, TransferControl& spooNet);
+    IndexStrip(frmMain& form, const SiteTable& sites, const Clock& clock, PaneDeck& panes,
+               TransferControl& spooNet);
 
     /// One tick of `Timer1`: fetches and fills the panels when the last fetch is old enough. A
     /// tick that comes while one is under way does nothing.
@@ -32,7 +32,8 @@ private:
     void OpenDetails();
 
     frmMain& m_form;
-    Services m_services;
+    const SiteTable& m_sites;
+    const Clock& m_clock;
     PaneDeck& m_panes;
     TransferControl& m_spooNet;
     int m_lastFetch = 0; ///< seconds since midnight

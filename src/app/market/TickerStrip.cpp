@@ -5,6 +5,8 @@
 #include "app/forms/frmMain.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 
 namespace tallowmere {
@@ -19,8 +21,8 @@ constexpr int kFollowMilliseconds = 400;
 
 } // namespace
 
-TickerStrip::TickerStrip(frmMain& form, MainState& state, const Services& services)
-    : QObject(&form), m_form(form), m_state(state), m_services(services) {
+TickerStrip::TickerStrip(frmMain& form, SettingsStore& settings, const SiteTable& sites)
+    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites) {
     m_listChanged.setSingleShot(true);
     m_listChanged.setInterval(kFollowMilliseconds);
     connect(&m_listChanged, &QTimer::timeout, this, &TickerStrip::FollowList);
@@ -31,17 +33,22 @@ TickerStrip::TickerStrip(frmMain& form, MainState& state, const Services& servic
     connect(list, &QAbstractItemModel::rowsRemoved, this, changed);
 }
 
+void TickerStrip::Start() {
+    if (ToBoolean(UsableSetting(m_settings, kSettingsSection, "WSCTick")))
+        Show(true);
+}
+
 void TickerStrip::Show(bool shown) {
-    m_state.tickerShown = shown;
+    m_isShown = shown;
     m_form.ShowTicker(shown);
     if (shown)
-        m_form.WebTick->Navigate(ToQt(m_services.sites.Address("stream_ticker", kPath)));
+        m_form.WebTick->Navigate(ToQt(m_sites.Address("stream_ticker", kPath)));
     else
         m_form.WebTick->Stop();
 }
 
 void TickerStrip::Switch(bool shown) {
-    m_services.settings.SaveSetting(kSettingsSection, "WSCTick", FromBoolean(shown));
+    m_settings.SaveSetting(kSettingsSection, "WSCTick", FromBoolean(shown));
     Show(shown);
 }
 
@@ -65,7 +72,7 @@ std::string TickerStrip::Tickers() const {
 }
 
 void TickerStrip::FollowList() {
-    if (m_state.tickerShown && m_shownTickers && *m_shownTickers != Tickers())
+    if (m_isShown && m_shownTickers && *m_shownTickers != Tickers())
         m_form.WebTick->Refresh();
 }
 

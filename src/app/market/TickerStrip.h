@@ -1,8 +1,5 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 #include <QTimer>
 
@@ -11,6 +8,8 @@
 
 namespace tallowmere {
 
+class SettingsStore;
+class SiteTable;
 class frmMain;
 
 /// The streaming ticker strip above the panes. The page of the built-in portal follows the list of
@@ -18,7 +17,12 @@ class frmMain;
 class TickerStrip : public QObject {
     Q_OBJECT
 public:
-    TickerStrip(frmMain& form, MainState& state, const Services& services);
+    TickerStrip(frmMain& form, SettingsStore& settings, const SiteTable& sites);
+
+    /// Shows the strip when the settings say so.
+    void Start();
+
+    bool IsShown() const { return m_isShown; }
 
     /// Shows the strip and loads its page, or hides it and stops what it loads.
     void Show(bool shown);
@@ -35,8 +39,9 @@ private:
     void FollowList();
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    bool m_isShown = false;
     QTimer m_listChanged;
     std::optional<std::string> m_shownTickers; ///< none while the page is not the portal's
 };

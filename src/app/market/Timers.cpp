@@ -4,32 +4,38 @@
 #include "app/base/TransferControl.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
 #include "core/shell/area_colors.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 
 #include <QPointer>
 
 namespace tallowmere {
 
-Timers::Timers(frmMain& form, const Services& services, TransferControl& tmNet)
-    : QObject(&form), m_form(form), m_services(services), m_tmNet(tmNet) {
+Timers::Timers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+               TransferControl& tmNet, LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites), m_tmNet(tmNet) {
     Timer2.setInterval(kFirstClubInterval);
     Timer3.setInterval(kRefreshInterval);
     connect(&Timer2, &QTimer::timeout, this, &Timers::TickClub);
     connect(&Timer3, &QTimer::timeout, this, &Timers::TickRefresh);
+    connect(&dispatch, &LinkDispatch::AlertsStarted, this, &Timers::StartAlerts);
+    connect(&dispatch, &LinkDispatch::PageLinkOpened, this, &Timers::Unmark);
     connect(form.menus->mnuRefresh, &QAction::triggered, this, &Timers::SwitchRefresh);
 }
 
 void Timers::Start() {
-    const bool on = ToBoolean(UsableSetting(m_services.settings, kSettingsSection, "AutoRefresh"));
+    const bool on = ToBoolean(UsableSetting(m_settings, kSettingsSection, "AutoRefresh"));
     m_form.menus->mnuRefresh->setChecked(on);
     if (on)
         Timer3.start();
 }
 
 void Timers::SwitchRefresh(bool on) {
-    m_services.settings.SaveSetting(kSettingsSection, "AutoRefresh", FromBoolean(on));
+    m_settings.SaveSetting(kSettingsSection, "AutoRefresh", FromBoolean(on));
     if (on)
         Timer3.start();
     else
@@ -68,7 +74,7 @@ void Timers::FetchClubPages() {
         // What another part of the window fetches first is not disturbed; the next tick is near.
         if (m_tmNet.IsBusy())
             return;
-        const QString address = ToQt(m_services.sites.Address("club_pages", page.path));
+        const QString address = ToQt(m_sites.Address("club_pages", page.path));
         const QByteArray body = m_tmNet.OpenURL(address);
         if (!alive)
             return;
@@ -82,7 +88,7 @@ void Timers::Unmark(int link) {
     for (const ClubPage& page : ClubPages()) {
         if (page.link == link)
             m_form.lbllink.at(static_cast<std::size_t>(link))
-                ->SetColors(ReadAreaColors(m_services.settings).Of("TLB"));
+                ->SetColors(ReadAreaColors(m_settings).Of("TLB"));
     }
 }
 

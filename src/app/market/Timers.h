@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/base/Services.h"
 #include "core/market/timers.h"
 
 #include <QObject>
@@ -8,14 +7,18 @@
 
 namespace tallowmere {
 
-class frmMain;
+class LinkDispatch;
+class SettingsStore;
+class SiteTable;
 class TransferControl;
+class frmMain;
 
 /// `Timer2`, which watches the club's pages, and `Timer3`, which reloads the page in `Web`.
 class Timers : public QObject {
     Q_OBJECT
 public:
-    Timers(frmMain& form, const Services& services, TransferControl& tmNet);
+    Timers(frmMain& form, SettingsStore& settings, const SiteTable& sites, TransferControl& tmNet,
+           LinkDispatch& dispatch);
 
     /// Takes "AutoRefresh" over from the settings.
     void Start();
@@ -36,7 +39,8 @@ private:
     void SwitchRefresh(bool on);
 
     frmMain& m_form;
-    Services m_services;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
     TransferControl& m_tmNet;
     ClubWatch m_watch;
     RefreshCounter m_refreshes;

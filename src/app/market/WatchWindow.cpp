@@ -1,11 +1,14 @@
 #include "app/market/WatchWindow.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmWiz.h"
 #include "core/market/watch.h"
 #include "core/market/watch_page.h"
+#include "core/shell/settings_store.h"
 #include "core/shell/window_layout.h"
 #include "core/text/bytes.h"
 #include "core/text/files.h"
@@ -55,11 +58,12 @@ QByteArray PdfOf(const QString& html) {
 
 } // namespace
 
-WatchWindow::WatchWindow(frmWiz& form, const Services& services, const std::string& target)
-    : QObject(&form), m_form(form), m_services(services) {
+WatchWindow::WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts,
+                         const Clock& clock, const std::string& target)
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts), m_clock(clock) {
     form.setMinimumSize(PixelsFromTwips(kWatchMinimumWidth), PixelsFromTwips(kWatchMinimumHeight));
     try {
-        LoadFormPosition(form, services.settings);
+        LoadFormPosition(form, settings);
     } catch (const RuntimeError&) {
         // The window is of more use in its default place than not at all.
     }
@@ -105,7 +109,7 @@ void WatchWindow::Tick() {
 
 void WatchWindow::WaitSecs(int seconds) {
     m_seconds = seconds;
-    m_began = m_services.clock.Now();
+    m_began = m_clock.Now();
     // The ticks are counted from here, so that one of them falls on the end of the wait.
     if (Timer1.isActive())
         Timer1.start();
@@ -115,7 +119,7 @@ void WatchWindow::WaitSecs(int seconds) {
 bool WatchWindow::IsWaiting() const {
     const double noted = m_began.time().msecsSinceStartOfDay() / 1000.0;
     return m_seconds > 0 &&
-           RemainingWait(noted, m_seconds, m_services.clock.SecondsSinceMidnight()) > kEarliness;
+           RemainingWait(noted, m_seconds, m_clock.SecondsSinceMidnight()) > kEarliness;
 }
 
 // Seconds that were changed hold for the wait that is under way too: who sets an
@@ -130,7 +134,7 @@ void WatchWindow::SettleSeconds() {
 void WatchWindow::OnLoaded(bool isLoaded) {
     if (m_stop || !isLoaded)
         return;
-    m_loaded = m_services.clock.Now().time();
+    m_loaded = m_clock.Now().time();
     ShowTimes();
 }
 
@@ -147,14 +151,14 @@ void WatchWindow::Stop() {
     m_form.Web->Stop();
     Timer1.stop();
     m_stop = true;
-    SaveFormPosition(m_form, m_services.settings);
+    SaveFormPosition(m_form, m_settings);
 }
 
 void WatchWindow::Export() {
     const QPointer<WatchWindow> guard(this);
-    const auto path = m_services.prompts.SaveFile(
-        m_form.mnuExport->text(), m_form.windowTitle().section(u' ', 0, 0) + u".html"_s,
-        tr("Web pages (*.html *.htm);;PDF documents (*.pdf)"));
+    const auto path = m_prompts.SaveFile(m_form.mnuExport->text(),
+                                         m_form.windowTitle().section(u' ', 0, 0) + u".html"_s,
+                                         tr("Web pages (*.html *.htm);;PDF documents (*.pdf)"));
     if (!guard || !path)
         return;
     // The engine calls back: what is done with the text, and may fail, comes after its call.
@@ -168,7 +172,7 @@ void WatchWindow::Export() {
 void WatchWindow::Write(const QString& path, const QString& text) {
     const std::string caption = FromQt(m_form.windowTitle());
     const std::string address = FromQt(m_form.Web->LocationURL());
-    const std::string time = FromQt(m_services.clock.Now().toString(u"yyyy-MM-dd HH:mm:ss"_s));
+    const std::string time = FromQt(m_clock.Now().toString(u"yyyy-MM-dd HH:mm:ss"_s));
     const std::string document = WatchDocument({caption, address, time, FromQt(text)});
     if (path.endsWith(u".pdf"_s, Qt::CaseInsensitive))
         WriteWholeFile(ToPath(path), PdfOf(ToQt(document)).toStdString());

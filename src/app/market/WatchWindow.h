@@ -1,13 +1,14 @@
 #pragma once
 
-#include "app/base/Services.h"
-
 #include <QDateTime>
 #include <QObject>
 #include <QTimer>
 
 namespace tallowmere {
 
+class Clock;
+class Prompts;
+class SettingsStore;
 class frmWiz;
 
 /// What one watch window does: it loads its page over and over until it is closed.
@@ -15,7 +16,8 @@ class WatchWindow : public QObject {
     Q_OBJECT
 public:
     /// `target` is "caption|address".
-    WatchWindow(frmWiz& form, const Services& services, const std::string& target);
+    WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts, const Clock& clock,
+                const std::string& target);
 
     /// Begins a wait of so many seconds, and one more: until it is over, or the window closes, the
     /// page stays as it is. The window stays alive, and so do all others: the waits of many windows
@@ -36,7 +38,9 @@ private:
     void Write(const QString& path, const QString& text);
 
     frmWiz& m_form;
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
+    const Clock& m_clock;
     QTime m_loaded;    ///< when the page was loaded last
     QDateTime m_began; ///< the wait that is under way, and how long it is
     int m_seconds = 0;

@@ -1,16 +1,19 @@
 #include "app/market/WatchWindows.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/forms/frmWiz.h"
 #include "app/links/LinkDispatch.h"
 #include "app/market/WatchWindow.h"
+#include "core/shell/settings_store.h"
 
 namespace tallowmere {
 
-WatchWindows::WatchWindows(frmMain& form, const Services& services, EngineProfile& profile,
-                           LinkDispatch& dispatch)
-    : QObject(&form), m_services(services), m_profile(profile) {
+WatchWindows::WatchWindows(frmMain& form, SettingsStore& settings, Prompts& prompts,
+                           const Clock& clock, EngineProfile& profile, LinkDispatch& dispatch)
+    : QObject(&form), m_settings(settings), m_prompts(prompts), m_clock(clock), m_profile(profile) {
     connect(&dispatch, &LinkDispatch::WatchRequested, this, &WatchWindows::CreateWiz);
     connect(&form, &frmMain::Closing, this, &WatchWindows::CloseAll);
 }
@@ -22,9 +25,9 @@ WatchWindows::~WatchWindows() {
 }
 
 frmWiz* WatchWindows::CreateWiz(const QString& target) {
-    auto* window = new frmWiz(m_profile, m_services.prompts);
+    auto* window = new frmWiz(m_profile, m_prompts);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    new WatchWindow(*window, m_services, FromQt(target));
+    new WatchWindow(*window, m_settings, m_prompts, m_clock, FromQt(target));
     m_windows.removeAll(nullptr);
     m_windows << window;
     window->show();

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "app/base/Services.h"
-
 #include <QList>
 #include <QObject>
 #include <QPointer>
 
 namespace tallowmere {
 
+class Clock;
 class EngineProfile;
+class Prompts;
+class SettingsStore;
 class frmMain;
 class frmWiz;
 class LinkDispatch;
@@ -17,8 +18,8 @@ class LinkDispatch;
 class WatchWindows : public QObject {
     Q_OBJECT
 public:
-    WatchWindows(frmMain& form, const Services& services, EngineProfile& profile,
-                 LinkDispatch& dispatch);
+    WatchWindows(frmMain& form, SettingsStore& settings, Prompts& prompts, const Clock& clock,
+                 EngineProfile& profile, LinkDispatch& dispatch);
     ~WatchWindows() override;
 
     /// Opens a watch window for "caption|address".
@@ -27,7 +28,9 @@ public:
 private:
     void CloseAll();
 
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
+    const Clock& m_clock;
     EngineProfile& m_profile;
     QList<QPointer<frmWiz>> m_windows;
 };

@@ -1,10 +1,12 @@
 #include "app/portfolio/PortfolioCommands.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/portfolio/Portfolios.h"
 #include "core/portfolio/portfolio_text.h"
 #include "core/shell/conversion.h"
+#include "core/shell/settings_store.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,9 +15,10 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-PortfolioCommands::PortfolioCommands(frmMain& form, MainState& state, const Services& services,
+PortfolioCommands::PortfolioCommands(frmMain& form, SettingsStore& settings, Prompts& prompts,
                                      Portfolios& portfolios)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+      m_portfolios(portfolios) {
     const MainMenus& menus = *form.menus;
     connect(menus.mnuCopyAll, &QAction::triggered, this, &PortfolioCommands::CopyAllLists);
     connect(menus.mnuCopyIt, &QAction::triggered, this, &PortfolioCommands::CopyList);
@@ -46,7 +49,7 @@ void PortfolioCommands::ConnectOptions(Chip* label) {
 }
 
 std::string PortfolioCommands::CurrentList() const {
-    return m_portfolios.StoredList(m_state.currentPortfolio);
+    return m_portfolios.StoredList(m_portfolios.Current());
 }
 
 void PortfolioCommands::Append(int target, std::string_view tickers) {
@@ -54,8 +57,7 @@ void PortfolioCommands::Append(int target, std::string_view tickers) {
 }
 
 void PortfolioCommands::CopyAllLists() {
-    QGuiApplication::clipboard()->setText(
-        ToQt(AllPortfoliosText(LoadPortfolios(m_services.settings))));
+    QGuiApplication::clipboard()->setText(ToQt(AllPortfoliosText(LoadPortfolios(m_settings))));
 }
 
 void PortfolioCommands::CopyList() {
@@ -84,26 +86,25 @@ void PortfolioCommands::CopyPortfolio(int target) {
 void PortfolioCommands::MovePortfolio(int target) {
     const std::string list = CurrentList();
     m_form.List1->Clear();
-    m_portfolios.StoreList(m_state.currentPortfolio, "");
+    m_portfolios.StoreList(m_portfolios.Current(), "");
     Append(target, list);
 }
 
 void PortfolioCommands::Rename() {
-    const int number = m_state.currentPortfolio;
-    const auto name = m_services.prompts.Input(
+    const int number = m_portfolios.Current();
+    const auto name = m_prompts.Input(
         u"Enter a new name for portfolio #"_s + QString::number(number), u"Rename Portfolio"_s, {});
     if (!name || name->trimmed().isEmpty())
         return;
     m_form.lblPort->SetCaption(*name);
-    m_services.settings.SaveSetting("Settings", "PortName" + std::to_string(number), FromQt(*name));
+    m_settings.SaveSetting("Settings", "PortName" + std::to_string(number), FromQt(*name));
     m_portfolios.SetPorts();
 }
 
 void PortfolioCommands::SwitchLabels() {
     const bool shown = m_form.lblPort->isHidden();
-    m_services.settings.SaveSetting("Settings", "PortLabels", FromBoolean(shown));
-    m_form.menus->mnuPortOpt[3]->setChecked(shown);
-    m_form.lblPort->setVisible(shown);
+    m_settings.SaveSetting("Settings", "PortLabels", FromBoolean(shown));
+    m_form.ShowPortfolioLabel(shown);
     m_form.LayOut();
 }
 

@@ -1,16 +1,15 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 
 namespace tallowmere {
 
 class Chip;
-class frmMain;
-class Portfolios;
 struct PortfolioMenu;
+class Portfolios;
+class Prompts;
+class SettingsStore;
+class frmMain;
 
 /// The commands that copy and move tickers between the portfolios, put lists on the clipboard,
 /// rename a portfolio and show the portfolio label. Each writes the settings at once; none looks
@@ -18,7 +17,7 @@ struct PortfolioMenu;
 class PortfolioCommands : public QObject {
     Q_OBJECT
 public:
-    PortfolioCommands(frmMain& form, MainState& state, const Services& services,
+    PortfolioCommands(frmMain& form, SettingsStore& settings, Prompts& prompts,
                       Portfolios& portfolios);
 
 private:
@@ -38,8 +37,8 @@ private:
     void Append(int target, std::string_view tickers);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
     Portfolios& m_portfolios;
 };
 

@@ -1,10 +1,12 @@
 #include "app/portfolio/Portfolios.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/shell/area_colors.h"
+#include "core/shell/settings_store.h"
 
 namespace tallowmere {
 
@@ -18,8 +20,10 @@ std::string NumberedKey(std::string_view prefix, int number) {
 
 } // namespace
 
-Portfolios::Portfolios(frmMain& form, MainState& state, const Services& services)
-    : QObject(&form), m_form(form), m_state(state), m_services(services) {
+Portfolios::Portfolios(frmMain& form, SettingsStore& settings, Prompts& prompts,
+                       const std::filesystem::path& programFolder)
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+      m_programFolder(programFolder) {
     ConnectControls();
 }
 
@@ -38,16 +42,16 @@ void Portfolios::ConnectControls() {
 }
 
 std::string Portfolios::StoredList(int number) const {
-    return m_services.settings.GetSetting("Settings", NumberedKey("Stocks", number), "");
+    return m_settings.GetSetting("Settings", NumberedKey("Stocks", number), "");
 }
 
 void Portfolios::StoreList(int number, std::string_view tickers) {
-    m_services.settings.SaveSetting("Settings", NumberedKey("Stocks", number), tickers);
+    m_settings.SaveSetting("Settings", NumberedKey("Stocks", number), tickers);
 }
 
 QString Portfolios::PortfolioName(int number) const {
-    return ToQt(m_services.settings.GetSetting("Settings", NumberedKey("PortName", number),
-                                               NumberedKey("Portfolio #", number)));
+    return ToQt(m_settings.GetSetting("Settings", NumberedKey("PortName", number),
+                                      NumberedKey("Portfolio #", number)));
 }
 
 void Portfolios::SetPorts() {
@@ -64,38 +68,44 @@ void Portfolios::SetPorts() {
 }
 
 void Portfolios::SelectPortfolio(int number) {
-    const int outgoing = m_state.currentPortfolio;
+    const int outgoing = m_current;
     const QStringList items = m_form.List1->Items();
     // A list that was emptied by hand keeps its stored value; only clearing writes an empty one.
     if (!items.isEmpty())
         SaveCurrentList();
     if (outgoing > 0)
-        m_state.rememberedSelection.at(static_cast<std::size_t>(outgoing)) =
-            m_form.List1->ListIndex();
-    m_state.currentPortfolio = number;
+        m_rememberedSelection.at(static_cast<std::size_t>(outgoing)) = m_form.List1->ListIndex();
+    m_current = number;
     PaintNumbers();
 
     QStringList tickers;
     for (const std::string& ticker : SplitTickerList(StoredList(number)))
         tickers << ToQt(ticker);
     m_form.List1->SetItems(tickers);
-    const int remembered = m_state.rememberedSelection.at(static_cast<std::size_t>(number));
+    const int remembered = m_rememberedSelection.at(static_cast<std::size_t>(number));
     m_form.List1->SetListIndex(remembered < tickers.size() ? remembered : -1);
     m_form.lblPort->SetCaption(PortfolioName(number));
 }
 
 void Portfolios::PaintNumbers() {
-    const ColorPair colors = ReadAreaColors(m_services.settings).Of("PN");
+    const ColorPair colors = ReadAreaColors(m_settings).Of("PN");
     for (int n = 1; n <= kPortfolioCount; ++n) {
-        const bool current = n == m_state.currentPortfolio;
+        const bool current = n == m_current;
         m_form.lblListNum[static_cast<std::size_t>(n)]->SetColors(current ? Swapped(colors)
                                                                           : colors);
     }
     m_form.lblPort->SetColors(colors);
 }
 
+void Portfolios::SeedFirstStart() {
+    if (m_current != 1 || m_form.List1->Count() > 0)
+        return;
+    m_form.List1->AddItems({u"AOL"_s, u"YHOO"_s, u"MSFT"_s});
+    SaveCurrentList();
+}
+
 void Portfolios::SaveCurrentList() {
-    StoreList(m_state.currentPortfolio, JoinTickerList(ListedTickers()));
+    StoreList(m_current, JoinTickerList(ListedTickers()));
 }
 
 std::vector<std::string> Portfolios::ListedTickers() const {
@@ -108,7 +118,7 @@ std::vector<std::string> Portfolios::ListedTickers() const {
 std::string Portfolios::OtherLists() const {
     std::string lists;
     for (int n = 1; n <= kPortfolioCount; ++n) {
-        if (n != m_state.currentPortfolio)
+        if (n != m_current)
             lists += StoredList(n);
     }
     return lists;
@@ -121,17 +131,16 @@ void Portfolios::RemoveSelectedTicker() {
         m_form.List1->RemoveItem(index);
     SaveCurrentList();
     if (index >= 0)
-        RemoveNotes(m_services.programFolder, TickersFoundNowhere({ticker}, OtherLists()),
-                    kTickerNotesFile);
+        RemoveNotes(m_programFolder, TickersFoundNowhere({ticker}, OtherLists()), kTickerNotesFile);
 }
 
 void Portfolios::ClearList() {
-    if (!m_services.prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s))
+    if (!m_prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s))
         return;
-    RemoveNotes(m_services.programFolder, TickersFoundNowhere(ListedTickers(), OtherLists()),
+    RemoveNotes(m_programFolder, TickersFoundNowhere(ListedTickers(), OtherLists()),
                 kTickerNotesFile);
     m_form.List1->Clear();
-    StoreList(m_state.currentPortfolio, "");
+    StoreList(m_current, "");
 }
 
 } // namespace tallowmere

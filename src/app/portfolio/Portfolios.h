@@ -1,25 +1,35 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "core/portfolio/stored_portfolio.h"
 
 #include <QObject>
 
+#include <filesystem>
+
 namespace tallowmere {
 
+class Prompts;
+class SettingsStore;
 class frmMain;
 
 /// The ten portfolios: switching between them, saving the list, removing and clearing.
 class Portfolios : public QObject {
     Q_OBJECT
 public:
-    Portfolios(frmMain& form, MainState& state, const Services& services);
+    Portfolios(frmMain& form, SettingsStore& settings, Prompts& prompts,
+               const std::filesystem::path& programFolder);
 
     /// Puts the names of the portfolios into the menus.
     void SetPorts();
 
+    /// The number of the current portfolio, 0 until one was selected.
+    int Current() const { return m_current; }
+
     /// Makes portfolio `number` (1 to 10) the current one and fills the list with its tickers.
     void SelectPortfolio(int number);
+
+    /// Puts the tickers of a first start into the empty first portfolio; does nothing elsewhere.
+    void SeedFirstStart();
 
     /// Writes the list to the store as the current portfolio, even when it is empty.
     void SaveCurrentList();
@@ -48,8 +58,12 @@ private:
     void ConnectControls();
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
+    std::filesystem::path m_programFolder;
+    int m_current = 0;
+    /// The index that was selected when a portfolio was left; element 0 is not used.
+    std::array<int, kPortfolioCount + 1> m_rememberedSelection{};
 };
 
 } // namespace tallowmere

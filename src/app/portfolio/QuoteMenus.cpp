@@ -4,8 +4,12 @@
 #include "app/forms/frmMain.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
+#include "app/portfolio/Portfolios.h"
 #include "app/portfolio/QuotePage.h"
 #include "core/links/portfolio_address.h"
+#include "core/portfolio/stored_portfolio.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 
 namespace tallowmere {
 
@@ -17,14 +21,14 @@ constexpr int kBasic = 2;
 
 } // namespace
 
-QuoteMenus::QuoteMenus(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-                       LinkPanel& links, QuotePage& page)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes),
-      m_links(links), m_page(page), m_mnuPort(new QMenu(u"Query Portfolio"_s, &form)),
-      m_mnuQAll(new QMenu(&form)) {
+QuoteMenus::QuoteMenus(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                       Portfolios& portfolios, PaneDeck& panes, LinkPanel& links, QuotePage& page)
+    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites), m_portfolios(portfolios),
+      m_panes(panes), m_links(links), m_page(page),
+      m_mnuPort(new QMenu(u"Query Portfolio"_s, &form)), m_mnuQAll(new QMenu(&form)) {
     Build();
-    connect(m_mnuPort, &QMenu::aboutToShow, this, [this] { Q_EMIT Held(true); });
-    connect(m_mnuPort, &QMenu::aboutToHide, this, [this] { Q_EMIT Held(false); });
+    connect(m_mnuPort, &QMenu::aboutToShow, &links, [&links] { links.Hold(true); });
+    connect(m_mnuPort, &QMenu::aboutToHide, &links, [&links] { links.Hold(false); });
     for (std::size_t n = 1; n <= kPortfolioCount; ++n)
         connect(form.lblListNum[n], &Chip::DoubleClicked, this, &QuoteMenus::Repeat);
     connect(form.lblPort, &Chip::DoubleClicked, this, &QuoteMenus::Repeat);
@@ -55,17 +59,17 @@ void QuoteMenus::PopUp() {
 }
 
 void QuoteMenus::Repeat() {
-    const int last = m_state.portfolioView.lastItem;
+    const int last = m_page.View().lastItem;
     Choose(kPortfolioMenu[static_cast<std::size_t>((last == 0 ? kBasic : last) - 1)]);
 }
 
 void QuoteMenus::Choose(const PortfolioItem& item) {
-    ChooseInPortfolioMenu(m_state.portfolioView, item);
+    ChooseInPortfolioMenu(m_page.View(), item);
     Run(item);
 }
 
 void QuoteMenus::ChooseForAll(const PortfolioItem& item) {
-    ChooseInAllPortfoliosMenu(m_state.portfolioView, item);
+    ChooseInAllPortfoliosMenu(m_page.View(), item);
     Run(item);
 }
 
@@ -79,15 +83,15 @@ void QuoteMenus::Run(const PortfolioItem& item) {
 }
 
 void QuoteMenus::LoadPendingView() {
-    const PortfolioView& view = m_state.portfolioView;
+    const PortfolioView& view = m_page.View();
     if (view.pendingView == kSkippedView)
         return;
     std::string tickers;
-    for (const StoredPortfolio& portfolio : LoadPortfolios(m_services.settings)) {
-        if (view.allPortfolios || portfolio.number == m_state.currentPortfolio)
+    for (const StoredPortfolio& portfolio : LoadPortfolios(m_settings)) {
+        if (view.allPortfolios || portfolio.number == m_portfolios.Current())
             tickers += portfolio.tickers;
     }
-    m_panes.Navigate(ToQt(QueryPortfolioAddress(tickers, view.pendingView, m_services.sites)));
+    m_panes.Navigate(ToQt(QueryPortfolioAddress(tickers, view.pendingView, m_sites)));
 }
 
 } // namespace tallowmere

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "core/portfolio/portfolio_menu.h"
 
 #include <QObject>
 
@@ -9,28 +8,27 @@ class QMenu;
 
 namespace tallowmere {
 
-class frmMain;
 class LinkPanel;
 class PaneDeck;
+class Portfolios;
 class QuotePage;
+class SettingsStore;
+class SiteTable;
+class frmMain;
 
 /// The menu that shows the quotes of one or of all portfolios. It pops up behind the link "Query
 /// Portfolio" and is a submenu of the menu bar.
 class QuoteMenus : public QObject {
     Q_OBJECT
 public:
-    QuoteMenus(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-               LinkPanel& links, QuotePage& page);
+    QuoteMenus(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+               Portfolios& portfolios, PaneDeck& panes, LinkPanel& links, QuotePage& page);
 
     /// Pops `mnuPort` up.
     void PopUp();
 
     /// Does again what was chosen last for one portfolio; "Basic" when nothing was yet.
     void Repeat();
-
-Q_SIGNALS:
-    /// The menu is open, or no longer so.
-    void Held(bool held);
 
 private:
     void Build();
@@ -40,8 +38,9 @@ private:
     void LoadPendingView();
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    Portfolios& m_portfolios;
     PaneDeck& m_panes;
     LinkPanel& m_links;
     QuotePage& m_page;

@@ -3,9 +3,10 @@
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/forms/frmMain.h"
-#include "app/links/LinkDispatch.h"
 #include "app/links/PaneDeck.h"
 #include "core/portfolio/condensed_page.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 #include "core/text/runtime_error.h"
 
 #include <QGuiApplication>
@@ -25,10 +26,10 @@ constexpr int kSteps = 3;
 
 } // namespace
 
-QuotePage::QuotePage(frmMain& form, MainState& state, const Services& services,
-                     LinkDispatch& dispatch, PaneDeck& panes, TransferPool& transfers)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_dispatch(dispatch),
-      m_panes(panes), m_transfers(transfers) {}
+QuotePage::QuotePage(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                     PaneDeck& panes, TransferPool& transfers)
+    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites), m_panes(panes),
+      m_transfers(transfers) {}
 
 void QuotePage::Show(std::string_view viewCode) {
     if (m_working)
@@ -41,7 +42,7 @@ void QuotePage::Show(std::string_view viewCode) {
             return;
         m_working = false;
         m_panes.ShowProgress(0, kSteps);
-        m_state.portfolioView.pendingView = kSkippedView;
+        m_view.pendingView = kSkippedView;
     });
     m_panes.ShowStatus(u"Building Portfolio Query (Condensed View)"_s);
     const std::string query = Query();
@@ -58,8 +59,8 @@ void QuotePage::Show(std::string_view viewCode) {
 }
 
 std::string QuotePage::Query() const {
-    if (m_state.portfolioView.allPortfolios)
-        return CondensedQuery(LoadPortfolios(m_services.settings));
+    if (m_view.allPortfolios)
+        return CondensedQuery(LoadPortfolios(m_settings));
     std::vector<std::string> tickers;
     for (const QString& item : m_form.List1->Items())
         tickers.push_back(FromQt(item));
@@ -69,18 +70,16 @@ std::string QuotePage::Query() const {
 void QuotePage::Build(const std::string& query, std::string_view viewCode) {
     const QPointer<QuotePage> alive(this);
     m_panes.ShowProgress(kFetching, kSteps);
-    const QByteArray body =
-        m_transfers.FetchPage(ToQt(CondensedAddress(query, viewCode, m_services.sites)));
+    const QByteArray body = m_transfers.FetchPage(ToQt(CondensedAddress(query, viewCode, m_sites)));
     if (!alive)
         return;
     m_panes.ShowProgress(kArranging, kSteps);
-    const auto page =
-        CondensedPage({body.data(), static_cast<std::size_t>(body.size())}, m_services.sites);
+    const auto page = CondensedPage({body.data(), static_cast<std::size_t>(body.size())}, m_sites);
     if (!page) {
         m_panes.ShowStatus({});
         return;
     }
-    m_dispatch.ShowGenerated("ycprint.html", *page);
+    m_panes.ShowGenerated("ycprint.html", *page);
     m_panes.ShowStatus(u"Portfolio Query (Condensed View)"_s);
 }
 

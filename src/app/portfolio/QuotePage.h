@@ -1,23 +1,26 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "core/portfolio/portfolio_menu.h"
 
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
-class LinkDispatch;
 class PaneDeck;
+class SettingsStore;
+class SiteTable;
 class TransferPool;
+class frmMain;
 
 /// The condensed page: the portal's quotes of one or of all portfolios in a compact grid.
 class QuotePage : public QObject {
     Q_OBJECT
 public:
-    QuotePage(frmMain& form, MainState& state, const Services& services, LinkDispatch& dispatch,
-              PaneDeck& panes, TransferPool& transfers);
+    QuotePage(frmMain& form, SettingsStore& settings, const SiteTable& sites, PaneDeck& panes,
+              TransferPool& transfers);
+
+    /// What was chosen in the portfolio menu: the page shows that.
+    PortfolioView& View() { return m_view; }
 
     /// Fetches, writes and shows the page with a view code ("1b", "2b" or "0b"). Whatever goes
     /// wrong ends it quietly, and the page that was written before stays. A call while another
@@ -29,11 +32,11 @@ private:
     std::string Query() const;
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
-    LinkDispatch& m_dispatch;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
     PaneDeck& m_panes;
     TransferPool& m_transfers;
+    PortfolioView m_view;
     bool m_working = false;
 };
 

@@ -1,8 +1,12 @@
 #include "app/portfolio/Reports.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
-#include "app/links/LinkDispatch.h"
+#include "app/links/PaneDeck.h"
+#include "core/shell/settings_store.h"
+#include "core/sites/site_table.h"
 #include "core/text/files.h"
 
 #include <QGuiApplication>
@@ -82,29 +86,31 @@ private:
 
 } // namespace
 
-Reports::Reports(frmMain& form, const Services& services, LinkDispatch& dispatch)
-    : QObject(&form), m_services(services), m_dispatch(dispatch), m_makePrinter(SystemPrinter) {
+Reports::Reports(frmMain& form, SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
+                 const Clock& clock, const std::filesystem::path& programFolder, PaneDeck& panes)
+    : QObject(&form), m_settings(settings), m_sites(sites), m_prompts(prompts), m_clock(clock),
+      m_programFolder(programFolder), m_panes(panes), m_makePrinter(SystemPrinter) {
     connect(form.menus->mnuViewPort, &QAction::triggered, this, &Reports::View);
     connect(form.menus->mnuPrintPort, &QAction::triggered, this, &Reports::Print);
 }
 
 NoteIndex Reports::Notes() const {
-    return NoteIndex(ReadWholeFile(PathInFolder(m_services.programFolder, "\\TickNotes.txt")));
+    return NoteIndex(ReadWholeFile(PathInFolder(m_programFolder, "\\TickNotes.txt")));
 }
 
 void Reports::View() {
-    m_dispatch.ShowGenerated("report.html", ReportPage(LoadPortfolios(m_services.settings), Notes(),
-                                                       m_services.clock.Today(), m_services.sites));
+    m_panes.ShowGenerated(
+        "report.html", ReportPage(LoadPortfolios(m_settings), Notes(), m_clock.Today(), m_sites));
 }
 
 void Reports::Print() {
     const std::unique_ptr<QPrinter> printer = m_makePrinter();
     if (!printer)
-        m_services.prompts.Message(
+        m_prompts.Message(
             u"No printer is set up. Add one in the settings of the system, then print again."_s,
             MessageTitle());
     else if (!PrintOn(*printer))
-        m_services.prompts.Message(u"The printer does not take the report."_s, MessageTitle());
+        m_prompts.Message(u"The printer does not take the report."_s, MessageTitle());
 }
 
 bool Reports::PrintOn(QPrinter& printer) const {
@@ -119,7 +125,7 @@ bool Reports::PrintOn(QPrinter& printer) const {
         return false;
     Paper paper(printer, painter);
     for (const PrintedLine& line :
-         PrintedReport(LoadPortfolios(m_services.settings), Notes(), m_services.clock.Today()))
+         PrintedReport(LoadPortfolios(m_settings), Notes(), m_clock.Today()))
         paper.Add(line);
     painter.end();
     return printer.printerState() != QPrinter::Error;

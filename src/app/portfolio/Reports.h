@@ -1,9 +1,10 @@
 #pragma once
 
-#include "app/base/Services.h"
 #include "core/portfolio/report.h"
 
 #include <QObject>
+
+#include <filesystem>
 
 #include <functional>
 #include <memory>
@@ -12,14 +13,19 @@ class QPrinter;
 
 namespace tallowmere {
 
+class Clock;
+class PaneDeck;
+class Prompts;
+class SettingsStore;
+class SiteTable;
 class frmMain;
-class LinkDispatch;
 
 /// The report of all portfolios, in the pane and on paper.
 class Reports : public QObject {
     Q_OBJECT
 public:
-    Reports(frmMain& form, const Services& services, LinkDispatch& dispatch);
+    Reports(frmMain& form, SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
+            const Clock& clock, const std::filesystem::path& programFolder, PaneDeck& panes);
 
     /// Writes the report and shows it in `Web`.
     void View();
@@ -35,8 +41,12 @@ private:
     NoteIndex Notes() const;
     bool PrintOn(QPrinter& printer) const;
 
-    Services m_services;
-    LinkDispatch& m_dispatch;
+    SettingsStore& m_settings;
+    const SiteTable& m_sites;
+    Prompts& m_prompts;
+    const Clock& m_clock;
+    std::filesystem::path m_programFolder;
+    PaneDeck& m_panes;
     PrinterFactory m_makePrinter;
 };
 

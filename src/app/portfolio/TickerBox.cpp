@@ -1,7 +1,9 @@
 #include "app/portfolio/TickerBox.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
 #include "app/portfolio/Portfolios.h"
 #include "core/links/catalogue.h"
 #include "core/portfolio/keyed_store.h"
@@ -14,9 +16,10 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
-                     Portfolios& portfolios)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_portfolios(portfolios) {
+TickerBox::TickerBox(frmMain& form, Prompts& prompts, const std::filesystem::path& programFolder,
+                     Portfolios& portfolios, LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_prompts(prompts), m_programFolder(programFolder),
+      m_portfolios(portfolios), m_dispatch(dispatch) {
     connect(form.txtStock, &QLineEdit::textChanged, this, &TickerBox::UpperCase);
     connect(form.txtStock, &QLineEdit::returnPressed, this, &TickerBox::EnterTickers);
     connect(form.List1, &ListBox::Clicked, this, &TickerBox::UpdateToolTip);
@@ -26,13 +29,13 @@ TickerBox::TickerBox(frmMain& form, MainState& state, const Services& services,
             m_portfolios.RemoveSelectedTicker();
     });
     connect(form.List1, &ListBox::MenuRequested, this, &TickerBox::PopUpTickerMenu);
-    connect(form.List1, &ListBox::PointerMoved, this, &TickerBox::EdgesTouched);
     connect(form.menus->openLast, &QAction::triggered, this, &TickerBox::OpenSelected);
     connect(form.menus->mnuTickNotes, &QAction::triggered, this, &TickerBox::EditNote);
     connect(form.menus->goToTicker, &QAction::triggered, this, [this] {
         m_form.txtStock->setFocus(Qt::ShortcutFocusReason);
         m_form.txtStock->selectAll();
     });
+    connect(&dispatch, &LinkDispatch::LastLinkChanged, this, &TickerBox::UpdateToolTip);
     // The menu bar shows the same commands as the popup menu.
     for (QMenu* menu : {form.menus->tickerMenu, form.menus->portfolioMenu})
         connect(menu, &QMenu::aboutToShow, this, &TickerBox::FillTickerMenu);
@@ -66,26 +69,22 @@ void TickerBox::EnterTickers() {
 }
 
 void TickerBox::UpdateToolTip() {
-    if (!m_state.toolTips)
+    if (!m_form.ShowsToolTips())
         return;
     const QString ticker = m_form.List1->SelectedText();
     if (m_form.List1->ListIndex() < 0) {
         m_form.List1->setToolTip(u"Ticker List"_s);
         return;
     }
-    if (m_state.lastLink == 0)
-        m_state.lastLink = kDefaultLink;
     m_form.List1->setToolTip(
         u"Ticker : "_s + ticker + u", DoubleClick opens "_s +
-        m_form.lbllink.at(static_cast<std::size_t>(m_state.lastLink))->Caption());
+        m_form.lbllink.at(static_cast<std::size_t>(m_dispatch.LastLink()))->Caption());
 }
 
 void TickerBox::OpenSelected() {
     if (m_form.List1->ListIndex() < 0)
         return;
-    if (m_state.lastLink == 0)
-        m_state.lastLink = kDefaultLink;
-    Q_EMIT OpenLastLink(m_state.lastLink);
+    m_dispatch.Click(m_dispatch.LastLink());
 }
 
 void TickerBox::FillTickerMenu() {
@@ -93,9 +92,9 @@ void TickerBox::FillTickerMenu() {
     const bool selected = m_form.List1->ListIndex() >= 0;
     std::string note;
     if (selected)
-        TickerNotes(m_services.programFolder, note, "GET", ticker, "", kTickerNotesFile);
+        TickerNotes(m_programFolder, note, "GET", ticker, "", kTickerNotesFile);
     const TickerMenu menu = MakeTickerMenu(selected ? &ticker : nullptr, note,
-                                           m_state.currentPortfolio, m_form.List1->Count() == 0);
+                                           m_portfolios.Current(), m_form.List1->Count() == 0);
     const MainMenus& menus = *m_form.menus;
     menus.mnuDeleteTick->setText(MenuCaption(ToQt(menu.deleteCaption)));
     menus.mnuMoveit()->setText(MenuCaption(ToQt(menu.moveCaption)));
@@ -123,17 +122,17 @@ void TickerBox::PopUpTickerMenu(const QPoint& position) {
 
 void TickerBox::EditNote() {
     const QString ticker = m_form.List1->SelectedText();
-    const auto answer = m_services.prompts.Input(
+    const auto answer = m_prompts.Input(
         u"Enter a personal note on "_s + ticker + u"\r\nClicking 'Cancel' will remove the note"_s,
         u"Ticker Notes"_s, m_form.menus->mnuTickNotes->data().toString());
     std::string ignored;
     const std::string key = FromQt(ticker);
-    TickerNotes(m_services.programFolder, ignored, "REMOVE", key, "", kTickerNotesFile);
+    TickerNotes(m_programFolder, ignored, "REMOVE", key, "", kTickerNotesFile);
     if (!answer || answer->isEmpty())
         return;
     m_form.menus->mnuTickNotes->setText(MenuCaption(*answer));
     m_form.menus->mnuTickNotes->setData(*answer);
-    TickerNotes(m_services.programFolder, ignored, "SET", key, FromQt(*answer), kTickerNotesFile);
+    TickerNotes(m_programFolder, ignored, "SET", key, FromQt(*answer), kTickerNotesFile);
 }
 
 } // namespace tallowmere

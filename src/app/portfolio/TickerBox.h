@@ -1,20 +1,22 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
+
+#include <filesystem>
 
 namespace tallowmere {
 
-class frmMain;
+class LinkDispatch;
 class Portfolios;
+class Prompts;
+class frmMain;
 
 /// The entry box and the ticker list: typing tickers, the list's tooltip and its menu, the notes.
 class TickerBox : public QObject {
     Q_OBJECT
 public:
-    TickerBox(frmMain& form, MainState& state, const Services& services, Portfolios& portfolios);
+    TickerBox(frmMain& form, Prompts& prompts, const std::filesystem::path& programFolder,
+              Portfolios& portfolios, LinkDispatch& dispatch);
 
     /// Adds what stands in the entry box to the list.
     void EnterTickers();
@@ -28,21 +30,16 @@ public:
     /// Asks for the selected ticker's note and stores it.
     void EditNote();
 
-Q_SIGNALS:
-    /// A ticker was double-clicked: the last link is to be opened.
-    void OpenLastLink(int index);
-    /// The pointer moved over the list, or the entry box was used.
-    void EdgesTouched();
-
 private:
     void UpperCase(const QString& text);
     void OpenSelected();
     void PopUpTickerMenu(const QPoint& position);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    Prompts& m_prompts;
+    std::filesystem::path m_programFolder;
     Portfolios& m_portfolios;
+    LinkDispatch& m_dispatch;
 };
 
 } // namespace tallowmere

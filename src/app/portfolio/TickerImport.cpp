@@ -1,5 +1,6 @@
 #include "app/portfolio/TickerImport.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
@@ -46,10 +47,10 @@ QStringList ToQtList(std::span<const std::string> texts) {
 
 } // namespace
 
-TickerImport::TickerImport(frmMain& form, MainState& state, const Services& services,
-                           PaneDeck& panes, Portfolios& portfolios, TransferPool& transfers)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes),
-      m_portfolios(portfolios), m_transfers(transfers) {
+TickerImport::TickerImport(frmMain& form, Prompts& prompts, Portfolios& portfolios, PaneDeck& panes,
+                           TransferPool& transfers)
+    : QObject(&form), m_form(form), m_prompts(prompts), m_portfolios(portfolios), m_panes(panes),
+      m_transfers(transfers) {
     connect(form.menus->mnuImptTick, &QAction::triggered, this, &TickerImport::Open);
 }
 
@@ -58,7 +59,7 @@ void TickerImport::Open() {
         return;
     m_dialog = new frmTicImport(&m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    const QString caption = ToQt(kSendCaption) + QString::number(m_state.currentPortfolio);
+    const QString caption = ToQt(kSendCaption) + QString::number(m_portfolios.Current());
     m_dialog->Command2->setText(caption);
     m_dialog->Command2->setAccessibleName(caption);
     connect(m_dialog->Command1, &QPushButton::clicked, this, &TickerImport::Scan);
@@ -67,7 +68,7 @@ void TickerImport::Open() {
     connect(m_dialog, &QDialog::finished, this, [this] {
         EndScan();
         m_dialog = nullptr; // it deletes itself
-        m_portfolios.SelectPortfolio(m_state.currentPortfolio);
+        m_portfolios.SelectPortfolio(m_portfolios.Current());
     });
     m_dialog->setModal(true);
     m_dialog->show();
@@ -79,7 +80,7 @@ void TickerImport::Scan() {
     m_dialog->List1->Clear();
     const auto sample = SampleOf(*m_dialog->txtFind);
     if (!sample) {
-        m_services.prompts.Message(ToQt(kTickerInFront), MessageTitle());
+        m_prompts.Message(ToQt(kTickerInFront), MessageTitle());
         return;
     }
     m_isScanning = true;
@@ -112,7 +113,7 @@ void TickerImport::Collect(std::string page, const ScanSample& sample) {
     }
     EndScan();
     if (!scan.Found())
-        m_services.prompts.Message(ToQt(kNoneFound), MessageTitle());
+        m_prompts.Message(ToQt(kNoneFound), MessageTitle());
 }
 
 void TickerImport::EndScan() {

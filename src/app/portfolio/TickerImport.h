@@ -1,25 +1,23 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
-class frmTicImport;
 class PaneDeck;
 class Portfolios;
-class TransferPool;
+class Prompts;
 struct ScanSample;
+class TransferPool;
+class frmMain;
+class frmTicImport;
 
 /// The ticker scan: collects the tickers of the page in front and sends them to the portfolio.
 class TickerImport : public QObject {
     Q_OBJECT
 public:
-    TickerImport(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-                 Portfolios& portfolios, TransferPool& transfers);
+    TickerImport(frmMain& form, Prompts& prompts, Portfolios& portfolios, PaneDeck& panes,
+                 TransferPool& transfers);
 
     /// Opens the dialog; there is never more than one.
     void Open();
@@ -35,10 +33,9 @@ private:
     void RemoveEntry();
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
-    PaneDeck& m_panes;
+    Prompts& m_prompts;
     Portfolios& m_portfolios;
+    PaneDeck& m_panes;
     TransferPool& m_transfers;
     frmTicImport* m_dialog = nullptr;
     bool m_isScanning = false;

@@ -31,9 +31,8 @@ public:
                std::chrono::milliseconds patience = std::chrono::seconds(25));
     ~LiveQuotes() override;
 
-    /// The proxy and the access type, as for a transfer control.
-    void SetProxy(const QString& proxy) { m_proxy.proxy = proxy; }
-    void SetAccessType(int type) { m_proxy.accessType = type; }
+    /// The proxy of all requests from now on.
+    void UseProxy(const ProxySetting& setting) { m_proxy = setting; }
 
     /// Answers an address without its scheme: at once when all it needs is at hand, else later.
     void Answer(const std::string& host, const std::string& pathAndQuery,

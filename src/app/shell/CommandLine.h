@@ -1,12 +1,11 @@
 #pragma once
 
+#include "app/base/WebMode.h"
+
 #include <QString>
 #include <QStringList>
 
 namespace tallowmere {
-
-/// Where addresses lead: today's web, the built-in portal with its sample market, or as built.
-enum class WebMode { Live, Sample, Direct };
 
 /// What the command line asks for.
 struct CommandLine {

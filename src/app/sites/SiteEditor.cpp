@@ -1,8 +1,10 @@
 #include "app/sites/SiteEditor.h"
 
+#include "app/base/Clock.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
+#include "app/links/RecordingState.h"
 #include "app/sites/UserSites.h"
 #include "core/sites/site_resolver.h"
 #include "core/text/runtime_error.h"
@@ -28,9 +30,9 @@ QString NoteOf(WebMode mode) {
 
 } // namespace
 
-SiteEditor::SiteEditor(frmMain& form, const MainState& state, const Services& services,
+SiteEditor::SiteEditor(frmMain& form, const Clock& clock, const RecordingState& recording,
                        const Tables& tables, WebMode mode, UserSites& userSites, PaneDeck& panes)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_tables(tables),
+    : QObject(&form), m_form(form), m_clock(clock), m_recording(recording), m_tables(tables),
       m_mode(mode), m_userSites(userSites), m_panes(panes) {
     connect(form.menus->sites, &QAction::triggered, this, &SiteEditor::Show);
 }
@@ -73,7 +75,7 @@ void SiteEditor::ShowNote() {
 void SiteEditor::List() {
     const bool isTyping = m_window->cmdSave->isEnabled();
     m_sites = ListSites(m_tables.sites, m_tables.menus, m_tables.today, m_userSites.Shipped().today,
-                        Ticker(), m_services.clock.Today());
+                        Ticker(), m_clock.Today());
     QTreeWidget& list = *m_window->lstSites;
     for (const ListedSite& site : m_sites) {
         const auto n = static_cast<int>(&site - m_sites.data());
@@ -166,7 +168,7 @@ void SiteEditor::Reset() {
 void SiteEditor::Try() {
     Run(
         [this](const ListedSite& site) {
-            if (m_state.templateMode)
+            if (m_recording.templateMode)
                 throw RuntimeError("A multi-link is being recorded.");
             const std::string address = FromQt(m_window->txtAddress->text().trimmed());
             const std::string flaw = FlawOfToday(address);

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
+#include "app/base/WebMode.h"
 #include "app/forms/frmSites.h"
-#include "app/shell/CommandLine.h"
 #include "core/sites/site_listing.h"
 
 #include <QObject>
@@ -11,16 +9,18 @@
 
 namespace tallowmere {
 
+class Clock;
 class frmMain;
 class PaneDeck;
 class UserSites;
+struct RecordingState;
 struct Tables;
 
 /// The window "Sites": lists where every link leads, tries one, and writes a row of the user's own.
 class SiteEditor : public QObject {
     Q_OBJECT
 public:
-    SiteEditor(frmMain& form, const MainState& state, const Services& services,
+    SiteEditor(frmMain& form, const Clock& clock, const RecordingState& recording,
                const Tables& tables, WebMode mode, UserSites& userSites, PaneDeck& panes);
 
     /// Opens the window, or brings it to the front.
@@ -43,8 +43,8 @@ private:
     void Run(const std::function<void(const ListedSite&)>& command, const QString& done);
 
     frmMain& m_form;
-    const MainState& m_state;
-    Services m_services;
+    const Clock& m_clock;
+    const RecordingState& m_recording;
     const Tables& m_tables;
     WebMode m_mode;
     UserSites& m_userSites;

@@ -2,8 +2,8 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
-#include "app/portfolio/Portfolios.h"
 #include "core/shell/area_colors.h"
+#include "core/shell/settings_store.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -30,16 +30,15 @@ void Paint(QWidget* control, ColorPair colors, QPalette::ColorRole text,
 
 } // namespace
 
-ColorConfig::ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios)
-    : QObject(&form), m_form(form), m_services(services), m_portfolios(portfolios) {
+ColorConfig::ColorConfig(frmMain& form, SettingsStore& settings)
+    : QObject(&form), m_form(form), m_settings(settings) {
     form.installEventFilter(this);
 }
 
 void ColorConfig::Apply() {
-    const AreaColors colors = ReadAreaColors(m_services.settings);
+    const AreaColors colors = ReadAreaColors(m_settings);
     Paint(m_form.txtStock, colors.Of("TE"), QPalette::Text, QPalette::Base);
     Paint(m_form.List1, colors.Of("TL"), QPalette::Text, QPalette::Base);
-    m_portfolios.PaintNumbers();
     Paint(m_form.WebStatus, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
     Paint(m_form.lblStat, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
     m_form.SetBackground(ScreenColor(colors.Of("Back").background, QApplication::palette(&m_form)));
@@ -48,6 +47,7 @@ void ColorConfig::Apply() {
         if (const auto pair = colors.OfLink(link->Index(), tag, FromQt(link->Caption())))
             link->SetColors(*pair);
     }
+    Q_EMIT Applied();
 }
 
 bool ColorConfig::eventFilter(QObject* watched, QEvent* event) {

@@ -1,30 +1,33 @@
 #pragma once
 
-#include "app/base/Services.h"
 #include "core/tools/color_config.h"
 
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
 class Portfolios;
+class SettingsStore;
+class frmMain;
 
 /// Applies the colours of all areas to the controls of the main window.
 class ColorConfig : public QObject {
     Q_OBJECT
 public:
-    ColorConfig(frmMain& form, const Services& services, Portfolios& portfolios);
+    ColorConfig(frmMain& form, SettingsStore& settings);
 
     void Apply();
 
     /// Applies them anew when the desktop changes its own colours.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+Q_SIGNALS:
+    /// The colours are on the controls; those that others paint follow.
+    void Applied();
+
 private:
     frmMain& m_form;
-    Services m_services;
-    Portfolios& m_portfolios;
+    SettingsStore& m_settings;
 };
 
 } // namespace tallowmere

@@ -1,10 +1,12 @@
 #include "app/tools/ColorSettings.h"
 
+#include "app/base/Prompts.h"
 #include "app/forms/Chip.h"
 #include "app/forms/frmColor.h"
 #include "core/shell/area_colors.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
+#include "core/shell/settings_store.h"
 
 #include <QApplication>
 
@@ -21,8 +23,8 @@ const ColorArea* ChosenArea(const frmColor& dialog) {
 
 } // namespace
 
-ColorSettings::ColorSettings(const Services& services, QObject* parent)
-    : QObject(parent), m_services(services) {}
+ColorSettings::ColorSettings(SettingsStore& settings, Prompts& prompts, QObject* parent)
+    : QObject(parent), m_settings(settings), m_prompts(prompts) {}
 
 void ColorSettings::Show(QWidget* owner) {
     frmColor dialog(owner);
@@ -40,7 +42,7 @@ void ColorSettings::ChooseArea(frmColor& dialog) {
         button->setEnabled(area != nullptr);
     if (area == nullptr)
         return;
-    m_sample = ReadAreaColors(m_services.settings).Of(area->code);
+    m_sample = ReadAreaColors(m_settings).Of(area->code);
     dialog.cmdFore[0]->setEnabled(area->hasText);
     dialog.ShowSample(m_sample);
 }
@@ -53,13 +55,13 @@ void ColorSettings::ChangeColor(frmColor& dialog, bool background) {
     const QColor shown =
         background ? ScreenColor(m_sample.background, system) : ScreenText(m_sample, system);
     const auto chosen =
-        m_services.prompts.PickColor(shown, background ? u"Background Color"_s : u"Text Color"_s);
+        m_prompts.PickColor(shown, background ? u"Background Color"_s : u"Text Color"_s);
     if (!chosen)
         return;
     (background ? m_sample.background : m_sample.text) = StoredColor(*chosen);
     dialog.ShowSample(m_sample);
     for (const auto& [key, color] : ColorsToSave(*area, m_sample))
-        m_services.settings.SaveSetting(kColorsSection, key, FromColor(color));
+        m_settings.SaveSetting(kColorsSection, key, FromColor(color));
 }
 
 } // namespace tallowmere

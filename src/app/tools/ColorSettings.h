@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/base/Services.h"
 #include "core/tools/color_config.h"
 
 #include <QObject>
@@ -9,13 +8,15 @@ class QWidget;
 
 namespace tallowmere {
 
+class Prompts;
+class SettingsStore;
 class frmColor;
 
 /// The dialog of the colours: shows the colours of the chosen area and saves each change at once.
 class ColorSettings : public QObject {
     Q_OBJECT
 public:
-    explicit ColorSettings(const Services& services, QObject* parent);
+    ColorSettings(SettingsStore& settings, Prompts& prompts, QObject* parent);
 
     /// Shows the dialog over `owner` and returns when it is closed.
     void Show(QWidget* owner);
@@ -24,7 +25,8 @@ private:
     void ChooseArea(frmColor& dialog);
     void ChangeColor(frmColor& dialog, bool background);
 
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
     ColorPair m_sample{};
 };
 

@@ -1,5 +1,7 @@
 #include "app/tools/DailyReminders.h"
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/forms/frmRemind.h"
@@ -31,13 +33,15 @@ Date FromQt(const QDate& day) {
 
 } // namespace
 
-DailyReminders::DailyReminders(frmMain& form, const Services& services, LinkDispatch& dispatch)
-    : QObject(&form), m_form(form), m_services(services) {
+DailyReminders::DailyReminders(frmMain& form, Prompts& prompts, const Clock& clock,
+                               const std::filesystem::path& programFolder, LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_prompts(prompts), m_clock(clock),
+      m_programFolder(programFolder) {
     connect(&dispatch, &LinkDispatch::RemindersRequested, this, &DailyReminders::Open);
 }
 
 void DailyReminders::CheckReminders() {
-    if (HasReminder(Content(), m_services.clock.Today()))
+    if (HasReminder(Content(), m_clock.Today()))
         Open();
 }
 
@@ -46,7 +50,7 @@ void DailyReminders::Open() {
         return;
     m_dialog = new frmRemind(&m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    const QDate today = m_services.clock.Now().date();
+    const QDate today = m_clock.Now().date();
     m_dialog->MonthView1->setSelectedDate(today);
     ShowDay(today);
     Connect();
@@ -170,7 +174,7 @@ std::string DailyReminders::WithoutShownDay() const {
 // The store says nothing of what it could not write.
 void DailyReminders::Expect(std::string_view content) const {
     if (Content() != content)
-        m_services.prompts.Message(
+        m_prompts.Message(
             u"The reminders could not be saved. The disk may be full, or their file not be "
             "writable."_s,
             MessageTitle());
@@ -179,13 +183,12 @@ void DailyReminders::Expect(std::string_view content) const {
 /// Performs an operation on the record of the shown day.
 std::string DailyReminders::Notes(std::string_view operation, std::string_view text) const {
     std::string result;
-    TickerNotes(m_services.programFolder, result, operation, DayKey(FromQt(m_day)), text,
-                kRemindersFile);
+    TickerNotes(m_programFolder, result, operation, DayKey(FromQt(m_day)), text, kRemindersFile);
     return result;
 }
 
 std::string DailyReminders::Content() const {
-    return ReadWholeFile(PathInFolder(m_services.programFolder, kRemindersFile));
+    return ReadWholeFile(PathInFolder(m_programFolder, kRemindersFile));
 }
 
 } // namespace tallowmere

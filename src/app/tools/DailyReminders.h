@@ -1,24 +1,29 @@
 #pragma once
 
-#include "app/base/Services.h"
+#include "core/text/date.h"
 
 #include <QDate>
 #include <QObject>
+
+#include <filesystem>
 
 #include <optional>
 #include <vector>
 
 namespace tallowmere {
 
+class Clock;
+class LinkDispatch;
+class Prompts;
 class frmMain;
 class frmRemind;
-class LinkDispatch;
 
 /// The daily reminders: the dialog, and the look at the start whether there is one for today.
 class DailyReminders : public QObject {
     Q_OBJECT
 public:
-    DailyReminders(frmMain& form, const Services& services, LinkDispatch& dispatch);
+    DailyReminders(frmMain& form, Prompts& prompts, const Clock& clock,
+                   const std::filesystem::path& programFolder, LinkDispatch& dispatch);
 
     /// Opens the dialog when there is a reminder for today.
     void CheckReminders();
@@ -51,7 +56,9 @@ private:
     void Expect(std::string_view content) const;
 
     frmMain& m_form;
-    Services m_services;
+    Prompts& m_prompts;
+    const Clock& m_clock;
+    std::filesystem::path m_programFolder;
     frmRemind* m_dialog = nullptr;
     QDate m_day; ///< the day whose text is shown
     bool m_isChanged = false;

@@ -1,20 +1,22 @@
 #pragma once
 
-#include "app/base/Services.h"
-
 #include <QObject>
 
 namespace tallowmere {
 
-class frmMain;
+class Clock;
 class PaneDeck;
+class Prompts;
 class SeparateBrowser;
+class SiteTable;
+class frmMain;
 
 /// The user guide, what the program says about itself, and reports to its makers.
 class Help : public QObject {
     Q_OBJECT
 public:
-    Help(frmMain& form, const Services& services, PaneDeck& panes, SeparateBrowser& outside);
+    Help(frmMain& form, const SiteTable& sites, Prompts& prompts, const Clock& clock,
+         PaneDeck& panes, SeparateBrowser& outside);
 
     /// Opens the user guide in `Web`.
     void Open();
@@ -26,7 +28,9 @@ public:
     void Report();
 
 private:
-    Services m_services;
+    const SiteTable& m_sites;
+    Prompts& m_prompts;
+    const Clock& m_clock;
     PaneDeck& m_panes;
     SeparateBrowser& m_outside;
 };

@@ -1,16 +1,17 @@
 #include "app/tools/Setup.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
 #include "app/forms/frmUser.h"
+#include "app/links/Accounts.h"
 #include "app/links/PaneDeck.h"
-#include "app/market/ActiveEdges.h"
-#include "app/market/TickerStrip.h"
 #include "app/tools/ColorSettings.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
+#include "core/shell/settings_store.h"
 #include "core/shell/start_page.h"
 #include "core/text/bytes.h"
 
@@ -18,10 +19,11 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-Setup::Setup(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-             ActiveEdges& edges, TickerStrip& ticker, ColorSettings& colors)
-    : QObject(&form), m_form(form), m_state(state), m_services(services), m_panes(panes),
-      m_edges(edges), m_ticker(ticker), m_colors(colors) {}
+Setup::Setup(frmMain& form, SettingsStore& settings, Prompts& prompts,
+             const std::filesystem::path& programFolder, Accounts& accounts, PaneDeck& panes,
+             ColorSettings& colors)
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+      m_programFolder(programFolder), m_accounts(accounts), m_panes(panes), m_colors(colors) {}
 
 void Setup::Show() {
     m_memberArmed = false;
@@ -40,23 +42,25 @@ void Setup::Show() {
 }
 
 void Setup::Fill(frmUser& dialog) const {
-    const SettingsStore& settings = m_services.settings;
-    dialog.txtMNLogin->setText(m_state.streamLogin);
-    dialog.txtMNPwd->setText(m_state.streamPassword);
-    dialog.txtFire->setText(ToQt(UsableSetting(settings, kSettingsSection, "Firewall")));
-    dialog.chkFire->setChecked(ToInteger(UsableSetting(settings, kSettingsSection, "PROXY")) == 1);
-    dialog.chkToolTips->setChecked(m_state.toolTips);
-    dialog.chkSA->setChecked(m_state.clubMember);
-    dialog.chkTick->setChecked(m_state.tickerShown);
-    dialog.chkActive->setChecked(m_state.activeEdge);
+    const auto isOn = [this](std::string_view key) {
+        return ToBoolean(UsableSetting(m_settings, kSettingsSection, key));
+    };
+    dialog.txtMNLogin->setText(m_accounts.streamLogin);
+    dialog.txtMNPwd->setText(m_accounts.streamPassword);
+    dialog.txtFire->setText(ToQt(UsableSetting(m_settings, kSettingsSection, "Firewall")));
+    dialog.chkFire->setChecked(ToInteger(UsableSetting(m_settings, kSettingsSection, "PROXY")) ==
+                               1);
+    dialog.chkToolTips->setChecked(m_form.ShowsToolTips());
+    dialog.chkSA->setChecked(m_accounts.clubMember);
+    dialog.chkTick->setChecked(isOn("WSCTick"));
+    dialog.chkActive->setChecked(isOn("ActiveEdge"));
 }
 
 void Setup::Connect(frmUser& dialog) {
-    connect(dialog.chkTick, &QCheckBox::toggled, &m_ticker, &TickerStrip::Switch);
-    connect(dialog.chkActive, &QCheckBox::toggled, &m_edges, &ActiveEdges::Switch);
+    connect(dialog.chkTick, &QCheckBox::toggled, this, &Setup::TickerSwitched);
+    connect(dialog.chkActive, &QCheckBox::toggled, this, &Setup::EdgesSwitched);
     connect(dialog.chkToolTips, &QCheckBox::toggled, this, [this](bool on) {
-        m_services.settings.SaveSetting(kSettingsSection, "Tips", FromBoolean(on));
-        m_state.toolTips = on;
+        m_settings.SaveSetting(kSettingsSection, "Tips", FromBoolean(on));
         m_form.SetToolTips(on);
     });
     connect(&dialog, &frmUser::HelpRightReleased, this, [&] { ToggleMember(dialog); });
@@ -76,7 +80,7 @@ void Setup::ToggleMember(frmUser& dialog) {
         return;
     const bool shown = dialog.chkSA->isHidden();
     dialog.chkSA->setVisible(shown);
-    m_services.prompts.Message(
+    m_prompts.Message(
         shown ? u"SA mode set to ON.. Double right click the Help Button to turn it OFF."_s
               : u"SA mode set to OFF.. Double right click the Help Button to turn it ON."_s,
         MessageTitle());
@@ -84,25 +88,25 @@ void Setup::ToggleMember(frmUser& dialog) {
 
 void Setup::PurgeNotes() {
     std::string ignored;
-    TickerNotes(m_services.programFolder, ignored, "KILL", "", "", kTickerNotesFile);
+    TickerNotes(m_programFolder, ignored, "KILL", "", "", kTickerNotesFile);
 }
 
 void Setup::SaveStartPage() {
     const BrowserPane* pane = m_panes.Front();
     const StartPage page{pane == m_form.WebB, FromQt(pane->LocationURL())};
-    m_services.settings.SaveSetting(kSettingsSection, "DefaultWeb", StartPageValue(page));
+    m_settings.SaveSetting(kSettingsSection, "DefaultWeb", StartPageValue(page));
 }
 
 void Setup::Save(const frmUser& dialog) {
-    m_state.clubMember = dialog.chkSA->isChecked();
-    m_state.streamLogin = dialog.txtMNLogin->text();
-    m_state.streamPassword = dialog.txtMNPwd->text();
-    m_services.settings.SaveSettings(
-        kSettingsSection, {{"SAVersion", FromBoolean(m_state.clubMember)},
-                           {"MNL", FromQt(m_state.streamLogin)},
-                           {"MNP", FromQt(m_state.streamPassword)},
-                           {"Firewall", std::string(Trim(FromQt(dialog.txtFire->text())))},
-                           {"PROXY", dialog.chkFire->isChecked() ? "1" : "0"}});
+    m_accounts.clubMember = dialog.chkSA->isChecked();
+    m_accounts.streamLogin = dialog.txtMNLogin->text();
+    m_accounts.streamPassword = dialog.txtMNPwd->text();
+    m_settings.SaveSettings(kSettingsSection,
+                            {{"SAVersion", FromBoolean(m_accounts.clubMember)},
+                             {"MNL", FromQt(m_accounts.streamLogin)},
+                             {"MNP", FromQt(m_accounts.streamPassword)},
+                             {"Firewall", std::string(Trim(FromQt(dialog.txtFire->text())))},
+                             {"PROXY", dialog.chkFire->isChecked() ? "1" : "0"}});
 }
 
 } // namespace tallowmere

@@ -1,26 +1,27 @@
 #pragma once
 
-#include "app/base/MainState.h"
-#include "app/base/Services.h"
-
 #include <QObject>
+
+#include <filesystem>
 
 namespace tallowmere {
 
-class ActiveEdges;
+struct Accounts;
 class ColorSettings;
+class PaneDeck;
+class Prompts;
+class SettingsStore;
 class frmMain;
 class frmUser;
-class PaneDeck;
-class TickerStrip;
 
 /// The setup dialog: its check boxes work and are saved at once, its texts when it closes, and
 /// what leads out of it follows then.
 class Setup : public QObject {
     Q_OBJECT
 public:
-    Setup(frmMain& form, MainState& state, const Services& services, PaneDeck& panes,
-          ActiveEdges& edges, TickerStrip& ticker, ColorSettings& colors);
+    Setup(frmMain& form, SettingsStore& settings, Prompts& prompts,
+          const std::filesystem::path& programFolder, Accounts& accounts, PaneDeck& panes,
+          ColorSettings& colors);
 
     /// Shows the dialog and returns when it is closed and what was asked for is under way.
     void Show();
@@ -28,6 +29,9 @@ public:
 Q_SIGNALS:
     /// The dialog is closed: the colours may have changed.
     void Closed();
+    /// A check box was switched.
+    void TickerSwitched(bool on);
+    void EdgesSwitched(bool on);
     void HelpRequested();
     void ReportRequested();
 
@@ -40,11 +44,11 @@ private:
     void Save(const frmUser& dialog);
 
     frmMain& m_form;
-    MainState& m_state;
-    Services m_services;
+    SettingsStore& m_settings;
+    Prompts& m_prompts;
+    std::filesystem::path m_programFolder;
+    Accounts& m_accounts;
     PaneDeck& m_panes;
-    ActiveEdges& m_edges;
-    TickerStrip& m_ticker;
     ColorSettings& m_colors;
     bool m_memberArmed = false;
     bool m_helpRequested = false;

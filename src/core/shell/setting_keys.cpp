@@ -131,4 +131,12 @@ std::vector<SettingProblem> CheckSettings(const SettingsStore& store) {
     return problems;
 }
 
+std::string DamagedSettingsText(const SettingsStore& store) {
+    std::string lines;
+    for (const SettingProblem& problem : CheckSettings(store))
+        lines += "\n" + problem.key + " = " + problem.value + " (" + problem.problem + ")";
+    return lines.empty() ? lines
+                         : "These settings hold no usable value; their defaults are used:" + lines;
+}
+
 } // namespace tallowmere

@@ -84,4 +84,7 @@ struct SettingProblem {
 /// Every value of the store that cannot be read; for the one report at the start.
 std::vector<SettingProblem> CheckSettings(const SettingsStore& store);
 
+/// That report in words, a line for every such value; empty when all can be read.
+std::string DamagedSettingsText(const SettingsStore& store);
+
 } // namespace tallowmere

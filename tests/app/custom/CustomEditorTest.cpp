@@ -26,8 +26,7 @@ private:
 
     /// Opens the editor for a slot that is in use, as the menu does.
     static frmCustom& Open(TestSession& session, int slot) {
-        session->State().currentCustomSlot = slot;
-        session->Editor().Open();
+        session->Editor().Open(slot);
         return *session->Editor().Editor();
     }
 
@@ -312,7 +311,7 @@ private Q_SLOTS:
             u"Custom Link: Enter a title before using the Multi-Link feature."_s;
         QCOMPARE(session.prompts.messages, (QStringList{refusal, refusal}));
         QVERIFY(editor.isVisible());
-        QVERIFY(!session->State().multiLinkPending);
+        QVERIFY(!session->Recorded().multiLinkPending);
     }
 
     void AMultiLinkUnderATakenTitleIsRefused() {
@@ -362,9 +361,9 @@ private Q_SLOTS:
         QCOMPARE(session.Stored("CustomF101"), u"65793"_s);
         QCOMPARE(session.Stored("CustomB101"), u"12640511"_s);
         QCOMPARE(session.Link(101)->Caption(), u"Three"_s);
-        QVERIFY(session->State().multiLinkPending);
-        QCOMPARE(session->State().multiLinkSlot, 101);
-        QVERIFY(session->State().templateMode);
+        QVERIFY(session->Recorded().multiLinkPending);
+        QCOMPARE(session->Recorded().multiLinkSlot, 101);
+        QVERIFY(session->Recorded().templateMode);
         // The file that the title was tried with is gone.
         QVERIFY(!std::filesystem::exists(session.Folder() / "Three.mlnk"));
     }

@@ -1,5 +1,8 @@
+#include "app/custom/CustomMenu.h"
 #include "app/custom/CustomEditor.h"
 #include "app/engine/BrowserPane.h"
+#include "app/links/PaneDeck.h"
+#include "app/market/ActiveEdges.h"
 #include "core/text/files.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -73,10 +76,10 @@ private Q_SLOTS:
         session.Start();
         QTest::mouseClick(session.Link(101), Qt::RightButton);
         QVERIFY(Menu(session).isVisible());
-        QCOMPARE(session->State().currentCustomSlot, 101);
-        QVERIFY(session->State().edgesHeld);
+        QCOMPARE(session->SlotMenu().Slot(), 101);
+        QVERIFY(session->Edges().IsHeld());
         QTest::keyClick(&Menu(session), Qt::Key_Escape);
-        QVERIFY(!session->State().edgesHeld);
+        QVERIFY(!session->Edges().IsHeld());
     }
 
     void OpenLoadsTheLinksPage() {
@@ -98,7 +101,7 @@ private Q_SLOTS:
                          });
         Choose(session, 103, 2);
         QCOMPARE(inPane, u"http://h.example/103 cancelled"_s);
-        QVERIFY(!session->State().rightPressed);
+        QVERIFY(!session->Panes().OpensNextOutside());
     }
 
     void PropertiesOpensTheEditor() {
@@ -110,7 +113,7 @@ private Q_SLOTS:
         QVERIFY(editor);
         QCOMPARE(editor->txtTitle->text(), u"Abc"_s);
         QTest::mouseClick(editor->Command3, Qt::LeftButton);
-        QVERIFY(!session->State().templateMode);
+        QVERIFY(!session->Recorded().templateMode);
     }
 
     void PropertiesStartsTheRecordingThatTheEditorPrepared() {
@@ -119,8 +122,8 @@ private Q_SLOTS:
         session.Start();
         Choose(session, 104, 3);
         QTest::mouseClick(session->Editor().Editor()->cmdMulti, Qt::LeftButton);
-        QVERIFY(session->State().templateMode);
-        QCOMPARE(session->State().multiLinkSlot, 104);
+        QVERIFY(session->Recorded().templateMode);
+        QCOMPARE(session->Recorded().multiLinkSlot, 104);
         QCOMPARE(session.Stored("Custom104"), u"MULTILINK:Abc.mlnk"_s);
     }
 
@@ -178,7 +181,7 @@ private Q_SLOTS:
         QTest::mouseClick(session.Link(120), Qt::RightButton);
         QVERIFY(!Menu(session).isVisible());
         QVERIFY(session->Editor().Editor());
-        QCOMPARE(session->State().currentCustomSlot, 120);
+        QCOMPARE(session->Editor().Slot(), 120);
     }
 
     void ALinkDroppedOnAnUnusedSlotMovesWithoutAQuestion() {
@@ -221,13 +224,13 @@ private Q_SLOTS:
         session.Start();
         Chip* link = session.Link(101);
         QTest::mousePress(link, Qt::LeftButton);
-        QVERIFY(session->State().edgesHeld);
+        QVERIFY(session->Edges().IsHeld());
         const QPointF away = link->rect().center() + QPoint(200, 0);
         QMouseEvent move(QEvent::MouseMove, away, link->mapToGlobal(away), Qt::NoButton,
                          Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(link, &move);
         QVERIFY(!link->findChild<QDrag*>());
-        QVERIFY(session->State().edgesHeld);
+        QVERIFY(session->Edges().IsHeld());
         QTest::mouseRelease(link, Qt::LeftButton, {}, away.toPoint());
     }
 

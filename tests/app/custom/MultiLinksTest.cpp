@@ -145,7 +145,7 @@ private Q_SLOTS:
                  kHead + Frame("h.example/q?s=msft&d=2b") + Frame("h.example/p/m/msft.html") +
                      Frame("http://h.example/a b%02?s=MSFT&x=%26q%3d ") + kTail);
         QVERIFY(ShowsDisplayPage(session));
-        QVERIFY(!session->State().templateMode);
+        QVERIFY(!session->Recorded().templateMode);
     }
 
     void WhatIsRecordedWithoutATickerKeepsItsPlaceholders() {
@@ -186,9 +186,9 @@ private Q_SLOTS:
         WriteWholeFile(session.Folder() / "multiweb.html", "old");
         const QString before = FirstPage(session);
         session.ClickLink(kRecord);
-        QVERIFY(session->State().templateMode);
+        QVERIFY(session->Recorded().templateMode);
         session.ClickLink(kRecord);
-        QVERIFY(!session->State().templateMode);
+        QVERIFY(!session->Recorded().templateMode);
         QCOMPARE(File(session, "multiweb.html"), "old");
         QCOMPARE(session.Form().Web->LocationURL(), before);
     }
@@ -208,7 +208,7 @@ private Q_SLOTS:
                      kTail + "\r\n");
         QVERIFY(!Exists(session, "multiweb.html"));
         QCOMPARE(session.Form().Web->LocationURL(), before);
-        QVERIFY(!session->State().multiLinkPending);
+        QVERIFY(!session->Recorded().multiLinkPending);
         QCOMPARE(session.Stored("Custom110"), u"MULTILINK:Two.mlnk"_s);
     }
 
@@ -241,8 +241,8 @@ private Q_SLOTS:
         session.ClickLink(kRecord);
         QCOMPARE(session.prompts.messages.size(), 1);
         QVERIFY(!std::filesystem::exists(session.Folder().parent_path() / "After.mlnk"));
-        QVERIFY(!session->State().templateMode);
-        QVERIFY(!session->State().multiLinkPending);
+        QVERIFY(!session->Recorded().templateMode);
+        QVERIFY(!session->Recorded().multiLinkPending);
     }
 
     void TheLinkBlinksWhileARecordingIsOn() {
@@ -335,8 +335,8 @@ private Q_SLOTS:
         QVERIFY(session.prompts.messages[0].contains(u"Big.mlnk"_s));
         QVERIFY(!Exists(session, "Big.mlnk"));
         QVERIFY(!Exists(session, "Big.mlnk.tmp"));
-        QVERIFY(!session->State().templateMode);
-        QVERIFY(!session->State().multiLinkPending);
+        QVERIFY(!session->Recorded().templateMode);
+        QVERIFY(!session->Recorded().multiLinkPending);
         QCOMPARE(session.Stored("Custom110"), u"MULTILINK:Big.mlnk"_s);
     }
 

@@ -1,4 +1,5 @@
 #include "app/links/LinkDispatch.h"
+#include "app/custom/CustomEditor.h"
 #include "app/engine/BrowserPane.h"
 #include "core/links/address.h"
 #include "core/sites/site_table.h"
@@ -202,8 +203,8 @@ private Q_SLOTS:
         QCOMPARE(window.prompts.messages.size(), 1);
         QVERIFY(window.prompts.messages[0].contains(u"'Setup--Help'"_s));
         QCOMPARE(window.navigations->size(), 1);
-        window->State().streamLogin = u"me"_s;
-        window->State().streamPassword = u"secret"_s;
+        window->UserAccounts().streamLogin = u"me"_s;
+        window->UserAccounts().streamPassword = u"secret"_s;
         window.ClickLink(187);
         QCOMPARE(window.navigations->last(),
                  u"Web: h.example/moneynet/cgi-bin/applet.cgi?CUSTID=me&PASSWORD=secret"_s);
@@ -248,13 +249,13 @@ private Q_SLOTS:
 
     void WhileRecordingLinksYieldTheirPlaceholders() {
         Window window;
-        window->State().templateMode = true;
+        window->Recorded().templateMode = true;
         window.Form().List1->SetListIndex(-1);
         window.ClickLink(3);
         QVERIFY(window.navigations->isEmpty());
-        QVERIFY2(window->State().multiLinkPage.contains(
+        QVERIFY2(window->Recorded().multiLinkPage.contains(
                      u"SRC=\"h.example/q?s=LCASETICK&d=2b\"></IFRAME>\r\n"_s),
-                 qPrintable(window->State().multiLinkPage));
+                 qPrintable(window->Recorded().multiLinkPage));
     }
 
     void AnUnusedSlotOpensTheEditor() {
@@ -266,7 +267,7 @@ private Q_SLOTS:
         });
         window->Dispatch().Click(105);
         QCOMPARE(editors.size(), 1);
-        QCOMPARE(window->State().currentCustomSlot, 105);
+        QCOMPARE(window->Editor().Slot(), 105);
     }
 
     void ACustomLinkIsExpandedOrLoadedAsItStands() {

@@ -1,5 +1,6 @@
 #include "app/links/LinkPanel.h"
 #include "app/engine/BrowserPane.h"
+#include "app/links/PaneDeck.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -74,7 +75,7 @@ private Q_SLOTS:
         QTest::mouseClick(window.Link(3), Qt::RightButton);
         QVERIFY(loaded.isEmpty());
         QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/q?s=msft&d=2b\n"));
-        QVERIFY(!window->State().rightPressed);
+        QVERIFY(!window->Panes().OpensNextOutside());
         window.ClickLink(15);
         QCOMPARE(loaded.size(), 1);
     }
@@ -104,7 +105,7 @@ private Q_SLOTS:
         Window window;
         for (const int tool : {0, 19, 20, 43, 100, 66, 92, 45}) {
             QTest::mousePress(window.Link(tool), Qt::RightButton);
-            QVERIFY2(!window->State().rightPressed, qPrintable(QString::number(tool)));
+            QVERIFY2(!window->Panes().OpensNextOutside(), qPrintable(QString::number(tool)));
             QTest::mouseRelease(window.Link(tool), Qt::RightButton);
         }
     }
@@ -112,9 +113,9 @@ private Q_SLOTS:
     void TheNextLeftPressClearsTheRightPress() {
         Window window;
         QTest::mousePress(window.Link(3), Qt::RightButton);
-        QVERIFY(window->State().rightPressed);
+        QVERIFY(window->Panes().OpensNextOutside());
         QTest::mousePress(window.Link(3), Qt::LeftButton);
-        QVERIFY(!window->State().rightPressed);
+        QVERIFY(!window->Panes().OpensNextOutside());
     }
 
     void ADropOnAnUnusedSlotMovesTheLinkWithoutAQuestion() {
@@ -149,12 +150,12 @@ private Q_SLOTS:
     void SendAllJoinsTheTickersOfTheList() {
         Window window;
         window.Form().List1->SetItems({u"MSFT"_s, u"IBM"_s});
-        window->SendAll(u"lycos"_s);
+        window->Panel().SendAll(u"lycos"_s);
         QVERIFY(window.navigations->last().endsWith(u"company=MSFT%20IBM&x=58&y=9"_s));
-        window->SendAll(u"MSN"_s);
+        window->Panel().SendAll(u"MSN"_s);
         QCOMPARE(window.navigations->last(),
                  u"Web: h.example/investor/charts/charting.asp?Symbol=MSFT+IBM"_s);
-        window->SendAll(u"stats"_s);
+        window->Panel().SendAll(u"stats"_s);
         QCOMPARE(window.navigations->last(),
                  u"Web: h.example/investments/stats/?symbol=MSFT%20IBM"_s);
     }

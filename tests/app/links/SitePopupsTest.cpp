@@ -1,6 +1,8 @@
 #include "app/links/SitePopups.h"
 #include "app/engine/BrowserPane.h"
+#include "app/links/PaneDeck.h"
 #include "app/links/SearchMenu.h"
+#include "app/market/ActiveEdges.h"
 #include "core/links/site_menus.h"
 #include "core/sites/site_table.h"
 #include "core/text/files.h"
@@ -86,10 +88,10 @@ private Q_SLOTS:
                 QVERIFY(menu->isVisible());
                 // The first item is in use already, and no submenu covers the menu.
                 QCOMPARE(Current(menu), Captions(menu).first());
-                QVERIFY(window->State().edgesHeld);
+                QVERIFY(window->Edges().IsHeld());
                 QTest::keyClick(menu, Qt::Key_Escape);
                 QVERIFY(!menu->isVisible());
-                QVERIFY(!window->State().edgesHeld);
+                QVERIFY(!window->Edges().IsHeld());
             }
             ++opened;
         }
@@ -184,11 +186,12 @@ private Q_SLOTS:
         QFETCH(int, selected);
         Window window;
         window.Form().List1->SetListIndex(selected);
-        window->State().templateMode = true;
+        window->Recorded().templateMode = true;
         window->Popups().Choose(u"mnuHisto"_s, 5);
         QVERIFY(window.prompts.messages.isEmpty());
-        QVERIFY(window->State().multiLinkPage.contains(u"Symbol=LCASETICK+++++&Period=360++++"_s));
-        window->State().templateMode = false;
+        QVERIFY(
+            window->Recorded().multiLinkPage.contains(u"Symbol=LCASETICK+++++&Period=360++++"_s));
+        window->Recorded().templateMode = false;
     }
 
     void ASeparatorDoesNothing() {
@@ -259,9 +262,9 @@ private Q_SLOTS:
         QTest::keyClick(mega, Qt::Key_Right);
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Left);
         QCOMPARE(QApplication::activePopupWidget(), mega);
-        QVERIFY(window->State().edgesHeld);
+        QVERIFY(window->Edges().IsHeld());
         QTest::keyClick(mega, Qt::Key_Escape);
-        QVERIFY(!window->State().edgesHeld);
+        QVERIFY(!window->Edges().IsHeld());
     }
 
     void AChoiceAfterARightPressOpensInASeparateBrowser() {
@@ -279,9 +282,9 @@ private Q_SLOTS:
         QTest::mouseClick(window.Link(kBigLink), Qt::RightButton);
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         QVERIFY(menu);
-        QVERIFY(window->State().rightPressed);
+        QVERIFY(window->Panes().OpensNextOutside());
         QTest::keyClick(menu, Qt::Key_Return);
-        QVERIFY(!window->State().rightPressed);
+        QVERIFY(!window->Panes().OpensNextOutside());
         const std::filesystem::path opened = window.Folder() / "opened.txt";
         QTRY_COMPARE(ToQt(ReadExistingFile(opened)),
                      u"http://h.example/quickchart/quickchart.asp?sid=&o_symb=msft&symb=msft&"
@@ -292,9 +295,9 @@ private Q_SLOTS:
     void ARightPressWhoseMenuIsLeftIsForgotten() {
         Window window;
         QTest::mouseClick(window.Link(kBigLink), Qt::RightButton);
-        QVERIFY(window->State().rightPressed);
+        QVERIFY(window->Panes().OpensNextOutside());
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-        QTRY_VERIFY(!window->State().rightPressed);
+        QTRY_VERIFY(!window->Panes().OpensNextOutside());
     }
 };
 

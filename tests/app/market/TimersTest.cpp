@@ -259,11 +259,11 @@ private Q_SLOTS:
     void WhileThePanelsAreHeldTheyStayAndTheTimerRuns() {
         Edges window(true);
         window.Move(0);
-        window->State().edgesHeld = true;
+        window->Edges().Hold(true);
         window.Expire();
         QVERIFY(window.LeftShown());
         QVERIFY(window.TimAE().isActive());
-        window->State().edgesHeld = false;
+        window->Edges().Hold(false);
         window.Expire();
         QVERIFY(!window.LeftShown());
     }
@@ -306,7 +306,8 @@ private Q_SLOTS:
     void WithTheSwitchOffTheTimerOnlyStops() {
         Edges window(true);
         window.Move(0);
-        window->State().activeEdge = false;
+        window->Edges().Switch(false);
+        window.TimAE().start();
         window.Expire();
         QVERIFY(window.LeftShown());
         QVERIFY(!window.TimAE().isActive());

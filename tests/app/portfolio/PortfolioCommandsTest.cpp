@@ -1,3 +1,4 @@
+#include "app/portfolio/Portfolios.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -214,7 +215,7 @@ private Q_SLOTS:
             options->close();
         }
         // The right button selects nothing.
-        QCOMPARE(session->State().currentPortfolio, 1);
+        QCOMPARE(session->Ports().Current(), 1);
     }
 };
 

@@ -1,4 +1,7 @@
 #include "app/engine/BrowserPane.h"
+#include "app/market/ActiveEdges.h"
+#include "app/portfolio/Portfolios.h"
+#include "app/portfolio/QuotePage.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -26,7 +29,7 @@ private:
         }
         QMenu* Menu(const char* name) { return Form().findChild<QMenu*>(Latin(name)); }
         QAction* Item(const char* name) { return Form().findChild<QAction*>(Latin(name)); }
-        const PortfolioView& View() { return (*this)->State().portfolioView; }
+        const PortfolioView& View() { return (*this)->Quotes().View(); }
 
         static QString Latin(const char* name) { return QString::fromLatin1(name); }
     };
@@ -61,10 +64,10 @@ private Q_SLOTS:
         session.ClickLink(27);
         QMenu* menu = session.Menu("mnuPort");
         QVERIFY(menu->isVisible());
-        QVERIFY(session->State().edgesHeld);
+        QVERIFY(session->Edges().IsHeld());
         QTest::keyClick(menu, Qt::Key_Escape);
         QVERIFY(!menu->isVisible());
-        QVERIFY(!session->State().edgesHeld);
+        QVERIFY(!session->Edges().IsHeld());
         QCOMPARE(session.opened, QStringList());
     }
 
@@ -166,7 +169,7 @@ private Q_SLOTS:
         session.opened.clear();
         QTest::mouseClick(session.Form().lblListNum[3], Qt::LeftButton);
         QTest::mouseDClick(session.Form().lblListNum[3], Qt::LeftButton);
-        QCOMPARE(session->State().currentPortfolio, 3);
+        QCOMPARE(session->Ports().Current(), 3);
         QCOMPARE(session.opened, QStringList{u"h.example/click?bfpage=news&symbol=IBM"_s});
     }
 

@@ -1,3 +1,4 @@
+#include "app/portfolio/QuotePage.h"
 #include "app/engine/BrowserPane.h"
 #include "core/text/files.h"
 #include "support/FullDisk.h"
@@ -81,7 +82,7 @@ private Q_SLOTS:
                      Cell() + "</td></tr><tr height=15><tr></table></body>");
         QCOMPARE(session.opened, QStringList{PathToQt(session.Page())});
         QCOMPARE(session.Status(), u"Portfolio Query (Condensed View)"_s);
-        QCOMPARE(session->State().portfolioView.pendingView, "Skip");
+        QCOMPARE(session->Quotes().View().pendingView, "Skip");
     }
 
     void SevenTickersMakeRowsOfThreeThreeAndOne() {
@@ -97,12 +98,12 @@ private Q_SLOTS:
 
     void AnEmptyPortfolioAsksNothingAndWritesNothing() {
         Quotes session("");
-        session->State().portfolioView.pendingView = "1b";
+        session->Quotes().View().pendingView = "1b";
         session.ShowCondensed();
         QCOMPARE(session.Queries(), 0);
         QVERIFY(!std::filesystem::exists(session.Page()));
         QCOMPARE(session.opened, QStringList());
-        QCOMPARE(session->State().portfolioView.pendingView, "Skip");
+        QCOMPARE(session->Quotes().View().pendingView, "Skip");
     }
 
     void AnUnusableAnswerEndsQuietlyAndThePageBeforeStays_data() {
@@ -182,7 +183,7 @@ private Q_SLOTS:
         QVERIFY(std::filesystem::is_directory(session.Page()));
         QCOMPARE(session.opened, QStringList());
         QCOMPARE(session.prompts.messages, QStringList());
-        QCOMPARE(session->State().portfolioView.pendingView, "Skip");
+        QCOMPARE(session->Quotes().View().pendingView, "Skip");
     }
 
     void OnAFullDiskThePageBeforeStays() {

@@ -101,7 +101,7 @@ private Q_SLOTS:
 
     void WithToolTipsOffTheToolTipStays() {
         Window window("MSFT|");
-        window->State().toolTips = false;
+        window->Form().SetToolTips(false);
         window.Form().List1->setToolTip(u"as it was"_s);
         QListView* list = window.Form().List1;
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},

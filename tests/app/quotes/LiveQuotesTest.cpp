@@ -211,8 +211,7 @@ private Q_SLOTS:
     void TheNamedProxyIsUsed() {
         Portal portal;
         LoopbackServer proxy;
-        portal.Quotes().SetProxy(proxy.Address({}));
-        portal.Quotes().SetAccessType(ProxySetting::kNamedProxy);
+        portal.Quotes().UseProxy({proxy.Address({}), ProxySetting::kNamedProxy});
         portal.Ask("/q?s=^nya+^spc");
         QVERIFY(portal.HasAnswered(1));
         QVERIFY(proxy.Requests().first().startsWith(u"GET http://127.0.0.1:"_s));

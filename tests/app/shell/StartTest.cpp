@@ -1,6 +1,9 @@
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
+#include "app/market/ActiveEdges.h"
 #include "app/market/IndexStrip.h"
+#include "app/market/TickerStrip.h"
+#include "app/portfolio/Portfolios.h"
 #include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -25,13 +28,13 @@ private Q_SLOTS:
                      u"Portfolio #"_s + QString::number(n));
         for (int slot = 101; slot <= 170; ++slot)
             QCOMPARE(session.Link(slot)->Caption(), u"< Custom >"_s);
-        QCOMPARE(session->State().currentPortfolio, 1);
+        QCOMPARE(session->Ports().Current(), 1);
         QVERIFY(form.menus->mnuPortOpt[3]->isChecked());
         QVERIFY(!form.lblPort->isHidden());
-        QVERIFY(session->State().toolTips);
-        QVERIFY(!session->State().activeEdge);
-        QVERIFY(!session->State().tickerShown);
-        QVERIFY(!session->State().clubMember);
+        QVERIFY(session->Form().ShowsToolTips());
+        QVERIFY(!session->Edges().IsActive());
+        QVERIFY(!session->Ticker().IsShown());
+        QVERIFY(!session->UserAccounts().clubMember);
         QVERIFY(form.fraTick->isHidden());
         QTRY_COMPARE(form.Web->LocationURL(), IndexPage());
         QVERIFY(session->Strip().Timer1.isActive());
@@ -129,8 +132,8 @@ private Q_SLOTS:
         for (const QString& key :
              {u"TickerList"_s, u"PROXY"_s, u"Tips"_s, u"CustomF101"_s, u"Width"_s, u"bTE"_s})
             QVERIFY2(session.prompts.messages[0].contains(key), qPrintable(key));
-        QCOMPARE(session->State().currentPortfolio, 1);
-        QVERIFY(session->State().toolTips);
+        QCOMPARE(session->Ports().Current(), 1);
+        QVERIFY(session->Form().ShowsToolTips());
         QVERIFY(session.Form().isVisible());
     }
 

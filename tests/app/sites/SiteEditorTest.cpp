@@ -165,10 +165,10 @@ private Q_SLOTS:
     void WhileAMultiLinkIsRecordedNothingIsTried() {
         Bench bench;
         const Navigations navigations(bench.session.Form());
-        bench.session->State().templateMode = true;
+        bench.session->Recorded().templateMode = true;
         QTest::mouseClick(bench.Window().cmdTry, Qt::LeftButton);
         QVERIFY(navigations.isEmpty());
-        QVERIFY(bench.session->State().multiLinkPage.isEmpty());
+        QVERIFY(bench.session->Recorded().multiLinkPage.isEmpty());
         QVERIFY(!bench.Window().lblMessage->text().isEmpty());
     }
 

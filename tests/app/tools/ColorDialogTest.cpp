@@ -5,7 +5,6 @@
 #include "app/portfolio/Portfolios.h"
 #include "app/tools/ColorSettings.h"
 #include "core/shell/conversion.h"
-#include "core/sites/site_table.h"
 #include "core/tools/color_values.h"
 #include "support/ModalDialog.h"
 #include "support/Navigations.h"
@@ -27,13 +26,10 @@ private:
         Window() {
             Store("First", "OK");
             Start();
-            services.emplace(Services{(**this).Settings(), sites, prompts, clock, Folder()});
         }
-        SiteTable sites = SiteTable::Parse("", "sites.toml");
-        std::optional<Services> services;
 
         void Use(const std::function<void(frmColor&)>& use) {
-            ColorSettings dialogs(*services, nullptr);
+            ColorSettings dialogs((**this).Settings(), prompts, nullptr);
             WithDialog<frmColor>([&] { dialogs.Show(&Form()); }, use);
         }
         QString Color(const char* key) { return ToQt(Settings().GetSetting("Colors", key, "-")); }

@@ -2,6 +2,7 @@
 #include "app/forms/frmColor.h"
 #include "app/forms/frmUser.h"
 #include "app/links/LinkDispatch.h"
+#include "app/market/TickerStrip.h"
 #include "core/text/files.h"
 #include "support/ModalDialog.h"
 #include "support/Navigations.h"
@@ -130,7 +131,7 @@ private Q_SLOTS:
         Window window;
         window.Open();
         window.Use([](frmUser& dialog) { dialog.txtMNLogin->setText(u"me"_s); });
-        QCOMPARE(window->State().streamLogin, u"me"_s);
+        QCOMPARE(window->UserAccounts().streamLogin, u"me"_s);
     }
 
     void TickerShowsTheStripAtOnce() {
@@ -161,7 +162,7 @@ private Q_SLOTS:
         });
         window.RestartSession();
         QVERIFY(window.Form().fraTick->isHidden());
-        QVERIFY(!window->State().tickerShown);
+        QVERIFY(!window->Ticker().IsShown());
     }
 
     void ToolTipsAreSwitchedAtOnce() {
@@ -172,7 +173,7 @@ private Q_SLOTS:
             dialog.chkToolTips->click();
             QVERIFY(window.Link(3)->toolTip().isEmpty());
             QCOMPARE(window.Stored("Tips"), u"False"_s);
-            QVERIFY(!window->State().toolTips);
+            QVERIFY(!window->Form().ShowsToolTips());
         });
     }
 

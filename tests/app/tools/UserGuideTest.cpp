@@ -1,8 +1,8 @@
+#include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/BrowserPane.h"
 #include "app/engine/EngineProfile.h"
 #include "app/engine/PanePage.h"
-#include "app/engine/PortalScheme.h"
 #include "support/Await.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
@@ -92,8 +92,8 @@ private Q_SLOTS:
 
     void ItIsShownWithAllItsPictures() {
         Guide guide(ShippedGuide());
-        QVERIFY(guide.Show(PortalScheme::HelpAddress()));
-        QCOMPARE(guide.pane.LocationURL(), PortalScheme::HelpAddress());
+        QVERIFY(guide.Show(PortalAddress::Help()));
+        QCOMPARE(guide.pane.LocationURL(), PortalAddress::Help());
         QTRY_COMPARE(guide.Page()->title(), u"Tallowmere: user guide"_s);
         QTRY_COMPARE(guide.Script(u"[...document.images].filter(i => !i.complete).length"_s), 0);
         QVERIFY(guide.Script(u"document.images.length"_s).toInt() >= 10);
@@ -106,7 +106,7 @@ private Q_SLOTS:
 
     void EveryEntryOfItsContentsLeadsSomewhere() {
         Guide guide(ShippedGuide());
-        QVERIFY(guide.Show(PortalScheme::HelpAddress()));
+        QVERIFY(guide.Show(PortalAddress::Help()));
         QVERIFY(guide.Script(u"document.querySelectorAll('nav a').length"_s).toInt() >= 20);
         QCOMPARE(
             guide.Script(u"[...document.querySelectorAll('a')].map(a => a.getAttribute('href'))"
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QFETCH(const QString, wanted);
         Guide& guide = OneGuide(ShippedGuide());
         if (guide.pane.LocationURL().isEmpty())
-            QVERIFY(guide.Show(PortalScheme::HelpAddress()));
+            QVERIFY(guide.Show(PortalAddress::Help()));
         QSignalSpy found(guide.Page(), &QWebEnginePage::findTextFinished);
         guide.pane.Find();
         auto* box = guide.pane.findChild<QLineEdit*>();
@@ -157,7 +157,7 @@ private Q_SLOTS:
     void NoAddressLeadsOutOfItsFolder() {
         QFETCH(const QString, path);
         Guide& guide = OneGuide(FolderWithSecrets());
-        QVERIFY(guide.Show(PortalScheme::HelpAddress()));
+        QVERIFY(guide.Show(PortalAddress::Help()));
         QTRY_COMPARE(guide.Page()->title(), u"guide"_s);
         guide.Show(u"portal://help/"_s + path);
         QVERIFY(!guide.Page()->title().contains(u"secret"_s));

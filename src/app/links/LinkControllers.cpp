@@ -1,0 +1,32 @@
+#include "app/links/LinkControllers.h"
+
+#include "app/base/Transfers.h"
+#include "app/forms/frmMain.h"
+#include "app/links/LinkDispatch.h"
+#include "app/links/LinkPanel.h"
+#include "app/links/PaneDeck.h"
+#include "app/links/SeparateBrowser.h"
+#include "app/links/ServerLists.h"
+#include "app/links/SitePopups.h"
+#include "app/links/SmartNavigate.h"
+
+namespace tallowmere {
+
+LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                                 const MenuTable& menus, const WebAccess& web, Prompts& prompts,
+                                 const Clock& clock, const std::filesystem::path& programFolder,
+                                 Transfers& transfers)
+    : outside(new SeparateBrowser(sites, web, prompts, &form)),
+      panes(new PaneDeck(form, recording, sites, programFolder, *outside)),
+      dispatch(new LinkDispatch(form, recording, accounts, settings, sites, prompts, clock, *panes,
+                                transfers.inet)),
+      panel(new LinkPanel(form, recording, settings, sites, prompts, *dispatch, *panes)),
+      popups(new SitePopups(form, sites, menus, prompts, clock, *dispatch, *panes)),
+      lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
+      navigate(new SmartNavigate(form, settings, *panes)) {
+    QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
+    QObject::connect(dispatch, &LinkDispatch::CalculatorRequested, outside,
+                     &SeparateBrowser::StartCalculator);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,38 @@
+#pragma once
+
+namespace tallowmere {
+
+class ActiveEdges;
+class Clock;
+class ClubLogin;
+class EngineProfile;
+class IndexStrip;
+class Prompts;
+class SettingsStore;
+class SiteTable;
+class TickerStrip;
+class Timers;
+class WatchWindows;
+class frmMain;
+struct LinkControllers;
+struct Transfers;
+
+/// The controllers of all that follows the market or runs by a timer, connected to the links below
+/// them. The form owns the controllers.
+struct MarketControllers {
+    MarketControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                      Prompts& prompts, const Clock& clock, EngineProfile& profile,
+                      LinkControllers& links, Transfers& transfers);
+
+    IndexStrip* strip;
+    ActiveEdges* edges;
+    WatchWindows* watches;
+    Timers* timers;
+    TickerStrip* ticker;
+    ClubLogin* club;
+
+    /// Stops the timers: the window closes.
+    void Stop();
+};
+
+} // namespace tallowmere

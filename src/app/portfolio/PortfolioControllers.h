@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tallowmere {
+
+class Clock;
+class Portfolios;
+class Prompts;
+class QuotePage;
+class Reports;
+class SettingsStore;
+class SiteTable;
+class TickerBox;
+class TickerImport;
+class TransferPool;
+class frmMain;
+struct LinkControllers;
+
+/// The controllers of the portfolios, connected to each other and to the links below them. The
+/// form owns the controllers.
+struct PortfolioControllers {
+    PortfolioControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                         Prompts& prompts, const Clock& clock,
+                         const std::filesystem::path& programFolder, LinkControllers& links,
+                         TransferPool& transfers);
+
+    Portfolios* portfolios;
+    TickerBox* tickers;
+    QuotePage* quotes;
+    Reports* reports;
+    TickerImport* import;
+};
+
+} // namespace tallowmere

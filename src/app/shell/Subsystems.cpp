@@ -1,0 +1,37 @@
+#include "app/shell/Subsystems.h"
+
+#include "app/base/Transfers.h"
+#include "app/custom/MultiLinks.h"
+#include "app/forms/frmMain.h"
+#include "app/market/ActiveEdges.h"
+#include "app/market/TickerStrip.h"
+#include "app/portfolio/Portfolios.h"
+#include "app/shell/SessionSetup.h"
+#include "app/tools/ColorConfig.h"
+#include "app/tools/Setup.h"
+
+namespace tallowmere {
+
+Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& settings,
+                       WebAccess& web, EngineProfile& profile, Transfers& transfers,
+                       UserSites& userSites)
+    : links(form, settings, setup.tables.sites, setup.tables.menus, web, setup.prompts, setup.clock,
+            setup.folders.programFolder, transfers),
+      portfolio(form, settings, setup.tables.sites, setup.prompts, setup.clock,
+                setup.folders.programFolder, links, transfers.inet),
+      custom(form, settings, setup.tables.sites, setup.prompts, setup.folders.programFolder,
+             profile, links),
+      market(form, settings, setup.tables.sites, setup.prompts, setup.clock, profile, links,
+             transfers),
+      tools(form, settings, setup.tables.sites, setup.prompts, setup.clock,
+            setup.folders.programFolder, links),
+      sites(new SiteControllers(form, setup.clock, links.recording, setup.tables, setup.web,
+                                userSites, web, *links.panes)) {
+    QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
+                     &Portfolios::PaintNumbers);
+    QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);
+    QObject::connect(tools.setup, &Setup::TickerSwitched, market.ticker, &TickerStrip::Switch);
+    QObject::connect(tools.setup, &Setup::EdgesSwitched, market.edges, &ActiveEdges::Switch);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,28 @@
+#include "app/tools/ToolControllers.h"
+
+#include "app/forms/frmMain.h"
+#include "app/links/LinkControllers.h"
+#include "app/links/LinkDispatch.h"
+#include "app/tools/ColorConfig.h"
+#include "app/tools/ColorSettings.h"
+#include "app/tools/DailyReminders.h"
+#include "app/tools/Help.h"
+#include "app/tools/Setup.h"
+
+namespace tallowmere {
+
+ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                                 Prompts& prompts, const Clock& clock,
+                                 const std::filesystem::path& programFolder, LinkControllers& links)
+    : colors(new ColorConfig(form, settings)),
+      reminders(new DailyReminders(form, prompts, clock, programFolder, *links.dispatch)),
+      setup(new Setup(form, settings, prompts, programFolder, links.accounts, *links.panes,
+                      *new ColorSettings(settings, prompts, &form))) {
+    auto* help = new Help(form, sites, prompts, clock, *links.panes, *links.outside);
+    QObject::connect(links.dispatch, &LinkDispatch::SetupRequested, setup, &Setup::Show);
+    QObject::connect(setup, &Setup::Closed, colors, &ColorConfig::Apply);
+    QObject::connect(setup, &Setup::HelpRequested, help, &Help::Open);
+    QObject::connect(setup, &Setup::ReportRequested, help, &Help::Report);
+}
+
+} // namespace tallowmere

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tallowmere {
+
+class Clock;
+class ColorConfig;
+class DailyReminders;
+class Prompts;
+class SettingsStore;
+class Setup;
+class SiteTable;
+class frmMain;
+struct LinkControllers;
+
+/// The controllers of colours, setup, reminders and help, connected to each other and to the links
+/// below them. The form owns the controllers.
+struct ToolControllers {
+    ToolControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
+                    Prompts& prompts, const Clock& clock,
+                    const std::filesystem::path& programFolder, LinkControllers& links);
+
+    ColorConfig* colors;
+    DailyReminders* reminders;
+    Setup* setup;
+};
+
+} // namespace tallowmere
