@@ -5,9 +5,10 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
+#include "core/portfolio/keyed_store.h"
 #include "core/shell/settings_store.h"
 #include "core/sites/site_table.h"
-#include "core/text/files.h"
+#include "core/text/runtime_error.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -95,7 +96,13 @@ Reports::Reports(frmMain& form, SettingsStore& settings, const SiteTable& sites,
 }
 
 NoteIndex Reports::Notes() const {
-    return NoteIndex(ReadWholeFile(PathInFolder(m_programFolder, "\\TickNotes.txt")));
+    std::string notes;
+    try {
+        notes = ReadStore(m_programFolder, kTickerNotesFile);
+    } catch (const RuntimeError& error) {
+        m_prompts.Message(u"The report is without notes.\n"_s + ToQt(error.what()), MessageTitle());
+    }
+    return NoteIndex(std::move(notes));
 }
 
 void Reports::View() {

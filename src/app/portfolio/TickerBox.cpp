@@ -9,6 +9,7 @@
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/portfolio_text.h"
 #include "core/portfolio/ticker_list.h"
+#include "core/text/runtime_error.h"
 
 #include <QSignalBlocker>
 
@@ -125,14 +126,22 @@ void TickerBox::EditNote() {
     const auto answer = m_prompts.Input(
         u"Enter a personal note on "_s + ticker + u"\r\nClicking 'Cancel' will remove the note"_s,
         u"Ticker Notes"_s, m_form.menus->mnuTickNotes->data().toString());
-    std::string ignored;
-    const std::string key = FromQt(ticker);
-    TickerNotes(m_programFolder, ignored, "REMOVE", key, "", kTickerNotesFile);
-    if (!answer || answer->isEmpty())
+    const std::string typed = FromQt(answer.value_or(QString()));
+    const std::string note = StorableNote(typed);
+    try {
+        ReplaceNote(m_programFolder, FromQt(ticker), note, kTickerNotesFile);
+    } catch (const RuntimeError& error) {
+        m_prompts.Message(u"The note on "_s + ticker + u" could not be saved.\n"_s +
+                              ToQt(error.what()),
+                          MessageTitle());
         return;
-    m_form.menus->mnuTickNotes->setText(MenuCaption(*answer));
-    m_form.menus->mnuTickNotes->setData(*answer);
-    TickerNotes(m_programFolder, ignored, "SET", key, FromQt(*answer), kTickerNotesFile);
+    }
+    if (note != typed)
+        m_prompts.Message(ToQt(kBarsParted), MessageTitle());
+    if (note.empty())
+        return;
+    m_form.menus->mnuTickNotes->setText(MenuCaption(ToQt(note)));
+    m_form.menus->mnuTickNotes->setData(ToQt(note));
 }
 
 } // namespace tallowmere

@@ -8,12 +8,19 @@
 
 namespace tallowmere {
 
+namespace {
+
+/// The tables that ship take a hundredth of it.
+constexpr std::uint64_t kLargestTable = 4 * kMegabyte;
+
+} // namespace
+
 std::string ReadTable(const std::filesystem::path& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         throw RuntimeError(path.string() + ":1: the file cannot be read");
     try {
-        return ReadExistingFile(path);
+        return ReadExistingFile(path, kLargestTable);
     } catch (const RuntimeError& unreadable) {
         throw RuntimeError(path.string() + ":1: " + unreadable.what());
     }

@@ -8,7 +8,7 @@
 #include "app/links/LinkDispatch.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/bytes.h"
-#include "core/text/files.h"
+#include "core/text/runtime_error.h"
 #include "core/tools/reminders.h"
 
 #include <QCalendarWidget>
@@ -113,13 +113,10 @@ void DailyReminders::SetRemind() {
 void DailyReminders::StoreText() {
     const std::string text = ReplaceAll(FromQt(m_dialog->Text1->toPlainText()), "\n", "\r\n");
     const std::string_view trimmed = Trim(text);
-    std::string expected = WithoutShownDay();
-    if (!trimmed.empty())
-        expected += NoteRecord(DayKey(FromQt(m_day)), trimmed);
-    Notes("REMOVE");
-    Notes("SET", trimmed);
+    const std::string storable = StorableNote(trimmed);
     m_isChanged = false;
-    Expect(expected);
+    if (Replace(storable) && storable != trimmed)
+        m_prompts.Message(tallowmere::ToQt(kBarsParted), MessageTitle());
 }
 
 void DailyReminders::ShowDay(const QDate& day) {
@@ -153,42 +150,54 @@ void DailyReminders::ChooseLine() {
 
 void DailyReminders::ClearAll() {
     Notes("KILL");
-    Expect({});
+    if (!Content().empty())
+        TellUnsaved();
     m_dialog->Text1->clear();
     GetAppts();
 }
 
 void DailyReminders::ClearCurrent() {
-    const std::string expected = WithoutShownDay();
-    Notes("REMOVE");
-    Expect(expected);
+    Replace({});
     m_dialog->Text1->clear();
     GetAppts();
 }
 
-std::string DailyReminders::WithoutShownDay() const {
-    const std::string content = Content();
-    return RemoveNote(content, DayKey(FromQt(m_day))).value_or(content);
+/// Makes a text the reminder of the shown day; false when it could not be saved, which is told.
+bool DailyReminders::Replace(std::string_view text) {
+    try {
+        ReplaceNote(m_programFolder, DayKey(FromQt(m_day)), text, kRemindersFile);
+        return true;
+    } catch (const RuntimeError&) {
+        TellUnsaved();
+        return false;
+    }
 }
 
-// The store says nothing of what it could not write.
-void DailyReminders::Expect(std::string_view content) const {
-    if (Content() != content)
-        m_prompts.Message(
-            u"The reminders could not be saved. The disk may be full, or their file not be "
-            "writable."_s,
-            MessageTitle());
+void DailyReminders::TellUnsaved() const {
+    m_prompts.Message(
+        u"The reminders could not be saved. The disk may be full, or their file not be "
+        "writable."_s,
+        MessageTitle());
 }
 
 /// Performs an operation on the record of the shown day.
-std::string DailyReminders::Notes(std::string_view operation, std::string_view text) const {
+std::string DailyReminders::Notes(std::string_view operation) const {
     std::string result;
-    TickerNotes(m_programFolder, result, operation, DayKey(FromQt(m_day)), text, kRemindersFile);
+    TickerNotes(m_programFolder, result, operation, DayKey(FromQt(m_day)), {}, kRemindersFile);
     return result;
 }
 
-std::string DailyReminders::Content() const {
-    return ReadWholeFile(PathInFolder(m_programFolder, kRemindersFile));
+/// The content of the store. One that cannot be read is told once, and has no reminders.
+std::string DailyReminders::Content() {
+    try {
+        return ReadStore(m_programFolder, kRemindersFile);
+    } catch (const RuntimeError& error) {
+        if (!std::exchange(m_isUnreadableTold, true))
+            m_prompts.Message(u"The reminders cannot be shown.\n"_s +
+                                  tallowmere::ToQt(error.what()),
+                              MessageTitle());
+        return {};
+    }
 }
 
 } // namespace tallowmere

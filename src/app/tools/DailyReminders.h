@@ -48,12 +48,10 @@ private:
     void ChooseLine();
     void ClearAll();
     void ClearCurrent();
-    std::string Notes(std::string_view operation, std::string_view text = {}) const;
-    std::string Content() const;
-    /// The content of the store once the shown day has no record.
-    std::string WithoutShownDay() const;
-    /// Tells the user when the store does not hold what it should by now.
-    void Expect(std::string_view content) const;
+    std::string Notes(std::string_view operation) const;
+    std::string Content();
+    bool Replace(std::string_view text);
+    void TellUnsaved() const;
 
     frmMain& m_form;
     Prompts& m_prompts;
@@ -62,6 +60,7 @@ private:
     frmRemind* m_dialog = nullptr;
     QDate m_day; ///< the day whose text is shown
     bool m_isChanged = false;
+    bool m_isUnreadableTold = false;
     bool m_isSummaryStale = false;
     std::vector<std::optional<Date>> m_days; ///< of the lines of the summary
 };

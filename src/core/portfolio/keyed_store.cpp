@@ -257,6 +257,38 @@ void TickerNotes(const std::filesystem::path& folder, std::string& result,
     }
 }
 
+std::string ReadStore(const std::filesystem::path& folder, std::string_view file) {
+    return ReadExistingFile(PathInFolder(folder, file), kLargestStore);
+}
+
+void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std::string_view note,
+                 std::string_view file) {
+    const auto path = PathInFolder(folder, file);
+    auto rest = RemoveNote(ReadStore(folder, file), key);
+    const std::string record = key.empty() || note.empty() ? "" : NoteRecord(key, note);
+    if (rest)
+        WriteWholeFile(path, rest->append(record));
+    else
+        AppendToFile(path, record);
+}
+
+std::string StorableNote(std::string_view note) {
+    constexpr std::size_t kMostBars = kEnd.size() - 1;
+    std::string storable;
+    std::size_t bars = 0;
+    for (const char c : note) {
+        if (c == '|' && bars == kMostBars) {
+            storable += ' ';
+            bars = 0;
+        }
+        bars = c == '|' ? bars + 1 : 0;
+        storable += c;
+    }
+    if (bars > 0)
+        storable += ' ';
+    return storable;
+}
+
 void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,
                  std::string_view file) {
     const auto path = PathInFolder(folder, file);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -22,6 +23,28 @@ inline constexpr std::string_view kTickerNotesFile = "\\TickNotes.txt";
 void TickerNotes(const std::filesystem::path& folder, std::string& result,
                  std::string_view operation, std::string_view ticker, std::string_view note,
                  std::string_view file);
+
+/// What a store may hold at the most to be read whole, in bytes.
+inline constexpr std::uint64_t kLargestStore = 64 * 1024 * 1024;
+
+/// The content of the store `file` in `folder`, empty when it is missing. Throws RuntimeError when
+/// it cannot be read or is larger than kLargestStore.
+std::string ReadStore(const std::filesystem::path& folder, std::string_view file);
+
+/// Makes `note` the text of `key`: what "REMOVE" and then "SET" do, in one write, so that no crash
+/// comes between them. An empty note is only removed. Throws RuntimeError when the store cannot be
+/// read or written; it then holds what it held.
+void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std::string_view note,
+                 std::string_view file);
+
+/// The note in a form that reads back whole: blanks are put between the bars where five in a row,
+/// or bars at the end, would be taken for the mark that ends a record.
+std::string StorableNote(std::string_view note);
+
+/// What the user is told when StorableNote changed a note.
+inline constexpr std::string_view kBarsParted =
+    "Five bars in a row, or bars at the end, would end the note in its file. Blanks were put "
+    "between them.";
 
 /// Performs "REMOVE" for each key in turn, yet reads and writes the file only once.
 void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,

@@ -10,6 +10,13 @@
 
 namespace tallowmere {
 
+namespace {
+
+/// Ten portfolios of a hundred thousand tickers fit into it several times.
+constexpr std::uint64_t kLargestSettings = 16 * kMegabyte;
+
+} // namespace
+
 /// What the file held when it was last read.
 struct SettingsStore::Content {
     std::optional<FileStamp> stamp;
@@ -32,7 +39,7 @@ std::string SettingsStore::GetSetting(std::string_view section, std::string_view
         m_content->stamp = stamp;
         m_content->values = SettingsValues("");
         try {
-            m_content->values = SettingsValues(ReadExistingFile(m_file));
+            m_content->values = SettingsValues(ReadExistingFile(m_file, kLargestSettings));
         } catch (const RuntimeError&) {
             // No keys until the file changes; SaveSetting says why it cannot be used.
         }
@@ -56,7 +63,7 @@ void SettingsStore::SaveSettings(std::string_view section,
     }
 #endif
     const FileLock lock(m_file);
-    const std::string text = ReadExistingFile(m_file);
+    const std::string text = ReadExistingFile(m_file, kLargestSettings);
     std::string changed = text;
     for (const auto& [key, value] : values)
         changed = ChangeSettingsText(changed, section, key, value);

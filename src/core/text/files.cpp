@@ -10,6 +10,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -22,9 +23,16 @@ using Path = std::filesystem::path;
 constexpr mode_t kOwnerOnlyFile = S_IRUSR | S_IWUSR;
 constexpr mode_t kOwnerOnlyFolder = S_IRWXU;
 
+/// Another program holds the file for longer than is waited.
+struct LockHeld : RuntimeError {
+    using RuntimeError::RuntimeError;
+};
+
 [[noreturn]] void Fail(const char* action, const Path& path, int error) {
-    throw RuntimeError(std::string("Cannot ") + action + " " + path.string() + ": " +
-                       std::generic_category().message(error));
+    const std::string head = std::string("Cannot ") + action + " " + path.string() + ": ";
+    if (error == EWOULDBLOCK)
+        throw LockHeld(head + "another program holds it");
+    throw RuntimeError(head + std::generic_category().message(error));
 }
 
 /// Repeats a system call that a signal interrupted.
@@ -64,14 +72,31 @@ bool SameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+/// How long a file may be held by another program; whoever writes is done within milliseconds.
+constexpr std::chrono::milliseconds kPatience = std::chrono::seconds(10);
+
+/// Takes a file for this process alone; false, with errno set, when that cannot be had in time.
+bool LockWithin(int file, std::chrono::milliseconds patience) {
+    // The system has no wait with an end, and another program may hold a lock for good.
+    constexpr auto kPause = std::chrono::milliseconds(2);
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (Retry([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) != 0) {
+        if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(kPause);
+    }
+    return true;
+}
+
 /// Opens a file for this process alone. Another one may have renamed it away while this one waited
 /// for the lock: then it is opened anew.
-Descriptor OpenLocked(const Path& path, int flags, const char* action) {
+Descriptor OpenLocked(const Path& path, int flags, const char* action,
+                      std::chrono::milliseconds patience = kPatience) {
     for (;;) {
         Descriptor file = Open(path, flags | O_CREAT);
         struct stat opened {};
         struct stat named {};
-        if (!file.IsOpen() || Retry([&] { return ::flock(file.Number(), LOCK_EX); }) != 0 ||
+        if (!file.IsOpen() || !LockWithin(file.Number(), patience) ||
             ::fstat(file.Number(), &opened) != 0)
             Fail(action, path, errno);
         if (!S_ISREG(opened.st_mode))
@@ -134,10 +159,14 @@ bool IsFile(int file, struct stat& status) {
     return S_ISREG(status.st_mode);
 }
 
-/// Reads an open file to its end; false, with errno set, when it is none or cannot be read.
-bool ReadAll(int file, std::string& content) {
+/// Reads an open file to its end; false, with errno set, when it is none, holds more than `limit`
+/// bytes (EFBIG) or cannot be read.
+bool ReadAll(int file, std::string& content, std::uint64_t limit = kAnySize) {
     struct stat status {};
     if (!IsFile(file, status))
+        return false;
+    errno = EFBIG;
+    if (static_cast<std::uint64_t>(status.st_size) > limit)
         return false;
     // One byte more than the file holds: its end is then seen without a second block.
     content.resize(static_cast<std::size_t>(status.st_size) + 1);
@@ -152,6 +181,9 @@ bool ReadAll(int file, std::string& content) {
             return count == 0;
         }
         used += static_cast<std::size_t>(count);
+        errno = EFBIG;
+        if (used > limit)
+            return false;
     }
 }
 
@@ -195,14 +227,17 @@ bool ScanFile(const Path& path,
     }
 }
 
-std::string ReadExistingFile(const Path& path) {
+std::string ReadExistingFile(const Path& path, std::uint64_t limit) {
     const Descriptor file = Open(path, O_RDONLY);
     if (!file.IsOpen() && errno == ENOENT)
         return {};
     std::string content;
-    if (!file.IsOpen() || !ReadAll(file.Number(), content))
-        Fail("read", path, errno);
-    return content;
+    if (file.IsOpen() && ReadAll(file.Number(), content, limit))
+        return content;
+    if (errno == EFBIG)
+        throw RuntimeError("Cannot read " + path.string() + ": it is larger than " +
+                           std::to_string(limit / kMegabyte) + " MB");
+    Fail("read", path, errno);
 }
 
 void WriteWholeFile(const Path& path, std::string_view content) {
@@ -295,9 +330,19 @@ std::optional<FileStamp> StampOf(const Path& path) {
                      modified.tv_sec * kNanoseconds + modified.tv_nsec};
 }
 
-FileLock::FileLock(const Path& path) : m_handle(-1) {
+FileLock::FileLock(const Path& path) : FileLock(path, kPatience) {}
+
+FileLock::FileLock(const Path& path, std::chrono::milliseconds patience) : m_handle(-1) {
     MakeFolder(path.parent_path());
-    m_handle = OpenLocked(Beside(path, ".lock"), O_RDWR, "lock").Release();
+    m_handle = OpenLocked(Beside(path, ".lock"), O_RDWR, "lock", patience).Release();
+}
+
+std::unique_ptr<FileLock> FileLock::Try(const Path& path) {
+    try {
+        return std::unique_ptr<FileLock>(new FileLock(path, std::chrono::milliseconds(0)));
+    } catch (const LockHeld&) {
+        return nullptr;
+    }
 }
 
 FileLock::~FileLock() {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,9 +24,14 @@ std::string ReadWholeFile(const std::filesystem::path& path);
 bool ScanFile(const std::filesystem::path& path,
               const std::function<std::optional<std::size_t>(std::string_view)>& look);
 
+/// No limit to the size of a file.
+inline constexpr std::uint64_t kAnySize = ~std::uint64_t{0};
+inline constexpr std::uint64_t kMegabyte = 1024 * 1024;
+
 /// The whole content of a file, empty when it is missing. Throws RuntimeError when it is there but
-/// cannot be read, so that a caller never takes a locked file for an empty one.
-std::string ReadExistingFile(const std::filesystem::path& path);
+/// cannot be read, or holds more than `limit` bytes, so that a caller never takes a locked file for
+/// an empty one. `limit` is a number of whole megabytes.
+std::string ReadExistingFile(const std::filesystem::path& path, std::uint64_t limit = kAnySize);
 
 /// Replaces a file whole: temporary file beside it, flush, rename. Folders on the way are made.
 /// Throws RuntimeError when it cannot be done; the old content then stays.
@@ -52,16 +59,21 @@ struct FileStamp {
 std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 /// Keeps other processes out from construction to destruction: a lock on the file `<name>.lock`,
-/// which stays behind empty. Waits for whoever holds it. Throws RuntimeError when that file cannot
-/// be made.
+/// which stays behind. The system holds it as long as its process lives, so nothing that stands in
+/// the file, and no crash, can leave it locked. Throws RuntimeError when that file cannot be made.
 class FileLock {
 public:
+    /// Waits for whoever holds the lock, ten seconds at the most; then it throws RuntimeError.
     explicit FileLock(const std::filesystem::path& path);
+    /// Takes the lock at once; null when another process holds it.
+    static std::unique_ptr<FileLock> Try(const std::filesystem::path& path);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
 private:
+    FileLock(const std::filesystem::path& path, std::chrono::milliseconds patience);
+
     std::intptr_t m_handle;
 };
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <limits>
 #include <system_error>
+#include <thread>
 #include <utility>
 #include <windows.h>
 
@@ -17,11 +18,18 @@ namespace {
 
 using Path = std::filesystem::path;
 
+/// Another program holds the file for longer than is waited.
+struct LockHeld : RuntimeError {
+    using RuntimeError::RuntimeError;
+};
+
 [[noreturn]] void Fail(const char* action, const Path& path, DWORD error) {
     const auto name = path.u8string();
-    throw RuntimeError(std::string("Cannot ") + action + " " +
-                       std::string(name.begin(), name.end()) + ": " +
-                       std::system_category().message(static_cast<int>(error)));
+    const std::string head =
+        std::string("Cannot ") + action + " " + std::string(name.begin(), name.end()) + ": ";
+    if (error == ERROR_LOCK_VIOLATION)
+        throw LockHeld(head + "another program holds it");
+    throw RuntimeError(head + std::system_category().message(static_cast<int>(error)));
 }
 
 class Handle {
@@ -140,10 +148,15 @@ bool ScanFile(const Path& path,
     }
 }
 
-std::string ReadExistingFile(const Path& path) {
+std::string ReadExistingFile(const Path& path, std::uint64_t limit) {
     const Handle file(Open(path, GENERIC_READ, kShareAll, OPEN_EXISTING));
     if (!file.IsOpen() && IsMissing(::GetLastError()))
         return {};
+    LARGE_INTEGER size{};
+    if (file.IsOpen() && ::GetFileSizeEx(file.Get(), &size) &&
+        static_cast<std::uint64_t>(size.QuadPart) > limit)
+        throw RuntimeError("Cannot read " + path.string() + ": it is larger than " +
+                           std::to_string(limit / kMegabyte) + " MB");
     std::string content;
     if (!file.IsOpen() || !ReadAll(file.Get(), content))
         Fail("read", path, ::GetLastError());
@@ -223,14 +236,32 @@ std::optional<FileStamp> StampOf(const Path& path) {
                                                     status.ftLastWriteTime.dwLowDateTime))};
 }
 
-FileLock::FileLock(const Path& path) : m_handle(-1) {
+FileLock::FileLock(const Path& path) : FileLock(path, std::chrono::seconds(10)) {}
+
+FileLock::FileLock(const Path& path, std::chrono::milliseconds patience) : m_handle(-1) {
+    constexpr DWORD kFlags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+    constexpr auto kPause = std::chrono::milliseconds(2);
     MakeFolder(path.parent_path());
     const Path name = Beside(path, ".lock");
     Handle file(Open(name, GENERIC_READ | GENERIC_WRITE, kShareAll, OPEN_ALWAYS));
-    OVERLAPPED start{};
-    if (!file.IsOpen() || !::LockFileEx(file.Get(), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &start))
+    if (!file.IsOpen())
         Fail("lock", name, ::GetLastError());
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    OVERLAPPED start{};
+    while (!::LockFileEx(file.Get(), kFlags, 0, 1, 0, &start)) {
+        if (std::chrono::steady_clock::now() >= deadline)
+            Fail("lock", name, ::GetLastError());
+        std::this_thread::sleep_for(kPause);
+    }
     m_handle = reinterpret_cast<std::intptr_t>(file.Release());
+}
+
+std::unique_ptr<FileLock> FileLock::Try(const Path& path) {
+    try {
+        return std::unique_ptr<FileLock>(new FileLock(path, std::chrono::milliseconds(0)));
+    } catch (const LockHeld&) {
+        return nullptr;
+    }
 }
 
 FileLock::~FileLock() {

@@ -1,6 +1,7 @@
 #include "app/portfolio/TickerBox.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"
+#include "support/FullDisk.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
@@ -150,6 +151,36 @@ private Q_SLOTS:
                                     menus.mnuTickNote->menuAction(), menus.mnuCopyIt,
                                     menus.mnuMoveAll(), menus.mnuCopyAllPorts()})
             QVERIFY(!item->isEnabled());
+    }
+
+    void ANoteThatCannotBeSavedIsToldAndTheOldOneStays() {
+        Window window("MSFT|");
+        OpenMenu(window);
+        window.prompts.inputs = {u"old"_s, u"new"_s};
+        window.Form().menus->mnuTickNotes->trigger();
+        const auto file = window.Folder() / "TickNotes.txt";
+        const std::string before = ReadExistingFile(file);
+        window.prompts.messages.clear();
+        {
+            const FullDisk disk(0);
+            window.Form().menus->mnuTickNotes->trigger();
+        }
+        QCOMPARE(window.prompts.messages.size(), 2);
+        QVERIFY(window.prompts.messages.last().startsWith(
+            u"Quorvane: The note on MSFT could not be saved."_s));
+        QCOMPARE(ReadExistingFile(file), before);
+        QCOMPARE(window.Form().menus->mnuTickNotes->text(), u"old"_s);
+    }
+
+    void BarsThatWouldEndANoteArePartedAndThatIsTold() {
+        Window window("MSFT|");
+        OpenMenu(window);
+        window.prompts.inputs = {u"up ||||| down"_s};
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(window.prompts.messages.last(), u"Quorvane: "_s + ToQt(kBarsParted));
+        std::string note;
+        TickerNotes(window.Folder(), note, "GET", "MSFT", "", kTickerNotesFile);
+        QCOMPARE(note, "up |||| | down");
     }
 
     void ANoteIsEditedAndCancelRemovesIt() {

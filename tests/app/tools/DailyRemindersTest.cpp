@@ -344,12 +344,33 @@ private Q_SLOTS:
         Set(session, "11-21-2026", "first");
         Set(session, "11-21-2026", "second");
         frmRemind& dialog = Open(session);
-        Type(dialog, u"ends with bars ||||||"_s);
+        Type(dialog, u"third"_s);
         ClickDay(dialog, {2026, 11, 20});
         QTest::mouseClick(dialog.Command1[1], Qt::LeftButton);
         QTest::mouseClick(dialog.Command1[0], Qt::LeftButton);
         dialog.reject();
         QCOMPARE(session.prompts.messages, QStringList());
+    }
+
+    void BarsThatWouldEndATextArePartedAndThatIsTold() {
+        TestSession session;
+        frmRemind& dialog = Open(session);
+        Type(dialog, u"six |||||| and last |"_s);
+        ClickDay(dialog, {2026, 11, 20});
+        QCOMPARE(session.prompts.messages, QStringList{u"Quorvane: "_s + ToQt(kBarsParted)});
+        ClickDay(dialog, {2026, 11, 21});
+        QCOMPARE(dialog.Text1->toPlainText(), u"six |||| || and last | "_s);
+    }
+
+    void AStoreThatIsTooLargeIsToldByItsName() {
+        TestSession session;
+        Set(session, "11-21-2026", "today");
+        std::filesystem::resize_file(File(session), kLargestStore + 1);
+        session.Start();
+        QCOMPARE(session.prompts.messages.size(), 1);
+        QVERIFY(
+            session.prompts.messages.first().contains(u"remind.txt: it is larger than 64 MB"_s));
+        QCOMPARE(std::filesystem::file_size(File(session)), kLargestStore + 1);
     }
 
     void ATextWithBarsStaysReadable() {

@@ -1,4 +1,6 @@
 #include "core/portfolio/keyed_store.h"
+#include "core/text/runtime_error.h"
+#include "support/FullDisk.h"
 
 #include "core/text/bytes.h"
 #include "core/text/files.h"
@@ -294,6 +296,88 @@ TEST_F(KeyedStore, WorksThroughHundredThousandRecordsAtOnce) {
     const NoteIndex index(content);
     EXPECT_EQ(index.Find("T99999"), "note 99999");
     EXPECT_EQ(RemoveNotes(content, keys), "\r\n\r\n");
+}
+
+// What one write has to leave is what the two operations leave one after the other.
+TEST(ReplacingANote, LeavesWhatRemoveAndSetLeave) {
+    const std::vector<std::string> contents = {
+        "",
+        "\r\n",
+        "||AOL||one|||||\r\n",
+        "||AOL||one|||||\r\n||MSFT||two|||||\r\n",
+        "||MSFT||two|||||\r\n||AOL||one|||||\r\n||MSFT||again|||||\r\n",
+        "||MSFT||no end",
+        "||MSFT||typed by hand|||||||AOL||one|||||",
+        "||MSFT||a||AOL||b|||||\r\n\r\n\r\n",
+    };
+    for (const std::string& content : contents)
+        for (const std::string_view note : {"", "new", "two\r\nlines", "a | b"}) {
+            const TemporaryFolder one;
+            const TemporaryFolder other;
+            for (const TemporaryFolder* folder : {&one, &other})
+                if (!content.empty())
+                    WriteWholeFile(folder->Path() / "TickNotes.txt", content);
+            std::string ignored;
+            TickerNotes(one.Path(), ignored, "REMOVE", "MSFT", "", kTickerNotesFile);
+            TickerNotes(one.Path(), ignored, "SET", "MSFT", note, kTickerNotesFile);
+            ReplaceNote(other.Path(), "MSFT", note, kTickerNotesFile);
+            EXPECT_EQ(ReadExistingFile(other.Path() / "TickNotes.txt"),
+                      ReadExistingFile(one.Path() / "TickNotes.txt"))
+                << content << " / " << note;
+        }
+}
+
+TEST(ReplacingANote, ThatIsNotThereByNothingTouchesNoFile) {
+    const TemporaryFolder folder;
+    ReplaceNote(folder.Path(), "MSFT", "", kTickerNotesFile);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "TickNotes.txt"));
+}
+
+TEST(ReplacingANote, KeepsTheOldOneWhenTheDiskIsFull) {
+    const TemporaryFolder folder;
+    const auto path = folder.Path() / "TickNotes.txt";
+    const std::string before = NoteRecord("MSFT", "old") + NoteRecord("AOL", "other");
+    WriteWholeFile(path, before);
+    {
+        const FullDisk disk(before.size());
+        EXPECT_THROW(ReplaceNote(folder.Path(), "MSFT", std::string(4096, 'n'), kTickerNotesFile),
+                     RuntimeError);
+    }
+    EXPECT_EQ(ReadExistingFile(path), before);
+}
+
+TEST(ReplacingANote, IsRefusedForAStoreThatIsTooLarge) {
+    const TemporaryFolder folder;
+    const auto path = folder.Path() / "TickNotes.txt";
+    WriteWholeFile(path, NoteRecord("MSFT", "old"));
+    std::filesystem::resize_file(path, kLargestStore);
+    EXPECT_NO_THROW(ReadStore(folder.Path(), kTickerNotesFile));
+    std::filesystem::resize_file(path, kLargestStore + 1);
+    try {
+        ReplaceNote(folder.Path(), "MSFT", "new", kTickerNotesFile);
+        FAIL() << "it was read";
+    } catch (const RuntimeError& error) {
+        EXPECT_THAT(error.what(), testing::HasSubstr("TickNotes.txt: it is larger than 64 MB"));
+    }
+    EXPECT_EQ(std::filesystem::file_size(path), kLargestStore + 1);
+}
+
+TEST(StorableNotes, ReadBackWholeWhateverBarsTheyHold) {
+    for (const std::string_view note :
+         {"plain", "a|b", "a||||b", "a|||||b", "|||||", "||||||||||||", "ends |", "ends ||||",
+          "ends |||||", "|begins", "||||| x |||||", "two\r\nlines |||||\r\n"}) {
+        const std::string storable = StorableNote(note);
+        EXPECT_EQ(FindNote(NoteRecord("MSFT", storable), "MSFT"), storable) << note;
+        EXPECT_EQ(NoteIndex(NoteRecord("MSFT", storable)).Find("MSFT"), storable) << note;
+    }
+}
+
+TEST(StorableNotes, OnlyBarsThatWouldEndARecordAreParted) {
+    EXPECT_EQ(StorableNote(""), "");
+    EXPECT_EQ(StorableNote("a | b || c ||| d |||| e"), "a | b || c ||| d |||| e");
+    EXPECT_EQ(StorableNote("a|||||b"), "a|||| |b");
+    EXPECT_EQ(StorableNote("|||||||||"), "|||| |||| | ");
+    EXPECT_EQ(StorableNote("end|"), "end| ");
 }
 
 } // namespace

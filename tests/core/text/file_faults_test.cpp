@@ -211,5 +211,61 @@ TEST(ReadOnlyFile, IsNotReplacedBehindItsOwnersBack) {
     EXPECT_EQ(ReadExistingFile(file), "old");
 }
 
+TEST(LockedFile, IsTakenAtOnceOrNotAtAll) {
+    const TemporaryFolder folder;
+    const auto path = folder.Path() / "store";
+    {
+        const FileLock held(path);
+        EXPECT_EQ(FileLock::Try(path), nullptr);
+    }
+    EXPECT_NE(FileLock::Try(path), nullptr);
+    EXPECT_NE(FileLock::Try(path), nullptr) << "the one before was let go";
+}
+
+TEST(LockedFile, WhatStandsInItMeansNothing) {
+    const TemporaryFolder folder;
+    for (const std::string_view content : {"", "garbage", "1\nprogram\nanother-host\n"}) {
+        WriteWholeFile(folder.Path() / "store.lock", content);
+        EXPECT_NE(FileLock::Try(folder.Path() / "store"), nullptr) << content;
+    }
+}
+
+TEST(LockedFile, WhatIsNoFileInItsPlaceIsAnError) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.Path() / "store.lock");
+    EXPECT_THROW(FileLock::Try(folder.Path() / "store"), RuntimeError);
+    EXPECT_THROW(FileLock(folder.Path() / "store"), RuntimeError);
+    std::filesystem::create_symlink("loop.lock", folder.Path() / "loop.lock");
+    EXPECT_THROW(FileLock::Try(folder.Path() / "loop"), RuntimeError);
+}
+
+TEST(LargeFile, IsReadUpToItsLimitAndNamedBeyondIt) {
+    const TemporaryFolder folder;
+    const auto path = folder.Path() / "file";
+    WriteWholeFile(path, "x");
+    std::filesystem::resize_file(path, kMegabyte);
+    EXPECT_EQ(ReadExistingFile(path, kMegabyte).size(), kMegabyte);
+    std::filesystem::resize_file(path, kMegabyte + 1);
+    try {
+        ReadExistingFile(path, kMegabyte);
+        FAIL() << "it was read";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.what(), "Cannot read " + path.string() + ": it is larger than 1 MB");
+    }
+    EXPECT_EQ(ReadExistingFile(path).size(), kMegabyte + 1);
+}
+
+TEST(LargeFile, SettingsBeyondAllReasonAreNeitherReadNorReplaced) {
+    const TemporaryFolder folder;
+    const auto path = folder.Path() / "settings.ini";
+    SettingsStore settings(path);
+    settings.SaveSetting("Settings", "Stocks1", "AOL|");
+    const auto limit = 16 * kMegabyte;
+    std::filesystem::resize_file(path, limit + 1);
+    EXPECT_EQ(settings.GetSetting("Settings", "Stocks1", "none"), "none");
+    EXPECT_THROW(settings.SaveSetting("Settings", "Stocks1", "MSFT|"), RuntimeError);
+    EXPECT_EQ(std::filesystem::file_size(path), limit + 1);
+}
+
 } // namespace
 } // namespace tallowmere
