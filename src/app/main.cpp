@@ -6,6 +6,7 @@
 #include "app/shell/CommandLine.h"
 #include "app/shell/Session.h"
 #include "app/shell/SingleInstance.h"
+#include "app/shell/StartError.h"
 #include "app/sites/Tables.h"
 #include "app/sites/UserSites.h"
 #include "core/portal/portal.h"
@@ -19,16 +20,16 @@ namespace {
 
 constexpr int kWrongStart = 2;
 
-int Run(Application& application, const CommandLine& commandLine) {
+int Run(Application& application, const CommandLine& commandLine, Prompts& prompts) {
     const Folders folders = Folders::For(commandLine.profile);
     Tables tables = Tables::Read(folders, commandLine.sites);
 
     SingleInstance instance(folders.programFolder);
-    if (!instance.IsFirst())
+    if (!instance.IsFirst()) {
+        std::fputs("tallowmere: it is running already, and its window is in front now\n", stderr);
         return 0;
-    DialogPrompts prompts;
+    }
     const Clock clock;
-    application.SetPrompts(&prompts);
     const PortalTexts texts{ReadTable(folders.data / "rr.html"),
                             ReadTable(folders.data / "newsites.html")};
     SessionSetup setup{folders, commandLine.web, tables, {}, prompts, clock};
@@ -52,6 +53,8 @@ int Run(Application& application, const CommandLine& commandLine) {
     }
     QObject::connect(&instance, &SingleInstance::Raised, &session, &Session::Raise);
     session.Start();
+    if (!instance.Problem().isEmpty())
+        prompts.Message(instance.Problem(), MessageTitle());
     // The start may wait for a page; an event loop that begins only now would forget the quitting.
     return application.IsEnding() ? 0 : QApplication::exec();
 }
@@ -70,10 +73,12 @@ int main(int argc, char** argv) {
     }
     PortalScheme::Register();
     Application application(argc, argv);
+    DialogPrompts prompts;
+    application.SetPrompts(&prompts);
     try {
-        return Run(application, commandLine);
+        return Run(application, commandLine, prompts);
     } catch (const RuntimeError& error) {
-        std::fprintf(stderr, "tallowmere: %s\n", error.what());
+        TellOfStart(QString::fromUtf8(error.what()), prompts);
         return kWrongStart;
     }
 }

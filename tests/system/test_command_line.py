@@ -98,5 +98,62 @@ class OneProgramPerProfile(driver.SystemTest):
         self.assertEqual(program.wait_for_end(10), 0, program.errors())
 
 
+class Locks(driver.SystemTest):
+    """Nothing that lies in the place of a lock keeps the user out, or ends a start in silence."""
+
+    def lock(self):
+        profile = self.folder / "profile"
+        profile.mkdir(mode=0o700)
+        return profile / "running.lock"
+
+    def test_what_stands_in_a_lock_means_nothing(self):
+        lock = self.lock()
+        for content in ("", "\0\1garbage", "1\ntallowmere\nanother-host\n0\n1\n"):
+            lock.write_text(content)
+            program = self.start()
+            program.main_window()
+            program.stop()
+
+    def test_a_folder_in_the_place_of_the_lock_is_told(self):
+        self.lock().mkdir()
+        program = self.start()
+        program.application.find(name="Quorvane", hidden=True)
+        driver.press("Return")
+        program.main_window()
+
+    def test_a_first_program_that_hangs_is_named(self):
+        first = self.start()
+        first.main_window()
+        first.process.send_signal(signal.SIGSTOP)
+        try:
+            second = subprocess.run(
+                [driver.SystemTest.binary, "--profile", self.folder / "profile"],
+                capture_output=True, text=True, timeout=driver.PATIENCE, stdin=subprocess.DEVNULL)
+        finally:
+            first.process.send_signal(signal.SIGCONT)
+        self.assertEqual(second.returncode, 2)
+        self.assertIn("does not answer", second.stderr)
+
+
+class EndOfASession(driver.SystemTest):
+    def test_settings_that_cannot_be_written_hold_nobody_up(self):
+        profile = self.folder / "profile"
+        (profile / "settings.ini").mkdir(parents=True)
+        program = self.start()
+        # The start says that it could not write them, and waits for an answer that never comes.
+        program.application.find(name="Quorvane", hidden=True)
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_for_end(2), 0, program.errors())
+        self.assertIn("settings.ini", program.errors())
+        # The next start tells it once.
+        (profile / "settings.ini").rmdir()
+        self.assertIn("settings.ini", (profile / "closing.txt").read_text())
+        program = self.start()
+        program.application.find(name="Quorvane", hidden=True)
+        driver.press("Return")
+        program.main_window()
+        self.assertFalse((profile / "closing.txt").exists())
+
+
 if __name__ == "__main__":
     driver.main()

@@ -10,6 +10,8 @@
 #include <QMessageBox>
 #include <QVBoxLayout>
 
+#include <cstdio>
+
 namespace tallowmere {
 
 namespace {
@@ -29,12 +31,18 @@ QDialogButtonBox* MakeButtons(QDialog& dialog) {
 } // namespace
 
 void DialogPrompts::Message(const QString& text, const QString& title) {
+    if (IsLeft()) {
+        std::fprintf(stderr, "tallowmere: %s\n", qUtf8Printable(text));
+        return;
+    }
     QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Ok, Front());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
 
 bool DialogPrompts::Ask(const QString& text, const QString& title) {
+    if (IsLeft())
+        return false;
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
                     Front());
     box.setTextFormat(Qt::PlainText);
@@ -43,6 +51,8 @@ bool DialogPrompts::Ask(const QString& text, const QString& title) {
 
 std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString& title,
                                             const QString& preset) {
+    if (IsLeft())
+        return std::nullopt;
     QDialog dialog(Front());
     dialog.setWindowTitle(title);
     auto* question = new QLabel(prompt);
@@ -58,6 +68,8 @@ std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString
 }
 
 std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QString& title) {
+    if (IsLeft())
+        return std::nullopt;
     QDialog dialog(Front());
     dialog.setWindowTitle(title);
     auto* question = new QLabel(text);
@@ -79,11 +91,15 @@ std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QStrin
 
 std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,
                                                const QString& filter) {
+    if (IsLeft())
+        return std::nullopt;
     const QString path = QFileDialog::getSaveFileName(Front(), title, suggested, filter);
     return path.isEmpty() ? std::nullopt : std::optional(path);
 }
 
 std::optional<QColor> DialogPrompts::PickColor(const QColor& initial, const QString& title) {
+    if (IsLeft())
+        return std::nullopt;
     const QColor color = QColorDialog::getColor(initial, Front(), title);
     return color.isValid() ? std::optional(color) : std::nullopt;
 }

@@ -20,6 +20,11 @@ class Prompts {
 public:
     virtual ~Prompts() = default;
 
+    /// From now on nobody is there to answer, because the program is made to end: messages go to
+    /// standard error, every question is answered as by Escape.
+    virtual void Leave() { m_isLeft = true; }
+    bool IsLeft() const { return m_isLeft; }
+
     /// Shows a message with the information icon.
     virtual void Message(const QString& text, const QString& title) = 0;
     /// Asks a Yes/No question; anything but Yes is no.
@@ -34,6 +39,9 @@ public:
                                             const QString& filter) = 0;
     /// Lets the user pick a colour, starting from `initial`; none when cancelled.
     virtual std::optional<QColor> PickColor(const QColor& initial, const QString& title) = 0;
+
+private:
+    bool m_isLeft = false;
 };
 
 /// The title of the program's own messages.

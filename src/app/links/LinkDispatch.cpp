@@ -51,7 +51,7 @@ bool IsTool(LinkAction action) {
 
 } // namespace
 
-LinkDispatch::LinkDispatch(frmMain& form, RecordingState& recording, Accounts& accounts,
+LinkDispatch::LinkDispatch(frmMain& form, const RecordingState& recording, const Accounts& accounts,
                            SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
                            const Clock& clock, PaneDeck& panes, TransferPool& transfers)
     : QObject(&form), m_form(form), m_recording(recording), m_accounts(accounts),

@@ -22,7 +22,7 @@ class frmMain;
 class LinkDispatch : public QObject {
     Q_OBJECT
 public:
-    LinkDispatch(frmMain& form, RecordingState& recording, Accounts& accounts,
+    LinkDispatch(frmMain& form, const RecordingState& recording, const Accounts& accounts,
                  SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
                  const Clock& clock, PaneDeck& panes, TransferPool& transfers);
 
@@ -72,8 +72,8 @@ private:
     void AskForTicker(const QString& text);
 
     frmMain& m_form;
-    RecordingState& m_recording;
-    Accounts& m_accounts;
+    const RecordingState& m_recording;
+    const Accounts& m_accounts;
     SettingsStore& m_settings;
     const SiteTable& m_sites;
     Prompts& m_prompts;

@@ -46,7 +46,7 @@ LinkAction ActionOf(const Chip* link) {
 
 } // namespace
 
-LinkPanel::LinkPanel(frmMain& form, RecordingState& recording, SettingsStore& settings,
+LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
                      const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch,
                      PaneDeck& panes)
     : QObject(&form), m_form(form), m_recording(recording), m_settings(settings), m_sites(sites),

@@ -19,7 +19,7 @@ class frmMain;
 class LinkPanel : public QObject {
     Q_OBJECT
 public:
-    LinkPanel(frmMain& form, RecordingState& recording, SettingsStore& settings,
+    LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
               const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch, PaneDeck& panes);
 
     /// Makes the whole panel usable again after an operation that held it.
@@ -48,7 +48,7 @@ private:
     void RestoreColors(Chip* link);
 
     frmMain& m_form;
-    RecordingState& m_recording;
+    const RecordingState& m_recording;
     SettingsStore& m_settings;
     const SiteTable& m_sites;
     Prompts& m_prompts;

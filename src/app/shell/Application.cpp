@@ -34,6 +34,18 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setDesktopFileName(u"tallowmere"_s);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     QuitOnTermination();
+    connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,
+            Qt::DirectConnection);
+}
+
+// Who ends the program, or the session, does not wait for an answer to a box.
+void Application::EndNow() {
+    m_isEnding = true;
+    if (m_prompts)
+        m_prompts->Leave();
+    closeAllWindows();
+    // Unlike quit(), this ends the loops that the start waits in, too.
+    exit(0);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
@@ -62,10 +74,7 @@ void Application::QuitOnTermination() {
     auto* notifier = new QSocketNotifier(terminationSockets[1], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
-        m_isEnding = true;
-        closeAllWindows();
-        // Unlike quit(), this ends the loops that the start waits in, too.
-        exit(0);
+        EndNow();
     });
     struct sigaction action = {};
     action.sa_handler = WriteTermination;

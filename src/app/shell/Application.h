@@ -24,6 +24,7 @@ public:
 private:
     void Report(const QString& text);
     void QuitOnTermination();
+    void EndNow();
 
     Prompts* m_prompts = nullptr;
     bool m_isEnding = false;

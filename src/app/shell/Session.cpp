@@ -15,6 +15,7 @@
 #include "app/market/Timers.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/quotes/LiveQuotes.h"
+#include "app/shell/ClosingNote.h"
 #include "app/shell/Subsystems.h"
 #include "app/shell/WindowPlace.h"
 #include "app/sites/UserSites.h"
@@ -84,6 +85,7 @@ void Session::Start() {
             problem = error.what();
         }
     };
+    const std::string note = TakeClosingNote(m_setup.folders.programFolder);
     Subsystems& parts = *m_subsystems;
     ApplyProxy();
     RestoreWindow(*m_form, m_settings);
@@ -118,6 +120,8 @@ void Session::Start() {
     const std::string damage = DamagedSettingsText(m_settings);
     if (!damage.empty())
         m_setup.prompts.Message(ToQt(damage), MessageTitle());
+    if (!note.empty())
+        m_setup.prompts.Message(ToQt(note), MessageTitle());
     parts.sites->TellProblems();
 }
 
@@ -166,6 +170,8 @@ void Session::Close() {
     } catch (const RuntimeError& error) {
         // The program ends all the same, with every other window.
         m_setup.prompts.Message(ToQt(error.what()), MessageTitle());
+        if (m_setup.prompts.IsLeft())
+            LeaveClosingNote(m_setup.folders.programFolder, error.what());
     }
     QCoreApplication::quit();
 }
