@@ -2,6 +2,7 @@
 
 #include "app/base/PortalAddress.h"
 #include "app/base/Prompts.h"
+#include "app/engine/PagePermissions.h"
 #include "app/engine/PortalScheme.h"
 #include "app/engine/RequestRedirector.h"
 
@@ -47,6 +48,7 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     m_engine->setCachePath(storageFolder + u"/cache"_s);
     m_engine->setHttpCacheType(QWebEngineProfile::DiskHttpCache);
     m_engine->setPersistentCookiesPolicy(QWebEngineProfile::ForcePersistentCookies);
+    PagePermissions::RememberForThisRun(*m_engine);
     ApplySettings(*m_engine->settings());
     m_redirector = new RequestRedirector(access, this);
     m_engine->setUrlRequestInterceptor(m_redirector);

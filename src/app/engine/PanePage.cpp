@@ -4,42 +4,17 @@
 #include "app/base/Prompts.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/EngineProfile.h"
+#include "app/engine/PagePermissions.h"
 
 #include <QAuthenticator>
-#include <QPointer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineNewWindowRequest>
-
-#include <array>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct FeatureRow {
-    QWebEnginePage::Feature feature;
-    const char* wish;
-};
-
-// What a page may be allowed; everything else is refused unasked.
-// clang-format off
-constexpr std::array<FeatureRow, 5> kFeatures = {{
-    {QWebEnginePage::Notifications,            QT_TR_NOOP("show notifications")},
-    {QWebEnginePage::Geolocation,              QT_TR_NOOP("know where you are")},
-    {QWebEnginePage::MediaAudioCapture,        QT_TR_NOOP("use the microphone")},
-    {QWebEnginePage::MediaVideoCapture,        QT_TR_NOOP("use the camera")},
-    {QWebEnginePage::MediaAudioVideoCapture,   QT_TR_NOOP("use the camera and the microphone")},
-}};
-// clang-format on
-
-const char* WishOf(QWebEnginePage::Feature feature) {
-    for (const FeatureRow& row : kFeatures)
-        if (row.feature == feature)
-            return row.wish;
-    return nullptr;
-}
 
 bool IsShown(const QUrl& url) {
     return IsWebUrl(url) || url.scheme() == PortalAddress::Scheme() || url.scheme() == u"about";
@@ -52,7 +27,7 @@ PanePage::PanePage(EngineProfile& profile, Prompts& prompts)
     connect(this, &QWebEnginePage::urlChanged, this, [this] { m_isUnderWay = false; });
     connect(this, &QWebEnginePage::loadFinished, this, [this] { m_isUnderWay = false; });
     connect(this, &QWebEnginePage::newWindowRequested, this, &PanePage::OpenWindow);
-    connect(this, &QWebEnginePage::featurePermissionRequested, this, &PanePage::AskForFeature);
+    new PagePermissions(*this, prompts);
     connect(this, &QWebEnginePage::certificateError, this,
             [](QWebEngineCertificateError error) { error.rejectCertificate(); });
     connect(this, &QWebEnginePage::authenticationRequired, this,
@@ -93,18 +68,6 @@ void PanePage::OpenWindow(QWebEngineNewWindowRequest& request) {
     // A window that nobody asked for is dropped.
     if (request.isUserInitiated())
         Q_EMIT WindowWanted(request.requestedUrl());
-}
-
-void PanePage::AskForFeature(const QUrl& origin, QWebEnginePage::Feature feature) {
-    const char* wish = WishOf(feature);
-    const QPointer<PanePage> guard(this);
-    const bool isGranted =
-        wish && m_prompts.Ask(tr("The page of %1 asks to %2. Do you allow it?")
-                                  .arg(WebAccess::AsBuilt(origin).toString(), tr(wish)),
-                              MessageTitle());
-    if (guard)
-        setFeaturePermission(origin, feature,
-                             isGranted ? PermissionGrantedByUser : PermissionDeniedByUser);
 }
 
 void PanePage::AskForSignIn(const QString& server, QAuthenticator& authenticator) {

@@ -39,7 +39,6 @@ protected:
 
 private:
     void OpenWindow(QWebEngineNewWindowRequest& request);
-    void AskForFeature(const QUrl& origin, QWebEnginePage::Feature feature);
     void AskForSignIn(const QString& server, QAuthenticator& authenticator);
 
     Prompts& m_prompts;
