@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint> // the parser's parts, each by itself, want it
 #include <string_view>
 
 // Which version of the parser this is, before anything else of it.
