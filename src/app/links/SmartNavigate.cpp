@@ -19,7 +19,8 @@ void SmartNavigate::Show() {
     frmNav dialog(&m_form);
     for (const std::string& entry : remembered)
         dialog.Combo1->addItem(ToQt(entry));
-    dialog.Combo1->clearEditText();
+    // None of them is chosen yet: the first Down gives the newest.
+    dialog.Combo1->setCurrentIndex(-1);
     const bool confirmed = dialog.exec() == QDialog::Accepted;
     const std::string address =
         confirmed ? CompleteEntry(FromQt(dialog.Combo1->currentText())) : std::string();

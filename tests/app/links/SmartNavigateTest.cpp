@@ -112,6 +112,21 @@ private Q_SLOTS:
         });
     }
 
+    void TheFirstDownGivesTheNewestEntryAndTheNextTheOneBeforeIt() {
+        Window window;
+        window.Store("NAV1", "new.est");
+        window.Store("NAV2", "old.er");
+        window.Use([](frmNav& dialog) {
+            QTest::keyClick(dialog.Combo1, Qt::Key_Down);
+            QCOMPARE(dialog.Combo1->currentText(), u"new.est"_s);
+            QTest::keyClick(dialog.Combo1, Qt::Key_Down);
+            QCOMPARE(dialog.Combo1->currentText(), u"old.er"_s);
+            QTest::keyClick(dialog.Combo1, Qt::Key_Up);
+            QTest::keyClick(dialog.Combo1, Qt::Key_Return);
+        });
+        QCOMPARE(*window.navigations, QStringList{u"Web: new.est"_s});
+    }
+
     void TheListEndsAtTheFirstEmptyKey() {
         Window window;
         window.Store("NAV1", "a.b");
