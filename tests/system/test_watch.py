@@ -2,6 +2,7 @@
 
 import driver
 
+FIRST = 60  # seconds of a new window's first wait
 SHORTEST = 30  # seconds that the window takes at least
 
 
@@ -10,8 +11,8 @@ class Watch(driver.SystemTest):
         return f"/q?s={ticker.lower()}&d=2b"
 
     def watch(self, program, ticker):
-        """Opens a ticker's page and watches it at the shortest interval; gives the moment at which
-        the window loaded it."""
+        """Opens a ticker's page and watches it, after the first wait at the shortest interval; gives
+        the moment at which the window loaded it."""
         window = program.main_window()
         item = window.find(role="list item", name=ticker)
         item.click()
@@ -39,10 +40,13 @@ class Watch(driver.SystemTest):
 
         opened = self.watch(program, "MSFT")
         driver.screenshot(driver.SCREENSHOTS / "watch.png")
-        again = self.server.wait_for_request(self.page("MSFT"), times=3, seconds=SHORTEST + 20)
-        # A wait is one second longer than set.
-        self.assertGreater(again - opened, SHORTEST)
-        self.assertLess(again - opened, SHORTEST + 5)
+        # The wait that was under way keeps its seconds. A wait is one second longer than set.
+        again = self.server.wait_for_request(self.page("MSFT"), times=3, seconds=FIRST + 20)
+        self.assertGreater(again - opened, FIRST)
+        self.assertLess(again - opened, FIRST + 5)
+        third = self.server.wait_for_request(self.page("MSFT"), times=4, seconds=SHORTEST + 20)
+        self.assertGreater(third - again, SHORTEST)
+        self.assertLess(third - again, SHORTEST + 5)
         # The first window would have been due before the second.
         self.assertEqual(self.server.count(self.page("AOL")), 2)
 

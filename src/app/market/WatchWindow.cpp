@@ -21,6 +21,7 @@
 #include <QPdfWriter>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextDocument>
 #include <QValidator>
 
@@ -32,6 +33,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kTick = 1s;
+constexpr int kStep = 30; ///< of the cascade, in pixels: a title bar stays in view
+constexpr int kSteps = 10;
 constexpr double kEarliness = 0.05; ///< seconds by which a tick may come before its time
 
 /// Lets only those keys through that the seconds box takes, pasted ones too.
@@ -59,14 +62,11 @@ QByteArray PdfOf(const QString& html) {
 } // namespace
 
 WatchWindow::WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts,
-                         const Clock& clock, const std::string& target)
-    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts), m_clock(clock) {
+                         const Clock& clock, const std::string& target, int step)
+    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts), m_clock(clock),
+      m_step(step) {
     form.setMinimumSize(PixelsFromTwips(kWatchMinimumWidth), PixelsFromTwips(kWatchMinimumHeight));
-    try {
-        LoadFormPosition(form, settings);
-    } catch (const RuntimeError&) {
-        // The window is of more use in its default place than not at all.
-    }
+    Place();
     form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
     form.txtsecs->setValidator(new SecondsValidator(form.txtsecs));
     const WatchTarget parts = SplitWatchTarget(target);
@@ -78,6 +78,21 @@ WatchWindow::WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts
     WaitSecs(WatchSeconds(kDefaultWatchSeconds));
     form.Web->Navigate(form.Text1->text());
     Timer1.start(kTick);
+}
+
+void WatchWindow::Place() {
+    try {
+        LoadFormPosition(m_form, m_settings);
+    } catch (const RuntimeError&) {
+        // The window is of more use in its default place than not at all.
+    }
+    // Where there is no room below or on the right, the cascade goes the other way.
+    const QScreen* screen = m_form.screen();
+    const QRect room = screen->availableGeometry();
+    const int by = m_step % kSteps * kStep;
+    const int x = m_form.x() + m_form.width() + by <= room.right() ? by : -by;
+    const int y = m_form.y() + m_form.height() + by <= room.bottom() ? by : -by;
+    m_form.move(std::max(room.left(), m_form.x() + x), std::max(room.top(), m_form.y() + y));
 }
 
 void WatchWindow::Connect() {
@@ -101,6 +116,8 @@ void WatchWindow::Tick() {
         Timer1.stop();
         return;
     }
+    if (IsSetBack(static_cast<double>(m_began.secsTo(m_clock.Now()))))
+        WaitSecs(m_seconds);
     if (IsWaiting())
         return;
     m_form.Web->Refresh();
@@ -122,13 +139,9 @@ bool WatchWindow::IsWaiting() const {
            RemainingWait(noted, m_seconds, m_clock.SecondsSinceMidnight()) > kEarliness;
 }
 
-// Seconds that were changed hold for the wait that is under way too: who sets an
-// hour down to a minute does not wait for the end of the hour.
+// The wait that is under way keeps the seconds that it began with.
 void WatchWindow::SettleSeconds() {
-    const std::string settled = SettledSeconds(FromQt(m_form.txtsecs->text()));
-    m_form.txtsecs->setText(ToQt(settled));
-    m_seconds = WatchSeconds(settled);
-    ShowTimes();
+    m_form.txtsecs->setText(ToQt(SettledSeconds(FromQt(m_form.txtsecs->text()))));
 }
 
 void WatchWindow::OnLoaded(bool isLoaded) {
@@ -151,7 +164,8 @@ void WatchWindow::Stop() {
     m_form.Web->Stop();
     Timer1.stop();
     m_stop = true;
-    SaveFormPosition(m_form, m_settings);
+    if (m_step == 0)
+        SaveFormPosition(m_form, m_settings);
 }
 
 void WatchWindow::Export() {

@@ -15,9 +15,12 @@ class frmWiz;
 class WatchWindow : public QObject {
     Q_OBJECT
 public:
-    /// `target` is "caption|address".
+    /// `target` is "caption|address". The window stands `step` steps of a cascade from the stored
+    /// place; the one that stands there itself keeps that place.
     WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts, const Clock& clock,
-                const std::string& target);
+                const std::string& target, int step);
+
+    int Step() const { return m_step; }
 
     /// Begins a wait of so many seconds, and one more: until it is over, or the window closes, the
     /// page stays as it is. The window stays alive, and so do all others: the waits of many windows
@@ -27,6 +30,7 @@ public:
     QTimer Timer1;
 
 private:
+    void Place();
     void Connect();
     void Tick();
     bool IsWaiting() const;
@@ -44,6 +48,7 @@ private:
     QTime m_loaded;    ///< when the page was loaded last
     QDateTime m_began; ///< the wait that is under way, and how long it is
     int m_seconds = 0;
+    int m_step;
     bool m_stop = false;
 };
 

@@ -7,6 +7,7 @@
 #include "app/forms/frmWiz.h"
 #include "app/links/LinkDispatch.h"
 #include "app/market/WatchWindow.h"
+#include "core/market/watch.h"
 #include "core/shell/settings_store.h"
 
 namespace tallowmere {
@@ -27,8 +28,12 @@ WatchWindows::~WatchWindows() {
 frmWiz* WatchWindows::CreateWiz(const QString& target) {
     auto* window = new frmWiz(m_profile, m_prompts);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    new WatchWindow(*window, m_settings, m_prompts, m_clock, FromQt(target));
     m_windows.removeAll(nullptr);
+    std::vector<int> taken;
+    for (const QPointer<frmWiz>& open : std::as_const(m_windows))
+        if (const auto* watch = open->findChild<WatchWindow*>(); watch && open->isVisible())
+            taken.push_back(watch->Step());
+    new WatchWindow(*window, m_settings, m_prompts, m_clock, FromQt(target), FreeStep(taken));
     m_windows << window;
     window->show();
     return window;

@@ -9,6 +9,7 @@ namespace tallowmere {
 namespace {
 
 constexpr double kSecondsPerDay = 86400;
+constexpr double kSecondsPerHour = 3600;
 constexpr int kLongestWait = 43200;
 constexpr int kShortestWait = 30;
 
@@ -50,6 +51,17 @@ std::string SettledSeconds(std::string_view text) {
 double RemainingWait(double noted, int seconds, double now) {
     const double elapsed = now < noted ? now - noted + kSecondsPerDay : now - noted;
     return std::max(0.0, seconds + 1 - elapsed);
+}
+
+bool IsSetBack(double secondsSince) {
+    return secondsSince < -kSecondsPerHour;
+}
+
+int FreeStep(const std::vector<int>& taken) {
+    int step = 0;
+    while (std::ranges::find(taken, step) != taken.end())
+        ++step;
+    return step;
 }
 
 } // namespace tallowmere

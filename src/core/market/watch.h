@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The rules of a watch window, which reloads one page over and over.
 namespace tallowmere {
@@ -38,8 +39,15 @@ int WatchSeconds(std::string_view text);
 std::string SettledSeconds(std::string_view text);
 
 /// How long a wait of `seconds` that began at the clock `noted` still lasts at `now`, in seconds,
-/// 0 when it is over. Clocks are in seconds since midnight. A clock that was set back ends the
-/// wait.
+/// 0 when it is over. Clocks are in seconds since midnight; one behind the noted time is the next
+/// day's, so that the wait ends.
 double RemainingWait(double noted, int seconds, double now);
+
+/// Whether a clock that shows `secondsSince` since a wait began, negative before it, was set back:
+/// it is more than an hour behind. Up to an hour is what the change to winter time brings along.
+bool IsSetBack(double secondsSince);
+
+/// The least step of a cascade that no open window stands on.
+int FreeStep(const std::vector<int>& taken);
 
 } // namespace tallowmere

@@ -113,16 +113,18 @@ private Q_SLOTS:
         QVERIFY(Await([&] { return window.Loads() == 3; }));
     }
 
-    void ChangedSecondsHoldForTheWaitUnderWay() {
+    void ChangedSecondsHoldFromTheNextWaitOn() {
         Window window;
         frmWiz& form = window.Watch();
         form.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&form));
         TypeSeconds(form, u"30"_s);
-        window.PassSeconds(31);
+        form.Text1->setFocus();
+        QCOMPARE(form.lblTimes->text(), u"Loaded 10:00:00, due again 10:01:01"_s);
+        window.PassSeconds(60);
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
-        form.Text1->setFocus();
+        window.PassSeconds(1);
         QVERIFY(Await([&] { return window.Loads() == 2; }));
         window.PassSeconds(30);
         PassTicks(form);
@@ -147,6 +149,26 @@ private Q_SLOTS:
         PassTicks(form);
         QCOMPARE(window.Loads(), 1);
         window.PassSeconds(16);
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
+    }
+
+    void AClockALittleBehindEndsTheWait() {
+        Window window;
+        window.Watch();
+        window.PassSeconds(-3600);
+        QVERIFY(Await([&] { return window.Loads() == 2; }));
+    }
+
+    void AClockThatWasSetBackIsMeasuredAnew() {
+        Window window;
+        const frmWiz& form = window.Watch();
+        window.PassSeconds(-3601);
+        PassTicks(form);
+        QCOMPARE(window.Loads(), 1);
+        window.PassSeconds(60);
+        PassTicks(form);
+        QCOMPARE(window.Loads(), 1);
+        window.PassSeconds(1);
         QVERIFY(Await([&] { return window.Loads() == 2; }));
     }
 
@@ -267,6 +289,33 @@ private Q_SLOTS:
         QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Left", "")), u"600"_s);
         QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Height", "")), u"4500"_s);
         QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Width", "")), u"9000"_s);
+    }
+
+    void FurtherWindowsCascadeAndLeaveTheStoredPlaceToTheFirst() {
+        Window window([](TestSession& session) {
+            for (const auto& [key, value] : {std::pair{"Top", "1500"},
+                                             {"Left", "1500"},
+                                             {"Height", "4500"},
+                                             {"Width", "4500"}})
+                session.Settings().SaveSetting("frmWiz", key, value);
+        });
+        frmWiz& first = window.Watch();
+        QPointer<frmWiz> second = &window.Watch();
+        frmWiz& third = window.Watch();
+        QCOMPARE(first.pos(), QPoint(100, 100));
+        QCOMPARE(second->pos(), QPoint(130, 130));
+        QCOMPARE(third.pos(), QPoint(160, 160));
+        QCOMPARE(third.size(), first.size());
+        // What closes first does not count, but which stood in the stored place.
+        second->close();
+        QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Left", "")), u"1500"_s);
+        QVERIFY(Await([&] { return !second; }));
+        QCOMPARE(window.Watch().pos(), QPoint(130, 130));
+        first.move(40, 20);
+        first.close();
+        third.close();
+        QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Left", "")), u"600"_s);
+        QCOMPARE(ToQt(window.Settings().GetSetting("frmWiz", "Top", "")), u"300"_s);
     }
 
     void ADamagedPlaceKeepsNoWindowFromOpening() {

@@ -78,8 +78,26 @@ TEST(WatchWait, GoesOnOverMidnight) {
     EXPECT_EQ(RemainingWait(86390, 30, 21), 0);
 }
 
-TEST(WatchWait, EndsWhenTheClockIsSetBack) {
+TEST(WatchWait, EndsAsTheNextDaysWhenTheClockIsBehind) {
     EXPECT_EQ(RemainingWait(50000, 60, 46400), 0);
+    EXPECT_EQ(RemainingWait(50000, 60, 49999), 0);
+}
+
+TEST(WatchWait, AClockMoreThanAnHourBehindWasSetBack) {
+    EXPECT_FALSE(IsSetBack(0));
+    EXPECT_FALSE(IsSetBack(90000));
+    EXPECT_FALSE(IsSetBack(-1));
+    EXPECT_FALSE(IsSetBack(-3600));
+    EXPECT_TRUE(IsSetBack(-3601));
+    EXPECT_TRUE(IsSetBack(-86400));
+}
+
+TEST(Cascade, TakesTheLeastStepThatIsFree) {
+    EXPECT_EQ(FreeStep({}), 0);
+    EXPECT_EQ(FreeStep({0}), 1);
+    EXPECT_EQ(FreeStep({2, 0, 1}), 3);
+    EXPECT_EQ(FreeStep({1, 2}), 0);
+    EXPECT_EQ(FreeStep({0, 2}), 1);
 }
 
 TEST(WatchWait, TheLongestOneEnds) {
