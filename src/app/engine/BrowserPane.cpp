@@ -175,6 +175,20 @@ void BrowserPane::Stop() {
         End(false);
 }
 
+void BrowserPane::EndPage() {
+    ++m_navigation;
+    m_pendingAddress.clear();
+    m_failedAddress.clear();
+    if (m_isBusy)
+        End(false);
+    m_notice->hide();
+    m_findBar->hide();
+    m_shown = Shown::Page;
+    m_built = {};
+    delete std::exchange(m_view, nullptr);
+    delete m_page;
+}
+
 void BrowserPane::Refresh() {
     if (m_shown == Shown::Failure) {
         Load(QString(m_failedAddress));

@@ -34,11 +34,15 @@ public:
     void GoBack();
     void GoForward();
     void Stop();
+    /// Ends the page with all that it runs; the pane is as before its first navigation.
+    void EndPage();
     /// Loads the page again; after a failure or a crash the page that should be there.
     void Refresh();
 
     /// Whether a page is being loaded.
     bool Busy() const { return m_isBusy; }
+    /// Whether the navigation that BeforeNavigate2 tells of was started by the page itself.
+    bool IsPagesOwnWish() const { return m_isInPageHook; }
     /// Keeps the window alive until no page is being loaded, for a minute at most, or the pane is
     /// gone.
     void WaitWhileBusy();

@@ -41,10 +41,12 @@ void TickerStrip::Start() {
 void TickerStrip::Show(bool shown) {
     m_isShown = shown;
     m_form.ShowTicker(shown);
-    if (shown)
+    if (shown) {
         m_form.WebTick->Navigate(ToQt(m_sites.Address("stream_ticker", kPath)));
-    else
-        m_form.WebTick->Stop();
+        return;
+    }
+    m_form.WebTick->EndPage();
+    m_shownTickers.reset();
 }
 
 void TickerStrip::Switch(bool shown) {

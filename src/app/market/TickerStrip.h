@@ -24,7 +24,7 @@ public:
 
     bool IsShown() const { return m_isShown; }
 
-    /// Shows the strip and loads its page, or hides it and stops what it loads.
+    /// Shows the strip and loads its page, or hides it and ends the page: nothing of it runs on.
     void Show(bool shown);
 
     /// The same, and writes it down.

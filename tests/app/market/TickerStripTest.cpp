@@ -1,8 +1,12 @@
 #include "app/market/TickerStrip.h"
 
 #include "app/engine/BrowserPane.h"
+#include "support/Await.h"
+#include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
+
+#include <QWebEngineView>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -52,6 +56,37 @@ private Q_SLOTS:
         QTRY_COMPARE(window.Asked(u"AOL+BRK.B+KO"_s), 1);
         QCOMPARE(window.Asked(u"GE"_s), 0);
         QCOMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
+    }
+
+    void SwitchedOffItAsksForNothingMoreAndKeepsNoPage() {
+        LoopbackServer server;
+        server.Serve(u"/javaticker.html"_s,
+                     QByteArray("<html><script>setInterval(() => fetch('/tick'), 20)</script>"));
+        TestSession session(server.Address({}), WebMode::Direct);
+        session.Store("First", "OK");
+        session.Store("WSCTick", "True");
+        session.Start();
+        QVERIFY(Await([&] { return server.CountOf(u"/tick"_s) > 2; }));
+        session->Ticker().Switch(false);
+        QVERIFY(session.Form().fraTick->isHidden());
+        QVERIFY(!session.Form().WebTick->findChild<QWebEngineView*>());
+        QVERIFY(session.Form().WebTick->LocationURL().isEmpty());
+        QCOMPARE(session.Stored("WSCTick"), u"False"_s);
+        // What is on its way may still arrive; after that a page of the main pane can be loaded
+        // from one end to the other without a word from the strip.
+        session.Form().Web->Navigate(server.Address(u"/first"_s));
+        QVERIFY(Await([&] { return server.CountOf(u"/first"_s) == 1; }));
+        const qsizetype before = server.CountOf(u"/tick"_s);
+        for (int page = 0; page < 5; ++page) {
+            session.Form().Web->Navigate(server.Address(u"/%1"_s.arg(page)));
+            QVERIFY(Await([&] { return !session.Form().Web->Busy(); }));
+        }
+        QCOMPARE(server.CountOf(u"/tick"_s), before);
+        // A ticker that is entered meanwhile wakes nothing up.
+        session.Enter(u"ko"_s);
+        session->Ticker().Switch(true);
+        QVERIFY(Await([&] { return server.CountOf(u"/tick"_s) > before; }));
+        QCOMPARE(server.CountOf(u"/javaticker.html"_s), 2);
     }
 
     void NoMoreThanTwoHundredTickersRunBy() {
