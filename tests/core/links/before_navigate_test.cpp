@@ -35,6 +35,16 @@ TEST(RewriteStockLookup, KnowsAnIndexInTheLowerCaseOfTheLink) {
               "go.example/moneynet/jtickredir.asp?symbol=?.DJI");
 }
 
+TEST(RewriteStockLookup, TakesAnyHostAndSymbolsInAnyCase) {
+    for (const std::string_view address :
+         {"http://elsewhere.example/scripts/stocklookup?symbol=$RuT",
+          "elsewhere.example/scripts/stocklookup?symbol=$rut",
+          "https://lookup.example:8443/scripts/stocklookup?a=b&symbol=$RUT#top"})
+        EXPECT_EQ(RewriteStockLookup(address, Sites()),
+                  "go.example/moneynet/jtickredir.asp?symbol=?.RUT")
+            << address;
+}
+
 TEST(RewriteStockLookup, LetsTheEarlierRowWin) {
     EXPECT_EQ(RewriteStockLookup("lookup.example/scripts/stocklookup?symbol=$INDU,$SPX", Sites()),
               "go.example/moneynet/jtickredir.asp?symbol=?.SPX");
