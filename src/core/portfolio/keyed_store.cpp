@@ -247,7 +247,7 @@ void TickerNotes(const std::filesystem::path& folder, std::string& result,
             if (!ticker.empty() && !note.empty())
                 AppendToFile(path, NoteRecord(ticker, note));
         } else if (operation == "REMOVE") {
-            if (const auto rest = RemoveNote(ReadWholeFile(path), ticker))
+            if (const auto rest = RemoveNote(ReadExistingFile(path), ticker))
                 WriteWholeFile(path, *rest);
         } else if (operation == "KILL") {
             MoveToBackup(path);
@@ -291,9 +291,12 @@ std::string StorableNote(std::string_view note) {
 
 void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,
                  std::string_view file) {
+    if (keys.empty())
+        return;
     const auto path = PathInFolder(folder, file);
     try {
-        if (const auto rest = RemoveNotes(ReadWholeFile(path), keys))
+        // Reading alone must not leave an empty store behind.
+        if (const auto rest = RemoveNotes(ReadExistingFile(path), keys))
             WriteWholeFile(path, *rest);
     } catch (const RuntimeError&) {
         // As with a single REMOVE.

@@ -18,8 +18,9 @@ inline constexpr std::string_view kTickerNotesFile = "\\TickNotes.txt";
 
 /// Performs one operation on the store `file` (a name such as "\TickNotes.txt") in `folder`:
 /// "GET" puts the text of `ticker` into `result`, "SET" appends a record, "REMOVE" deletes the
-/// first record of `ticker`, "KILL" deletes the file (it is kept as `.bak`). `result` is empty
-/// otherwise. Errors of the file system are ignored: the operation then has no effect.
+/// first record of `ticker` and touches no file when there is none, "KILL" deletes the file (it is
+/// kept as `.bak`). `result` is empty otherwise. Errors of the file system are ignored: the
+/// operation then has no effect.
 void TickerNotes(const std::filesystem::path& folder, std::string& result,
                  std::string_view operation, std::string_view ticker, std::string_view note,
                  std::string_view file);

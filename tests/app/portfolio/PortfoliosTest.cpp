@@ -154,6 +154,21 @@ private Q_SLOTS:
         QCOMPARE(session.Form().List1->Count(), 0);
     }
 
+    void WithoutNotesRemovingAndClearingMakeNoFileOfThem() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "IBM|AOL|MSFT|");
+        session.Store("Stocks2", "MSFT|");
+        session.Start();
+        QTest::mouseClick(session.Form().Label1, Qt::LeftButton);
+        session.Form().List1->SetListIndex(0);
+        session.Form().menus->mnuMovePort.items[3]->trigger();
+        session.prompts.answers = {true};
+        session.Form().menus->clearList->trigger();
+        QCOMPARE(session.Form().List1->Count(), 0);
+        QVERIFY(!std::filesystem::exists(session.Folder() / "TickNotes.txt"));
+    }
+
     void ADoubleClickOnTheCrossRemovesOneTickerAndThenAsks() {
         TestSession session;
         session.Store("First", "OK");

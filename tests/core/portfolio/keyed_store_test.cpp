@@ -139,6 +139,20 @@ TEST_F(KeyedStore, RemoveOfAMissingRecordLeavesTheFileAlone) {
     EXPECT_EQ(StampOf(Path()), stamp);
 }
 
+TEST_F(KeyedStore, RemoveMakesNoFile) {
+    Run("REMOVE", "A");
+    RemoveNotes(m_folder.Path(), {"A", "B"}, kFile);
+    RemoveNotes(m_folder.Path(), {}, kFile);
+    EXPECT_FALSE(exists(Path()));
+}
+
+TEST_F(KeyedStore, WithoutKeysNothingIsRemoved) {
+    Write("||A||x|||||\r\n\r\n\r\n");
+    const auto stamp = StampOf(Path());
+    RemoveNotes(m_folder.Path(), {}, kFile);
+    EXPECT_EQ(StampOf(Path()), stamp);
+}
+
 TEST_F(KeyedStore, KillKeepsOneBackup) {
     Run("KILL");
     EXPECT_FALSE(exists(BackupPath(Path())));
