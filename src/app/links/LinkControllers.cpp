@@ -16,7 +16,7 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, const S
                                  const MenuTable& menus, const WebAccess& web, Prompts& prompts,
                                  const Clock& clock, const std::filesystem::path& programFolder,
                                  Transfers& transfers)
-    : outside(new SeparateBrowser(sites, web, prompts, &form)),
+    : outside(new SeparateBrowser(sites, web, prompts, programFolder, &form)),
       panes(new PaneDeck(form, recording, sites, programFolder, *outside)),
       dispatch(new LinkDispatch(form, recording, accounts, settings, sites, prompts, clock, *panes,
                                 transfers.inet)),

@@ -1,7 +1,9 @@
 #include "app/links/SeparateBrowser.h"
 
 #include "app/base/Prompts.h"
+#include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
+#include "core/portal/generated_pages.h"
 
 #include <QDesktopServices>
 #include <QProcess>
@@ -33,8 +35,9 @@ bool Start(QStringList command) {
 } // namespace
 
 SeparateBrowser::SeparateBrowser(const SiteTable& sites, const WebAccess& access, Prompts& prompts,
-                                 QObject* parent)
-    : QObject(parent), m_sites(sites), m_access(access), m_prompts(prompts) {}
+                                 const std::filesystem::path& programFolder, QObject* parent)
+    : QObject(parent), m_sites(sites), m_access(access), m_prompts(prompts),
+      m_programFolder(PathToQt(programFolder)) {}
 
 bool SeparateBrowser::StartOrOpen(std::string_view program, const QUrl& url) const {
     const QString text = QString::fromStdString(std::string(m_sites.Program(program)));
@@ -44,13 +47,24 @@ bool SeparateBrowser::StartOrOpen(std::string_view program, const QUrl& url) con
     return Start(command + QStringList{url.toString(QUrl::FullyEncoded)});
 }
 
-void SeparateBrowser::Open(const QString& address) {
+// Empty for what must not be opened. A file is known by its whole path as the program writes it,
+// never by an address that claims to be one.
+QUrl SeparateBrowser::PageToOpen(const QString& address) const {
+    if (!GeneratedPageIn(FromQt(m_programFolder), FromQt(address)).empty())
+        return QUrl::fromLocalFile(address);
     const QUrl url = UrlFromAddress(address);
     if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty())
+        return {};
+    return m_access.ResolveOutside(url);
+}
+
+void SeparateBrowser::Open(const QString& address) {
+    const QUrl url = PageToOpen(address);
+    if (url.isEmpty())
         m_prompts.Message(
             tr("Only pages of the web open in a separate browser, not %1").arg(address),
             MessageTitle());
-    else if (!StartOrOpen("browser", m_access.ResolveOutside(url)))
+    else if (!StartOrOpen("browser", url))
         m_prompts.Message(tr("No browser could be started for %1").arg(address), MessageTitle());
 }
 

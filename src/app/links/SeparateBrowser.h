@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <filesystem>
+
 namespace tallowmere {
 
 class Prompts;
@@ -15,21 +17,24 @@ class SeparateBrowser : public QObject {
     Q_OBJECT
 public:
     SeparateBrowser(const SiteTable& sites, const WebAccess& access, Prompts& prompts,
-                    QObject* parent = nullptr);
+                    const std::filesystem::path& programFolder, QObject* parent = nullptr);
 
-    /// Opens an http(s) address, and nothing else, in a browser of its own: in live mode the page
-    /// that it leads to today.
+    /// Opens a page in a browser of its own: an http(s) address, in live mode the page that it
+    /// leads to today, or the path of a page that the program wrote into its folder. Anything else
+    /// is refused, other files above all.
     void Open(const QString& address);
     void StartCalculator();
     /// Begins a mail; `address` starts with "mailto:".
     void WriteMail(const QString& address);
 
 private:
+    QUrl PageToOpen(const QString& address) const;
     bool StartOrOpen(std::string_view program, const QUrl& url) const;
 
     const SiteTable& m_sites;
     const WebAccess& m_access;
     Prompts& m_prompts;
+    QString m_programFolder;
 };
 
 } // namespace tallowmere

@@ -1,6 +1,7 @@
 #include "app/links/SeparateBrowser.h"
 #include "core/sites/site_table.h"
 
+#include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
 #include "core/sites/site_resolver.h"
 #include "support/TestPrompts.h"
@@ -44,7 +45,7 @@ struct Bench {
     TestPrompts prompts;
     SiteTable table;
     WebAccess access{WebMode::Direct};
-    SeparateBrowser outside{table, access, prompts};
+    SeparateBrowser outside{table, access, prompts, ToPath(folder.path())};
 };
 
 } // namespace
@@ -57,11 +58,11 @@ public Q_SLOTS:
 private Q_SLOTS:
     void init() {
         m_onDesktop.clear();
-        for (const char* scheme : {"http", "https", "mailto"})
+        for (const char* scheme : {"http", "https", "mailto", "file"})
             QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "OpenOnDesktop");
     }
     void cleanup() {
-        for (const char* scheme : {"http", "https", "mailto"})
+        for (const char* scheme : {"http", "https", "mailto", "file"})
             QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
     }
 
@@ -87,8 +88,21 @@ private Q_SLOTS:
     void NothingButPagesOfTheWebIsOpened() {
         Bench bench;
         bench.Use("browser = \"" + bench.Program(u"browser"_s).toUtf8() + "\"");
-        const QStringList refused{u"file:///etc/hosts"_s, u"/etc/hosts"_s, u"javascript:alert(1)"_s,
-                                  u"--version"_s,         u"http://"_s,    QString()};
+        const QString folder = bench.folder.path();
+        const QStringList refused{folder,
+                                  folder + u"/TickNotes.txt"_s,
+                                  folder + u"/settings.ini"_s,
+                                  folder + u"/sub/ycs.htm"_s,
+                                  folder + u"/../ycs.htm"_s,
+                                  folder + u"/../secret.mlnk"_s,
+                                  u"file://"_s + folder + u"/ycs.htm"_s,
+                                  u"/ycs.htm"_s,
+                                  u"file:///etc/hosts"_s,
+                                  u"/etc/hosts"_s,
+                                  u"javascript:alert(1)"_s,
+                                  u"--version"_s,
+                                  u"http://"_s,
+                                  QString()};
         for (const QString& address : refused)
             bench.outside.Open(address);
         bench.outside.WriteMail(u"http://q.example"_s);
@@ -96,6 +110,24 @@ private Q_SLOTS:
         QVERIFY(m_onDesktop.isEmpty());
         bench.outside.Open(u"q.example"_s);
         QTRY_COMPARE(bench.Called(u"browser"_s), u"http://q.example\n"_s);
+    }
+
+    void PagesOfTheProgramsFolderOpenAsTheirFiles() {
+        Bench bench;
+        const QStringList pages{u"ycs.htm"_s,     u"ycl.htm"_s,       u"ycprint.html"_s,
+                                u"report.html"_s, u"multiweb.html"_s, u"My page.mlnk"_s};
+        for (const QString& page : pages)
+            bench.outside.Open(bench.folder.filePath(page));
+        QVERIFY(bench.prompts.messages.isEmpty());
+        QCOMPARE(m_onDesktop.size(), pages.size());
+        for (qsizetype i = 0; i < pages.size(); ++i)
+            QCOMPARE(QUrl(m_onDesktop.at(i)).toLocalFile(), bench.folder.filePath(pages.at(i)));
+        bench.Use("browser = \"" + bench.Program(u"browser"_s).toUtf8() + "\"");
+        bench.outside.Open(bench.folder.filePath(u"My page.mlnk"_s));
+        QTRY_COMPARE(bench.Called(u"browser"_s),
+                     QUrl::fromLocalFile(bench.folder.filePath(u"My page.mlnk"_s))
+                             .toString(QUrl::FullyEncoded) +
+                         u'\n');
     }
 
     void InLiveModeTodaysPageOpens_data() {
@@ -130,7 +162,8 @@ private Q_SLOTS:
         live.SetResolver([&](const std::string& built, AddressUse use) {
             return resolver.Resolve(built, use).value_or(built);
         });
-        SeparateBrowser(bench.table, live, bench.prompts).Open(address);
+        SeparateBrowser(bench.table, live, bench.prompts, ToPath(bench.folder.path()))
+            .Open(address);
         QTEST(m_onDesktop.value(0), "opened");
         QVERIFY(bench.prompts.messages.isEmpty());
     }
