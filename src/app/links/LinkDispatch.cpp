@@ -114,6 +114,9 @@ void LinkDispatch::Run(const LinkRow& row, const TickerForms& forms) {
         LoadGated(row, forms);
         break;
     case LinkAction::Menu:
+        // The brokers of this menu load into the first pane, unlike those beside it.
+        if (row.area == Area::BRK && !m_panes.OpensNextOutside())
+            m_panes.ShowFirst();
         Q_EMIT MenuRequested(ToQt(row.target));
         break;
     case LinkAction::QueryPortfolio:
@@ -241,19 +244,14 @@ void LinkDispatch::LoadAlerts(const LinkRow& row) {
 }
 
 void LinkDispatch::FindHomePage(const LinkRow& row, const TickerForms& forms) {
-    if (m_finding)
-        return;
-    m_finding = true;
-    const auto done = qScopeGuard([this, self = QPointer(this)] {
-        if (self)
-            m_finding = false;
-    });
+    const int search = ++m_searches;
     const QPointer<LinkDispatch> alive(this);
     const QString ticker = ToQt(forms.upper);
     m_panes.ShowStatus(ticker + u" - Finding Website"_s);
     const QString profile = ToQt(BuildAddress(row, forms, m_sites, m_clock.Today()));
     const QByteArray page = m_transfers.FetchPage(profile);
-    if (!alive)
+    // A search that began meanwhile has the pane; it is over by now.
+    if (!alive || search != m_searches)
         return;
     const QString home =
         ToQt(tallowmere::FindHomePage({page.data(), static_cast<std::size_t>(page.size())}));

@@ -83,7 +83,7 @@ private:
     int m_lastLink = 0;    ///< 0 for none
     QString m_lastAddress; ///< of the last ticker link
     QString m_lastTicker;  ///< upper case, of the same link
-    bool m_finding = false;
+    int m_searches = 0;    ///< for home pages; the last one wins the pane
 };
 
 } // namespace tallowmere

@@ -18,7 +18,8 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
     connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
     connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
     for (BrowserPane* pane : {form.Web, form.WebB}) {
-        connect(pane, &BrowserPane::StatusTextChange, this, &PaneDeck::ShowStatus);
+        connect(pane, &BrowserPane::StatusTextChange, this,
+                [this, pane](const QString& text) { OnPaneStatus(*pane, text); });
         connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
     }
     form.WebTick->SetNewWindowTarget(form.Web);
@@ -63,7 +64,18 @@ BrowserPane* PaneDeck::Front() const {
     return m_form.Web->isHidden() ? m_form.WebB : m_form.Web;
 }
 
+void PaneDeck::OnPaneStatus(const BrowserPane& pane, const QString& text) {
+    if (!m_isStatusLasting || text != pane.LocationURL())
+        ShowStatus(text);
+}
+
+void PaneDeck::ShowLastingStatus(const QString& text) {
+    ShowStatus(text);
+    m_isStatusLasting = true;
+}
+
 void PaneDeck::ShowStatus(const QString& text) {
+    m_isStatusLasting = false;
     m_form.WebStatus->setText(LineStart(text));
     m_form.WebStatus->setAccessibleName(text);
 }

@@ -44,6 +44,10 @@ public:
     /// Shows a text in the status line.
     void ShowStatus(const QString& text);
 
+    /// Shows a text that stays until a page begins to load or the pointer is over a link: what a
+    /// pane says of where it rests does not replace it.
+    void ShowLastingStatus(const QString& text);
+
     /// Draws the progress bar; 0 of anything empties it.
     void ShowProgress(int progress, int maximum);
 
@@ -54,6 +58,7 @@ Q_SIGNALS:
 private:
     void BeforeFirst(const QString& address, bool* cancel);
     void BeforeEither(const QString& address, bool* cancel);
+    void OnPaneStatus(const BrowserPane& pane, const QString& text);
 
     frmMain& m_form;
     RecordingState& m_recording;
@@ -61,6 +66,7 @@ private:
     std::filesystem::path m_programFolder;
     SeparateBrowser& m_outside;
     bool m_opensNextOutside = false;
+    bool m_isStatusLasting = false;
 };
 
 } // namespace tallowmere

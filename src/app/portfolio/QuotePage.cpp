@@ -32,15 +32,12 @@ QuotePage::QuotePage(frmMain& form, SettingsStore& settings, const SiteTable& si
       m_transfers(transfers) {}
 
 void QuotePage::Show(std::string_view viewCode) {
-    if (m_working)
-        return;
-    m_working = true;
+    const int call = ++m_latest;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto done = qScopeGuard([this, alive = QPointer(this)] {
+    const auto done = qScopeGuard([this, call, alive = QPointer(this)] {
         QGuiApplication::restoreOverrideCursor();
-        if (!alive)
+        if (!alive || call != m_latest)
             return;
-        m_working = false;
         m_panes.ShowProgress(0, kSteps);
         m_view.pendingView = kSkippedView;
     });
@@ -51,10 +48,10 @@ void QuotePage::Show(std::string_view viewCode) {
         return;
     }
     try {
-        Build(query, viewCode);
-    } catch (const RuntimeError&) {
-        // The page that was written before stays; nothing is said about it.
-        m_panes.ShowStatus({});
+        Build(query, viewCode, call);
+    } catch (const RuntimeError& error) {
+        // The page that was written before stays; no box stands in the way, the status line tells.
+        m_panes.ShowStatus(ToQt(error.what()));
     }
 }
 
@@ -67,11 +64,12 @@ std::string QuotePage::Query() const {
     return CondensedQuery(tickers);
 }
 
-void QuotePage::Build(const std::string& query, std::string_view viewCode) {
+// A later call runs while this one waits for its page, and has ended when this one goes on.
+void QuotePage::Build(const std::string& query, std::string_view viewCode, int call) {
     const QPointer<QuotePage> alive(this);
     m_panes.ShowProgress(kFetching, kSteps);
     const QByteArray body = m_transfers.FetchPage(ToQt(CondensedAddress(query, viewCode, m_sites)));
-    if (!alive)
+    if (!alive || call != m_latest)
         return;
     m_panes.ShowProgress(kArranging, kSteps);
     const auto page = CondensedPage({body.data(), static_cast<std::size_t>(body.size())}, m_sites);
@@ -80,7 +78,7 @@ void QuotePage::Build(const std::string& query, std::string_view viewCode) {
         return;
     }
     m_panes.ShowGenerated("ycprint.html", *page);
-    m_panes.ShowStatus(u"Portfolio Query (Condensed View)"_s);
+    m_panes.ShowLastingStatus(u"Portfolio Query (Condensed View)"_s);
 }
 
 } // namespace tallowmere

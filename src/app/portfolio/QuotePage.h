@@ -24,11 +24,11 @@ public:
 
     /// Fetches, writes and shows the page with a view code ("1b", "2b" or "0b"). Whatever goes
     /// wrong ends it quietly, and the page that was written before stays. A call while another
-    /// works does nothing.
+    /// works begins at once, and its page is the one that is shown.
     void Show(std::string_view viewCode);
 
 private:
-    void Build(const std::string& query, std::string_view viewCode);
+    void Build(const std::string& query, std::string_view viewCode, int call);
     std::string Query() const;
 
     frmMain& m_form;
@@ -37,7 +37,7 @@ private:
     PaneDeck& m_panes;
     TransferPool& m_transfers;
     PortfolioView m_view;
-    bool m_working = false;
+    int m_latest = 0; ///< counts the calls: the last one wins the pane
 };
 
 } // namespace tallowmere

@@ -111,6 +111,29 @@ private Q_SLOTS:
             menu->close();
     }
 
+    void MoreBrokersBringsTheFirstPaneBackBeforeItsMenu() {
+        Window window;
+        window.ClickLink(8);
+        QVERIFY(window.Form().Web->isHidden());
+        bool isFirstInFront = false;
+        connect(&window->Dispatch(), &LinkDispatch::MenuRequested, &window.Form(), [&] {
+            isFirstInFront = !window.Form().Web->isHidden() && window.Form().WebB->isHidden();
+        });
+        window.ClickLink(89);
+        QVERIFY(isFirstInFront);
+        if (QWidget* menu = QApplication::activePopupWidget())
+            menu->close();
+    }
+
+    void MoreBrokersForASeparateBrowserLeavesTheBrokersPageInFront() {
+        Window window;
+        window.ClickLink(8);
+        QTest::mouseClick(window.Link(89), Qt::RightButton);
+        QVERIFY(!window.Form().WebB->isHidden());
+        if (QWidget* menu = QApplication::activePopupWidget())
+            menu->close();
+    }
+
     void TheLastLinkIsRepeatedByADoubleClickOnTheTicker() {
         Window window;
         window.ClickLink(15);
@@ -169,6 +192,22 @@ private Q_SLOTS:
         QCOMPARE(window.asked.count(u"h.example/p/m/msft.html"_s), 1);
         QCOMPARE(*window.navigations, QStringList{u"Web: http://www.msft.example"_s});
         QCOMPARE(window.Form().windowTitle(), u"MSFT - http://www.msft.example"_s);
+    }
+
+    void OfTwoSearchesForAHomePageTheLaterWins() {
+        Window window;
+        window.portal = [&](const std::string&, const std::string& path) {
+            if (path == "/p/m/msft.html") {
+                window.Enter(u"ibm"_s);
+                window.Form().List1->SetListIndex(window.Form().List1->Count() - 1);
+                window.ClickLink(28);
+            }
+            return PortalAnswer{"text/html",
+                                "<html><a href=\"http://of" + path + "\">Home Page</a></html>"};
+        };
+        window.ClickLink(28);
+        QCOMPARE(*window.navigations, QStringList{u"Web: http://of/p/i/ibm.html"_s});
+        QCOMPARE(window.Form().windowTitle(), u"IBM - http://of/p/i/ibm.html"_s);
     }
 
     void AProfileWithoutAHomePageSaysSo() {
