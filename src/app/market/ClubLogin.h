@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 namespace tallowmere {
 
@@ -11,23 +12,43 @@ class frmMain;
 struct Accounts;
 
 /// Lets a member of the discussion club in at the start: shows the members' page and, when it is
-/// not refused, gives the club's link its caption.
+/// not refused, gives the club's link its caption. The start goes on meanwhile; what has to come
+/// after the club waits for the signals, which come within half a minute, however long the club
+/// says nothing.
 class ClubLogin : public QObject {
     Q_OBJECT
 public:
     ClubLogin(frmMain& form, const SiteTable& sites, Prompts& prompts, const Accounts& accounts,
               TransferControl& tmNet);
 
-    /// Does nothing for who is no member. Returns when the page is there; the window, and this
-    /// with it, may be gone by then.
-    void Check();
+    /// Sends the main pane to the members' page and returns. Gives false for who is no member;
+    /// nothing happens then, and no signal comes.
+    bool Begin();
+
+Q_SIGNALS:
+    /// The members' page is there, or is no longer waited for; once. `isPaneFree` is false when the
+    /// user sent the pane elsewhere meanwhile.
+    void PageOver(bool isPaneFree);
+    /// The check is over, and what there was to say is said; once.
+    void Over();
 
 private:
+    void OnPageEnded();
+    void EndPageWait();
+    void Ask();
+    void OnAnswer();
+    void Conclude(const QByteArray& page);
+    void Leave();
+
     frmMain& m_form;
     const SiteTable& m_sites;
     Prompts& m_prompts;
     const Accounts& m_accounts;
     TransferControl& m_tmNet;
+    QString m_address;
+    QTimer m_patience;
+    enum class State { Idle, Page, Answer } m_state = State::Idle;
+    bool m_isPaneFree = true;
 };
 
 } // namespace tallowmere

@@ -48,6 +48,15 @@ Session::Session(SessionSetup setup)
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);
     connect(m_form.get(), &frmMain::PanelsChanged, this,
             [this] { SavePanels(*m_form, m_settings); });
+    const MarketControllers& market = m_subsystems->market;
+    connect(market.club, &ClubLogin::PageOver, this, [this](bool isPaneFree) {
+        if (isPaneFree)
+            ChooseFirstPage();
+    });
+    connect(market.club, &ClubLogin::Over, this, [this] {
+        QTimer::singleShot(0, m_subsystems->links.lists, &ServerLists::FetchAll);
+        m_subsystems->tools.reminders->CheckReminders();
+    });
     connect(m_form->menus->exit, &QAction::triggered, m_form.get(), &QWidget::close);
 }
 
@@ -96,11 +105,13 @@ void Session::Start() {
     ShowCustomLinks(*m_form, m_settings);
     parts.links.accounts = {Flag("SAVersion"), Text("MNL"), Text("MNP")};
     m_form->SetToolTips(Flag("Tips"));
-    parts.market.club->Check();
+    // The window does not wait for the club, but what is to come after it does.
+    const bool isAtClub = parts.market.club->Begin();
     const bool isFirstStart = Text("First").isEmpty();
     if (isFirstStart)
         attempt([this] { m_settings.SaveSetting(kSettingsSection, "First", "OK"); });
-    ChooseFirstPage();
+    if (!isAtClub)
+        ChooseFirstPage();
     parts.market.edges->Start();
     parts.market.ticker->Start();
     parts.links.panel->EnableLinks();
@@ -110,11 +121,13 @@ void Session::Start() {
         attempt([&] { parts.portfolio.portfolios->SeedFirstStart(); });
     parts.market.strip->Start();
     m_form->show();
-    parts.tools.reminders->CheckReminders();
+    if (!isAtClub)
+        parts.tools.reminders->CheckReminders();
     m_form->txtStock->setFocus();
     parts.market.timers->Start();
     // The first page does not wait for the lists of the menus.
-    QTimer::singleShot(0, parts.links.lists, &ServerLists::FetchAll);
+    if (!isAtClub)
+        QTimer::singleShot(0, parts.links.lists, &ServerLists::FetchAll);
     if (!problem.empty())
         m_setup.prompts.Message(ToQt(problem), MessageTitle());
     const std::string damage = DamagedSettingsText(m_settings);
@@ -177,9 +190,6 @@ void Session::Close() {
 }
 
 void Session::Raise() {
-    // While the start is still waiting for the club there is nothing to work with yet.
-    if (m_subsystems->portfolio.portfolios->Current() == 0)
-        return;
     m_form->setWindowState((m_form->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
     m_form->show();
     m_form->raise();

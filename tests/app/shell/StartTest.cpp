@@ -1,6 +1,7 @@
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
 #include "app/market/ActiveEdges.h"
+#include "app/market/ClubLogin.h"
 #include "app/market/IndexStrip.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
@@ -9,6 +10,7 @@
 #include "support/WebTest.h"
 
 #include <QLabel>
+#include <QTimer>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -66,10 +68,11 @@ private Q_SLOTS:
         TestSession session;
         session.Store("SAVersion", "True");
         session.Start();
-        QVERIFY(!session.asked.isEmpty());
-        QTRY_VERIFY(!session.Form().Web->LocationURL().isEmpty());
+        QVERIFY(session.Form().isVisible());
+        QTRY_COMPARE(session.Link(189)->Caption(), u"Discussion Groups"_s);
+        QCOMPARE(session.Form().Web->LocationURL(), u"h.example/members/"_s);
+        QCOMPARE(session.asked.count(u"h.example/members/"_s), 2);
         QVERIFY(session.Form().Web->LocationURL() != IndexPage());
-        QCOMPARE(session.Link(189)->Caption(), u"Discussion Groups"_s);
         QVERIFY(session.prompts.messages.isEmpty());
     }
 
@@ -80,13 +83,71 @@ private Q_SLOTS:
             return PortalAnswer{"text/html", "<html>401 Authorization Required</html>"};
         };
         session.Start();
-        QCOMPARE(session.prompts.messages,
-                 QStringList{
-                     u"Quorvane: Sorry, your login information for Society Anonyme was incorrect. "
-                     "If you wish to try again, u must restart Tallowmere, otherwise uncheck the "
-                     "Societe Anonyme box in setup if you are not a member."_s});
-        QCOMPARE(session.Link(189)->Caption(), u"Y"_s);
         QVERIFY(session.Form().isVisible());
+        QTRY_COMPARE(
+            session.prompts.messages,
+            QStringList{
+                u"Quorvane: Sorry, your login information for Society Anonyme was incorrect. "
+                "If you wish to try again, u must restart Tallowmere, otherwise uncheck the "
+                "Societe Anonyme box in setup if you are not a member."_s});
+        QCOMPARE(session.Link(189)->Caption(), u"Y"_s);
+    }
+
+    void AMembersStartPageComesWhenTheClubsPageIsThere() {
+        TestSession session;
+        session.Store("SAVersion", "True");
+        session.Store("DefaultWeb", "Ah.example/mine");
+        session.Start();
+        QTRY_COMPARE(session.Form().Web->LocationURL(), u"h.example/mine"_s);
+        QVERIFY(session.asked.indexOf(u"h.example/members/"_s) <
+                session.asked.indexOf(u"h.example/mine"_s));
+    }
+
+    void AClubThatSaysNothingHoldsNothingUp() {
+        LoopbackServer server;
+        server.Serve(u"/members/"_s, {"<html>", CannedPage::Ending::Silent});
+        TestSession session(server.Address({}), WebMode::Direct);
+        session.Store("First", "OK");
+        session.Store("SAVersion", "True");
+        session.Store("Stocks1", "MSFT|");
+        session.Store("DefaultWeb", ("A" + FromQt(server.Address(u"/mine"_s))).c_str());
+        session.Start();
+        // The window is there with all that it needs, while the page is still waited for.
+        QVERIFY(session.Form().isVisible());
+        QCOMPARE(session.Form().List1->SelectedText(), u"MSFT"_s);
+        QTRY_COMPARE(server.CountOf(u"/members/"_s), 1);
+        QVERIFY(session.Form().Web->Busy());
+        QCOMPARE(session.Link(189)->Caption(), u"Y"_s);
+        // A link that is clicked meanwhile loads, and the start page does not take its place.
+        session.ClickLink(3);
+        QTRY_VERIFY(session.Form().Web->LocationURL().endsWith(u"/q?s=msft&d=2b"_s));
+        QTRY_COMPARE(server.CountOf(u"/members/"_s), 2);
+        QCOMPARE(server.CountOf(u"/mine"_s), 0);
+        QVERIFY(session.Form().Web->LocationURL().endsWith(u"/q?s=msft&d=2b"_s));
+    }
+
+    void WhatComesAfterTheClubComesWhenItIsGivenUp() {
+        LoopbackServer server;
+        server.Serve(u"/members/"_s, {"<html>", CannedPage::Ending::Silent});
+        server.Serve(u"/mine"_s, QByteArray("<html>mine</html>"));
+        TestSession session(server.Address({}), WebMode::Direct);
+        session.Store("First", "OK");
+        session.Store("SAVersion", "True");
+        session.Store("DefaultWeb", ("A" + FromQt(server.Address(u"/mine"_s))).c_str());
+        session.Start();
+        QTRY_COMPARE(server.CountOf(u"/members/"_s), 1);
+        // Stop is the user's way of not waiting for it.
+        session.ClickLink(100);
+        QTRY_COMPARE(session.Form().Web->LocationURL(), server.Address(u"/mine"_s));
+        QTRY_COMPARE(server.CountOf(u"/members/"_s), 2);
+        auto* club = session.Form().findChild<ClubLogin*>();
+        auto* patience = club->findChild<QTimer*>();
+        QVERIFY(patience->isActive());
+        QVERIFY(patience->interval() <= 30000);
+        patience->start(0);
+        QTRY_COMPARE(session.Link(189)->Caption(), u"Discussion Groups"_s);
+        // The lists of the menus use the same transfer, and come now.
+        QTRY_VERIFY(!server.Requests().filter(u"newsites.html"_s).isEmpty());
     }
 
     void TheTickerStripMovesThePanesDown() {
