@@ -1,5 +1,7 @@
 #include "app/base/FlowLayout.h"
 
+#include <QWidget>
+
 namespace tallowmere {
 
 FlowLayout::FlowLayout(QWidget* parent, int gap) : QLayout(parent), m_gap(gap) {
@@ -30,7 +32,30 @@ void FlowLayout::setGeometry(const QRect& rect) {
     Arrange(rect, true);
 }
 
+int FlowLayout::ArrangeInColumns(const QRect& rect, bool apply) const {
+    const QSize cell = minimumSize();
+    const int columns = std::max(1, (rect.width() + m_gap) / std::max(1, cell.width() + m_gap));
+    const auto left = [&](int column) { return (rect.width() + m_gap) * column / columns; };
+    int shown = 0;
+    for (QLayoutItem* item : m_items) {
+        if (item->isEmpty())
+            continue;
+        const int column = shown % columns;
+        const int row = shown / columns;
+        ++shown;
+        // The item itself would keep to the size that it would like to have.
+        if (apply && item->widget())
+            item->widget()->setGeometry(
+                rect.x() + left(column), rect.y() + row * (cell.height() + m_gap),
+                std::max(cell.width(), left(column + 1) - left(column) - m_gap), cell.height());
+    }
+    const int rows = (shown + columns - 1) / columns;
+    return std::max(0, rows * (cell.height() + m_gap) - m_gap);
+}
+
 int FlowLayout::Arrange(const QRect& rect, bool apply) const {
+    if (m_hasEqualColumns)
+        return ArrangeInColumns(rect, apply);
     int x = rect.x();
     int y = rect.y();
     int rowHeight = 0;

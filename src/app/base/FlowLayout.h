@@ -8,6 +8,10 @@ namespace tallowmere {
 class FlowLayout : public QLayout {
 public:
     explicit FlowLayout(QWidget* parent, int gap);
+
+    /// Puts the items into columns of one width, as many as there is room for, that share the room.
+    void SetEqualColumns(bool equal) { m_hasEqualColumns = equal; }
+
     ~FlowLayout() override;
 
     void addItem(QLayoutItem* item) override { m_items.append(item); }
@@ -23,7 +27,9 @@ public:
 
 private:
     int Arrange(const QRect& rect, bool apply) const;
+    int ArrangeInColumns(const QRect& rect, bool apply) const;
 
+    bool m_hasEqualColumns = false;
     QList<QLayoutItem*> m_items;
     int m_gap;
 };

@@ -26,10 +26,33 @@ CustomMenu::CustomMenu(frmMain& form, SettingsStore& settings, LinkPanel& panel,
     connect(mnuCustom, &QMenu::aboutToShow, &panel, [&panel] { panel.Hold(true); });
     connect(mnuCustom, &QMenu::aboutToHide, &panel, [&panel] { panel.Hold(false); });
     connect(&panel, &LinkPanel::CustomMenuRequested, this,
-            [this](int slot, const QPoint& position) {
-                m_slot = slot;
+            [this](int link, const QPoint& position) {
+                Prepare(link);
                 mnuCustom->popup(position);
             });
+    AddToMenuBar(panel);
+}
+
+void CustomMenu::AddToMenuBar(const LinkPanel& panel) {
+    QMenu* menu = m_form.menus->linkMenu;
+    for (int item = OpenInNewWindow; item <= Paste; ++item)
+        menu->addAction(mnuCustLnk[static_cast<std::size_t>(item)]);
+    connect(menu, &QMenu::aboutToShow, this,
+            [this, &panel] { Prepare(panel.Target() ? panel.Target()->Index() : kNoLink); });
+}
+
+void CustomMenu::Prepare(int link) {
+    m_slot = link;
+    const Chip* chip = link == kNoLink ? nullptr : Link();
+    const bool isSlot = IsCustomSlot(link);
+    const bool isUsed = chip && !IsUnusedSlot(FromQt(chip->Caption()));
+    const bool isEnabled = chip && chip->isEnabled();
+    mnuCustLnk[Open]->setEnabled(isUsed && isEnabled);
+    mnuCustLnk[OpenInNewWindow]->setEnabled(LinkPanel::CanOpenOutside(chip));
+    mnuCustLnk[Properties]->setEnabled(isSlot && isEnabled);
+    mnuCustLnk[ResetSlot]->setEnabled(isSlot && isUsed && isEnabled);
+    mnuCustLnk[Copy]->setEnabled(isUsed);
+    mnuCustLnk[Paste]->setEnabled(isSlot && isUsed && m_hasCopied);
 }
 
 void CustomMenu::Build() {
@@ -43,7 +66,7 @@ void CustomMenu::Build() {
         connect(action, &QAction::triggered, this, [this, item] { Choose(item); });
         mnuCustLnk[static_cast<std::size_t>(item)] = action;
     }
-    mnuCustLnk[Paste]->setEnabled(false);
+    Prepare(kNoLink);
 }
 
 Chip* CustomMenu::Link() const {
@@ -84,7 +107,8 @@ void CustomMenu::Reset() {
 
 void CustomMenu::CopyColors() {
     m_copied = Link()->Colors();
-    mnuCustLnk[Paste]->setEnabled(true);
+    m_hasCopied = true;
+    mnuCustLnk[Paste]->setEnabled(IsCustomSlot(m_slot));
 }
 
 void CustomMenu::PasteColors() {

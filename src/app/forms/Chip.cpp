@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace tallowmere {
 
@@ -83,10 +84,31 @@ void Chip::SetQuiet(bool quiet) {
     update();
 }
 
+void Chip::SetSizeOf(const QString& caption) {
+    m_sizeOf = caption;
+    updateGeometry();
+}
+
+void Chip::ForgetPointer() {
+    m_isHovered = false;
+    m_forgottenAt = QCursor::pos();
+    update();
+}
+
+// The window system may tell again of a pointer that has not moved.
+void Chip::AttendPointer() {
+    if (m_isHovered || m_forgottenAt == QCursor::pos())
+        return;
+    m_forgottenAt.reset();
+    m_isHovered = true;
+    update();
+}
+
 QSize Chip::sizeHint() const {
     const QFontMetrics metrics(font());
     const int height = metrics.height() + 2 * kPaddingY;
-    return {std::max(height, metrics.horizontalAdvance(m_shown) + 2 * kPaddingX), height};
+    const QString& caption = m_sizeOf.isEmpty() ? m_shown : m_sizeOf;
+    return {std::max(height, metrics.horizontalAdvance(caption) + 2 * kPaddingX), height};
 }
 
 void Chip::paintEvent(QPaintEvent*) {
@@ -94,12 +116,14 @@ void Chip::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor back = ScreenColor(m_colors.background, palette());
     const QColor fore = ScreenText(m_colors, palette());
-    const bool attended = underMouse() || hasFocus();
-    painter.setOpacity(!isEnabled() ? 0.35 : m_quiet && !attended ? 0.55 : 1.0);
+    const bool attended = m_isHovered || hasFocus();
+    painter.setOpacity(isEnabled() ? 1.0 : 0.35);
 
     const QRectF body = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(attended && isEnabled() ? QPen(fore, 1) : QPen(back.darker(125), 1));
-    painter.setBrush(underMouse() && isEnabled()
+    painter.setPen(attended && isEnabled() ? QPen(fore, 1)
+                   : m_quiet               ? QPen(back, 1)
+                                           : QPen(back.darker(125), 1));
+    painter.setBrush(m_isHovered && isEnabled()
                          ? (back.lightnessF() > 0.5 ? back.darker(108) : back.lighter(130))
                          : back);
     painter.drawRoundedRect(body, kRadius, kRadius);
@@ -108,11 +132,20 @@ void Chip::paintEvent(QPaintEvent*) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(body.adjusted(2, 2, -2, -2), kRadius - 1, kRadius - 1);
     }
-    // A quiet caption stays legible on any window behind it.
-    if (m_quiet && isEnabled())
-        painter.setOpacity(std::max(painter.opacity(), 0.8));
     painter.setPen(fore);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_shown);
+    DrawCaption(painter);
+}
+
+void Chip::DrawCaption(QPainter& painter) const {
+    const int room = width() - 2 * kPaddingX;
+    const int needed = painter.fontMetrics().horizontalAdvance(m_shown);
+    if (needed <= room || room <= 0) {
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_shown);
+        return;
+    }
+    painter.translate(kPaddingX, 0);
+    painter.scale(static_cast<double>(room) / needed, 1);
+    painter.drawText(QRect(0, 0, needed, height()), Qt::AlignCenter | Qt::TextSingleLine, m_shown);
 }
 
 void Chip::mousePressEvent(QMouseEvent* event) {
@@ -123,6 +156,7 @@ void Chip::mousePressEvent(QMouseEvent* event) {
 }
 
 void Chip::mouseMoveEvent(QMouseEvent* event) {
+    AttendPointer();
     Q_EMIT PointerMoved();
     Q_EMIT MouseMoved(event->buttons(), event->position().toPoint() - m_pressedAt);
     QAbstractButton::mouseMoveEvent(event);
@@ -135,11 +169,11 @@ void Chip::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void Chip::mouseDoubleClickEvent(QMouseEvent* event) {
-    // Only the left button has double clicks; any other press counts, however soon it comes.
-    if (event->button() != Qt::LeftButton)
-        mousePressEvent(event);
-    else
+    // Any other press counts, however soon it comes.
+    if (m_hasDoubleClick && event->button() == Qt::LeftButton)
         Q_EMIT DoubleClicked();
+    else
+        mousePressEvent(event);
     event->accept();
 }
 
@@ -155,6 +189,13 @@ void Chip::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Down:
         event->ignore(); // the group moves the focus
         return;
+    case Qt::Key_F10:
+        // Not every window system makes a request for the menu of it, as of the menu key.
+        if (event->modifiers() == Qt::ShiftModifier)
+            Q_EMIT MenuKey();
+        else
+            QAbstractButton::keyPressEvent(event);
+        return;
     default:
         QAbstractButton::keyPressEvent(event);
     }
@@ -166,12 +207,18 @@ void Chip::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
+void Chip::focusInEvent(QFocusEvent* event) {
+    QAbstractButton::focusInEvent(event);
+    Q_EMIT Focused();
+}
+
 void Chip::enterEvent(QEnterEvent* event) {
-    update();
+    AttendPointer();
     QAbstractButton::enterEvent(event);
 }
 
 void Chip::leaveEvent(QEvent* event) {
+    m_isHovered = false;
     update();
     QAbstractButton::leaveEvent(event);
 }
@@ -184,7 +231,10 @@ void Chip::StartDrag() {
     drag->setMimeData(mime);
     drag->setPixmap(grab());
     drag->setHotSpot(m_pressedAt);
+    const QPointer<Chip> alive(this);
     drag->exec(Qt::MoveAction);
+    if (alive)
+        ForgetPointer();
 }
 
 void Chip::dragEnterEvent(QDragEnterEvent* event) {

@@ -4,6 +4,8 @@
 
 #include <QAbstractButton>
 
+#include <optional>
+
 namespace tallowmere {
 
 /// A colour as the window system takes it; system colours follow the palette.
@@ -35,8 +37,19 @@ public:
     const ColorPair& Colors() const { return m_colors; }
     void SetColors(const ColorPair& colors);
 
-    /// A quiet chip shows itself only when the pointer or the focus comes near.
+    /// A quiet chip has no outline until the pointer or the focus comes near; its colours are shown
+    /// like those of any other.
     void SetQuiet(bool quiet);
+
+    /// Gives the chip the size of this caption, whatever it shows: a longer one is set narrower.
+    void SetSizeOf(const QString& caption);
+
+    /// Whether a second press that follows quickly is a double click; if not, it is one more press.
+    void SetHasDoubleClick(bool has) { m_hasDoubleClick = has; }
+
+    /// The chip looks as without the pointer until that moves over it again: after a menu or a
+    /// drag nobody tells it where the pointer went.
+    void ForgetPointer();
 
     /// Whether links may be dropped here.
     void SetTakesDrops(bool takes) { setAcceptDrops(takes); }
@@ -55,6 +68,8 @@ Q_SIGNALS:
     void MenuKey();
     void Dropped(int sourceIndex);
     void PointerMoved();
+    /// The chip has got the keyboard focus.
+    void Focused();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -63,6 +78,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -70,11 +86,18 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void AttendPointer();
+    void DrawCaption(QPainter& painter) const;
+
     QString m_caption;
-    QString m_shown; ///< of the caption, without blanks around it
+    QString m_shown;  ///< of the caption, without blanks around it
+    QString m_sizeOf; ///< the caption whose size the chip has, empty for its own
     ColorPair m_colors;
     int m_index;
     bool m_quiet = false;
+    bool m_hasDoubleClick = false;
+    bool m_isHovered = false;
+    std::optional<QPoint> m_forgottenAt; ///< where the pointer was when it was forgotten
     QPoint m_pressedAt;
 };
 

@@ -33,7 +33,7 @@ ChipGroup::ChipGroup(const QString& heading, QWidget* parent) : QWidget(parent) 
     small.setBold(true);
     label->setFont(small);
     column->addWidget(label);
-    m_flow = new FlowLayout(nullptr, kGap);
+    m_flow = m_wrapping = new FlowLayout(nullptr, kGap);
     column->addLayout(m_flow);
     setAccessibleName(heading);
 }
@@ -44,6 +44,11 @@ void ChipGroup::Add(Chip* chip) {
     m_chips.append(chip);
     if (m_chips.size() == 1)
         MakeEntry(chip);
+}
+
+void ChipGroup::SetEqualColumns() {
+    if (m_wrapping)
+        m_wrapping->SetEqualColumns(true);
 }
 
 void ChipGroup::MakeEntry(Chip* chip) {

@@ -5,6 +5,7 @@
 namespace tallowmere {
 
 class Chip;
+class FlowLayout;
 
 /// The chips of one area under a small heading. Tab enters the group once; the arrow keys move
 /// inside it.
@@ -14,6 +15,8 @@ public:
     ChipGroup(const QString& heading, QWidget* parent);
 
     void Add(Chip* chip);
+    /// Lets the chips below the heading stand in columns of one width.
+    void SetEqualColumns();
     const QList<Chip*>& Chips() const { return m_chips; }
 
 protected:
@@ -27,6 +30,7 @@ private:
 
     QList<Chip*> m_chips;
     QLayout* m_flow;
+    FlowLayout* m_wrapping = nullptr; ///< the same; null for a single row
 };
 
 } // namespace tallowmere

@@ -83,6 +83,13 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
         Q_EMIT DeletePressed();
         return;
+    case Qt::Key_F10:
+        // As on a link: not every window system makes a request for the menu of it.
+        if (event->modifiers() == Qt::ShiftModifier)
+            AskForMenu();
+        else
+            QListView::keyPressEvent(event);
+        return;
     default:
         QListView::keyPressEvent(event);
     }
@@ -110,7 +117,11 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void ListBox::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Keyboard)
-        Q_EMIT MenuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+        AskForMenu();
+}
+
+void ListBox::AskForMenu() {
+    Q_EMIT MenuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
 }
 
 void ListBox::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

@@ -44,6 +44,7 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
+    void AskForMenu();
     QStringListModel m_model;
     bool m_fromUser = true;
 };

@@ -89,6 +89,7 @@ void MainMenus::BuildCommands() {
     exit = Command(u"exit"_s, u"E&xit"_s, u"Ctrl+Q"_s);
     goToTicker = Command(u"goToTicker"_s, u"&Enter Tickers"_s, u"Ctrl+T"_s);
     openLast = Command(u"openLast"_s, u"&Open Last Link"_s, u"Ctrl+Return"_s);
+    openOutside = Command(u"openOutside"_s, u"Open in Separate &Browser"_s);
     foldLeft = Command(u"foldLeft"_s, u"&Left Panel"_s, u"F7"_s);
     foldRight = Command(u"foldRight"_s, u"&Right Panel"_s, u"F8"_s);
     for (QAction* fold : {foldLeft, foldRight})
@@ -159,6 +160,10 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
     tickerMenu->addActions({goToTicker, openLast});
     tickerMenu->addSeparator();
     tickerMenu->addActions({mnuDeleteTick, mnuMoveit(), mnuCopyTo(), mnuTickNote->menuAction()});
+
+    linkMenu = bar.addMenu(u"&Link"_s);
+    linkMenu->addAction(openOutside);
+    linkMenu->addSeparator();
 
     QMenu* page = bar.addMenu(u"Pa&ge"_s);
     addLinks(page, kNavigation);

@@ -53,6 +53,7 @@ public:
     QAction* exit;
     QAction* goToTicker;
     QAction* openLast;
+    QAction* openOutside;
     QAction* foldLeft;
     QAction* foldRight;
     QAction* zoomIn;
@@ -69,6 +70,7 @@ public:
     // Menus of the menu bar that are filled anew when they open.
     QMenu* portfolioMenu;
     QMenu* tickerMenu;
+    QMenu* linkMenu; ///< of the link that has the focus or was used last
 
 private:
     QAction* Command(const QString& name, const QString& caption, const QString& shortcut = {});

@@ -80,10 +80,12 @@ void frmMain::BuildPortfolioControls() {
     for (int n = 1; n <= 10; ++n) {
         auto* number = new Chip(u"lblListNum"_s, n, QString::number(n), m_body);
         number->setAccessibleDescription(u"Portfolio number"_s);
+        number->SetHasDoubleClick(true);
         lblListNum[static_cast<std::size_t>(n)] = number;
     }
     lblListNum[1]->setFocusPolicy(Qt::StrongFocus);
     lblPort = new Chip(u"lblPort"_s, -1, {}, m_body);
+    lblPort->SetHasDoubleClick(true);
     txtStock = new QLineEdit(m_body);
     txtStock->setObjectName(u"txtStock"_s);
     txtStock->setAccessibleName(u"Ticker entry"_s);
@@ -94,6 +96,7 @@ void frmMain::BuildPortfolioControls() {
     Label1->setToolTip(u"Click: remove the selected ticker. Double-click: clear the list."_s);
     Label1->SetColors(kDesignedTool);
     Label1->setFocusPolicy(Qt::StrongFocus);
+    Label1->SetHasDoubleClick(true);
     List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_body);
 }
 
@@ -140,6 +143,11 @@ void frmMain::BuildLinks() {
             link->setAccessibleDescription(tallowmere::ToQt(row.tooltip));
             link->SetColors(kDesignedTool);
             link->setProperty("tag", tallowmere::ToQt(AreaCode(row.area)));
+            // No slot's place depends on what the slots are named.
+            if (IsCustomSlot(index)) {
+                chips->SetEqualColumns();
+                link->SetSizeOf(tallowmere::ToQt(kEmptyCustomCaption));
+            }
             chips->Add(link);
             lbllink[static_cast<std::size_t>(index)] = link;
         }

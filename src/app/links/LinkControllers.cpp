@@ -25,6 +25,10 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, const S
       lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
       navigate(new SmartNavigate(form, settings, *panes)) {
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
+    QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {
+        if (!held)
+            panel->ForgetPointer();
+    });
     QObject::connect(dispatch, &LinkDispatch::CalculatorRequested, outside,
                      &SeparateBrowser::StartCalculator);
 }

@@ -12,6 +12,8 @@
 #include "core/sites/site_table.h"
 
 #include <QApplication>
+#include <QPointer>
+#include <QScopeGuard>
 
 namespace tallowmere {
 
@@ -55,6 +57,8 @@ LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsSto
         Connect(link);
     for (const auto& [action, index] : form.menus->links)
         connect(action, &QAction::triggered, this, [this, i = index] { m_dispatch.Click(i); });
+    connect(form.menus->linkMenu, &QMenu::aboutToShow, this, &LinkPanel::PrepareLinkMenu);
+    connect(form.menus->openOutside, &QAction::triggered, this, &LinkPanel::OpenTargetOutside);
 }
 
 void LinkPanel::Connect(Chip* link) {
@@ -64,6 +68,7 @@ void LinkPanel::Connect(Chip* link) {
     connect(link, &Chip::MouseUp, this,
             [=, this](auto button, bool inside) { MouseUp(link, button, inside); });
     connect(link, &Chip::clicked, this, [=, this] { m_dispatch.Click(link->Index()); });
+    connect(link, &Chip::Focused, this, [=, this] { m_target = link; });
     connect(link, &Chip::MenuKey, this, [=, this] { OpenMenu(link); });
     connect(link, &Chip::PointerMoved, this, &LinkPanel::EdgesTouched);
     if (IsCustomSlot(link->Index())) {
@@ -73,6 +78,7 @@ void LinkPanel::Connect(Chip* link) {
 }
 
 void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
+    m_target = link;
     if (button == Qt::LeftButton) {
         m_panes.OpenNextOutside(false);
         m_pressed = true;
@@ -86,26 +92,61 @@ void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
 }
 
 void LinkPanel::RightPress(Chip* link) {
-    if (IsCustomSlot(link->Index()))
-        OpenMenu(link);
-    else if (OpensOutside(ActionOf(link)))
-        m_panes.OpenNextOutside(true);
+    if (!IsCustomSlot(link->Index())) {
+        if (OpensOutside(ActionOf(link)))
+            m_panes.OpenNextOutside(true);
+    } else if (IsUnusedSlot(link)) {
+        m_dispatch.Click(link->Index());
+    } else {
+        Q_EMIT CustomMenuRequested(link->Index(), QCursor::pos());
+    }
 }
 
-// The menu of a link of the user's own; an unused slot goes straight to the editor. By keyboard,
-// every other link opens in a separate browser, as a right click does.
+// By keyboard every link has a menu; an unused slot goes straight to the editor here too.
 void LinkPanel::OpenMenu(Chip* link) {
-    if (!IsCustomSlot(link->Index())) {
-        RightPress(link);
-        if (m_panes.OpensNextOutside())
-            m_dispatch.Click(link->Index());
-        return;
-    }
-    if (IsUnusedSlot(link)) {
+    if (IsUnusedSlot(link))
         m_dispatch.Click(link->Index());
+    else
+        Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+bool LinkPanel::CanOpenOutside(const Chip* link) {
+    return link && link->isEnabled() && !IsUnusedSlot(link) && OpensOutside(ActionOf(link));
+}
+
+void LinkPanel::PrepareLinkMenu() {
+    QAction* open = m_form.menus->openOutside;
+    open->setEnabled(CanOpenOutside(m_target));
+    open->setText(m_target
+                      ? tr("Open %1 in Separate &Browser").arg(MenuCaption(m_target->Caption()))
+                      : tr("Open in Separate &Browser"));
+}
+
+void LinkPanel::OpenTargetOutside() {
+    if (!CanOpenOutside(m_target))
         return;
-    }
-    Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
+    m_panes.OpenNextOutside(true);
+    m_dispatch.Click(m_target->Index());
+    // A link that came to nothing sends no later one outside; a menu may still choose a page.
+    if (!QApplication::activePopupWidget())
+        m_panes.OpenNextOutside(false);
+}
+
+void LinkPanel::Hold(bool held) {
+    Q_EMIT Held(held);
+    if (!held)
+        ForgetPointer();
+}
+
+// Only when the menu is gone does the window system tell where the pointer is.
+void LinkPanel::ForgetPointer() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            for (Chip* link : m_form.lbllink)
+                link->ForgetPointer();
+        },
+        Qt::QueuedConnection);
 }
 
 void LinkPanel::MouseMove(Chip* link, Qt::MouseButtons buttons, const QPoint& movedBy) {
@@ -144,6 +185,10 @@ void LinkPanel::RestoreColors(Chip* link) {
 void LinkPanel::Drop(Chip* target, int source) {
     if (source == target->Index() || !IsCustomSlot(source))
         return;
+    const auto settled = qScopeGuard([alive = QPointer(this)] {
+        if (alive)
+            alive->ForgetPointer();
+    });
     if (!IsUnusedSlot(target) &&
         !m_prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))), ToQt(kMoveLinkCaption)))
         return;

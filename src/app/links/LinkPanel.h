@@ -25,14 +25,26 @@ public:
     /// Makes the whole panel usable again after an operation that held it.
     void EnableLinks();
 
+    /// Whether a separate browser has something to show for a link; not for null.
+    static bool CanOpenOutside(const Chip* link);
+
     /// The side panels stay while one of their menus is open, or a label is pressed.
-    void Hold(bool held) { Q_EMIT Held(held); }
+    void Hold(bool held);
+
+    /// A menu of a link was closed: no link looks any more as if the pointer were over it.
+    void ForgetPointer();
+
+    /// The link that the menu bar works on: the one that got the focus or was used last, null for
+    /// none yet.
+    Chip* Target() const { return m_target; }
 
     /// Opens one page of `site` for all tickers of the list.
     void SendAll(const QString& site);
 
 Q_SIGNALS:
-    void CustomMenuRequested(int slot, const QPoint& position);
+    /// The menu of a link is wanted: by pointer that of a used slot, by keyboard that of any link
+    /// but an unused slot.
+    void CustomMenuRequested(int link, const QPoint& position);
     void EdgesTouched();
     /// The panels have to stay, or no longer so.
     void Held(bool held);
@@ -44,6 +56,8 @@ private:
     void MouseUp(Chip* link, Qt::MouseButton button, bool inside);
     void RightPress(Chip* link);
     void OpenMenu(Chip* link);
+    void PrepareLinkMenu();
+    void OpenTargetOutside();
     void Drop(Chip* target, int source);
     void RestoreColors(Chip* link);
 
@@ -54,6 +68,7 @@ private:
     Prompts& m_prompts;
     LinkDispatch& m_dispatch;
     PaneDeck& m_panes;
+    Chip* m_target = nullptr;
     bool m_pressed = false;
     bool m_looksPressed = false;
     ColorPair m_savedColors;

@@ -7,6 +7,7 @@
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
+#include <QDesktopServices>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
@@ -53,6 +54,12 @@ private:
         QDropEvent drop(center, Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(session.Link(to), &drop);
     }
+
+public Q_SLOTS:
+    void OpenOnDesktop(const QUrl& url) { m_onDesktop << url; }
+
+private:
+    QList<QUrl> m_onDesktop;
 
 private Q_SLOTS:
     void TheMenuHasItsSevenEntries() {
@@ -102,6 +109,86 @@ private Q_SLOTS:
         Choose(session, 103, 2);
         QCOMPARE(inPane, u"http://h.example/103 cancelled"_s);
         QVERIFY(!session->Panes().OpensNextOutside());
+    }
+
+    void OpenInNewWindowOfAMultiLinkHandsThePageForTheTickerOver() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "MSFT|");
+        session.Store("CustomT103", "Two");
+        session.Store("Custom103", "MULTILINK:Two.mlnk");
+        WriteWholeFile(session.Folder() / "Two.mlnk", "<html>UCASETICK LCASETICK</html>\r\n");
+        session.Start();
+        QDesktopServices::setUrlHandler(u"file"_s, this, "OpenOnDesktop");
+        Choose(session, 103, 2);
+        QDesktopServices::unsetUrlHandler(u"file"_s);
+        QCOMPARE(m_onDesktop,
+                 QList<QUrl>{QUrl::fromLocalFile(PathToQt(session.Folder() / "multiweb.html"))});
+        QCOMPARE(ReadExistingFile(session.Folder() / "multiweb.html"),
+                 "<html>MSFT msft</html>\r\n");
+        QVERIFY(session.prompts.messages.isEmpty());
+        QVERIFY(!session->Panes().OpensNextOutside());
+    }
+
+    void TheMenuBarHasTheCommandsOfTheSlotThatHasTheFocus() {
+        TestSession session;
+        StoreLink(session, 101, "One", "255", "65280");
+        StoreLink(session, 102, "Two", "1", "2");
+        session.Start();
+        session.Form().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&session.Form()));
+        QMenu& menu = *session.Form().menus->linkMenu;
+        const auto states = [&] {
+            Q_EMIT menu.aboutToShow();
+            QString text;
+            for (const int item : {2, 3, 4, 6, 7}) {
+                if (!menu.actions().contains(Item(session, item)))
+                    return u"missing"_s;
+                text += Item(session, item)->isEnabled() ? u'y' : u'n';
+            }
+            return text;
+        };
+        QCOMPARE(states(), u"nnnnn"_s);
+        session.Link(101)->setFocus();
+        QCOMPARE(states(), u"yyyyn"_s);
+        Item(session, 6)->trigger();
+        session.Link(102)->setFocus();
+        QCOMPARE(states(), u"yyyyy"_s);
+        Item(session, 7)->trigger();
+        QCOMPARE(session.Stored("CustomF102"), u"255"_s);
+        Item(session, 4)->trigger();
+        QCOMPARE(session.Stored("CustomT102"), u"< Custom >"_s);
+        QCOMPARE(session.Stored("CustomT101"), u"One"_s);
+        // Now it is unused: it can only be given a link.
+        QCOMPARE(states(), u"nynnn"_s);
+        session.Link(3)->setFocus();
+        QCOMPARE(states(), u"ynnyn"_s);
+        session.Link(0)->setFocus();
+        QCOMPARE(states(), u"nnnyn"_s);
+        session.Link(101)->setFocus();
+        Q_EMIT menu.aboutToShow();
+        Item(session, 3)->trigger();
+        const frmCustom* editor = session->Editor().Editor();
+        QVERIFY(editor);
+        QCOMPARE(editor->txtTitle->text(), u"One"_s);
+        QTest::mouseClick(editor->Command3, Qt::LeftButton);
+    }
+
+    void ByKeyboardABuiltInLinkHasTheMenuToo() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "MSFT|");
+        session.Start();
+        session.Link(3)->setFocus();
+        QTest::keyClick(session.Link(3), Qt::Key_F10, Qt::ShiftModifier);
+        QVERIFY(Menu(session).isVisible());
+        QVERIFY(Item(session, 1)->isEnabled());
+        QVERIFY(Item(session, 2)->isEnabled());
+        QVERIFY(!Item(session, 3)->isEnabled());
+        QVERIFY(!Item(session, 4)->isEnabled());
+        QTest::keyClick(&Menu(session), Qt::Key_Down);
+        QTest::keyClick(&Menu(session), Qt::Key_Return);
+        QTRY_VERIFY(session.asked.contains(u"h.example/q?s=msft&d=2b"_s));
     }
 
     void PropertiesOpensTheEditor() {

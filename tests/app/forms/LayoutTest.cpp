@@ -52,6 +52,53 @@ private Q_SLOTS:
         }
     }
 
+    void NamingASlotMovesNoSlot() {
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        Resize(form, 1280, 900);
+        const auto places = [&] {
+            QList<QRect> result;
+            for (int slot = kFirstCustom; slot <= kLastCustom; ++slot)
+                result << session.Link(slot)->geometry();
+            return result;
+        };
+        const QList<QRect> before = places();
+        for (const auto& [slot, title] : {std::pair{101, "WWWWWWWWWWWW"}, {102, "I"}, {140, "Abc"}})
+            form.ShowCustomLink({"h.example", title, {}}, slot);
+        Resize(form, 1280, 900);
+        QCOMPARE(places(), before);
+        // The columns are as wide as each other, to a pixel.
+        for (const QRect& place : before) {
+            QVERIFY(std::abs(place.width() - before.first().width()) <= 1);
+            QCOMPARE(place.height(), before.first().height());
+        }
+        QVERIFY(before.first().width() < form.fraRight->width() / 2);
+    }
+
+    void TheLongestTitleIsShownWholeInItsSlot() {
+        QWidget parent;
+        parent.resize(400, 60);
+        Chip chip(u"lbllink"_s, 101, u"MMMMMMMMMMMM"_s, &parent);
+        chip.SetColors({0x000000, 0xFFFFFF});
+        const int needed = chip.sizeHint().width();
+        chip.SetSizeOf(u"< Custom >"_s);
+        chip.adjustSize();
+        QVERIFY(chip.width() < needed);
+        const QImage image = chip.grab().toImage();
+        int first = image.width(), last = 0;
+        for (int x = 3; x < image.width() - 3; ++x)
+            for (int y = 3; y < image.height() - 3; ++y)
+                if (image.pixelColor(x, y).lightness() < 128) {
+                    first = std::min(first, x);
+                    last = std::max(last, x);
+                }
+        // All of it lies between the paddings, and fills the room there.
+        QVERIFY2(first >= 4 && first <= 9, qPrintable(QString::number(first)));
+        QVERIFY2(last <= image.width() - 5 && last >= image.width() - 10,
+                 qPrintable(QString::number(last)));
+    }
+
     void AtTheDefaultSizeEveryLinkIsReachedByScrolling() {
         TestSession session;
         session.Start();

@@ -1,11 +1,14 @@
 #include "app/links/LinkPanel.h"
 #include "app/engine/BrowserPane.h"
 #include "app/links/PaneDeck.h"
+#include "core/text/files.h"
 #include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
+#include <QContextMenuEvent>
 #include <QFile>
+#include <QMenu>
 #include <QSignalSpy>
 
 using namespace tallowmere;
@@ -36,6 +39,20 @@ private:
         }
         std::optional<Navigations> navigations;
     };
+
+    static void TellOfPointer(Chip* link) {
+        const QPointF middle = link->rect().center();
+        QEnterEvent enter(middle, middle, QCursor::pos());
+        QApplication::sendEvent(link, &enter);
+    }
+    static void MovePointerOnto(Chip* link) {
+        QCursor::setPos(QCursor::pos() + QPoint(1, 0));
+        TellOfPointer(link);
+    }
+    /// The background as it is painted, beside the caption.
+    static QColor BodyOf(Chip* link) {
+        return link->grab().toImage().pixelColor(3, link->height() / 2);
+    }
 
 private Q_SLOTS:
     void TheLeftButtonSwapsTheColoursUntilItIsReleased() {
@@ -80,11 +97,56 @@ private Q_SLOTS:
         QCOMPARE(loaded.size(), 1);
     }
 
+    void PagesOfOursOpenOutsideAsTheirWrittenFiles() {
+        Window window;
+        window.navigations.reset();
+        const auto file = [&](const char* name) {
+            return QUrl::fromLocalFile(PathToQt(window.Folder() / name)).toEncoded() + '\n';
+        };
+        QTest::mouseClick(window.Link(6), Qt::RightButton);
+        QByteArray opened = file("ycs.htm");
+        QTRY_COMPARE(window.Opened(), opened);
+        QTest::mouseClick(window.Link(175), Qt::RightButton);
+        opened += file("ycl.htm");
+        QTRY_COMPARE(window.Opened(), opened);
+        window->Panes().OpenNextOutside(true);
+        window.Form().menus->mnuViewPort->trigger();
+        opened += file("report.html");
+        QTRY_COMPARE(window.Opened(), opened);
+        QVERIFY(window.prompts.messages.isEmpty());
+        QVERIFY(!window->Panes().OpensNextOutside());
+        QVERIFY(ReadExistingFile(window.Folder() / "ycs.htm").find("msft") != std::string::npos);
+    }
+
     void ABrokerOpenedOutsideLeavesThePanesAsTheyAre() {
         Window window;
         QTest::mouseClick(window.Link(8), Qt::RightButton);
         QVERIFY(window.Form().WebB->isHidden());
         QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/\n"));
+    }
+
+    void TwoClicksThatFollowQuicklyAreTwoClicks() {
+        Window window;
+        // The window system tells of the second press as of one of a double click.
+        const auto clickTwice = [&](int index) {
+            Chip* link = window.Link(index);
+            QTest::mouseClick(link, Qt::LeftButton);
+            QTest::mouseDClick(link, Qt::LeftButton);
+            QTest::mouseRelease(link, Qt::LeftButton);
+        };
+        QSignalSpy clicks(window.Link(19), &Chip::clicked);
+        clickTwice(19);
+        QCOMPARE(clicks.size(), 2);
+        clickTwice(3);
+        QCOMPARE(window.navigations->size(), 2);
+        clickTwice(101);
+        QCOMPARE(window.navigations->size(), 4);
+        // A recording that is started and ended.
+        clickTwice(211);
+        QVERIFY(!window->Recorded().templateMode);
+        window.ClickLink(211);
+        clickTwice(3);
+        QCOMPARE(window->Recorded().multiLinkPage.count(u"<IFRAME"_s), 2);
     }
 
     void RightPressesThatFollowQuicklyAllCount() {
@@ -129,6 +191,112 @@ private Q_SLOTS:
         QCOMPARE(window.Stored("CustomT101"), u"< Custom >"_s);
         QCOMPARE(window.Link(101)->Caption(), u"< Custom >"_s);
         QCOMPARE(window.Link(101)->Colors(), (ColorPair{0x80000008, 0xC0E0FF}));
+    }
+
+    void AfterTheMenuOfASlotItsLabelHasItsColoursWithoutThePointersHelp() {
+        Window window;
+        Chip* link = window.Link(101);
+        const QColor plain = ScreenColor(link->Colors().background, link->palette());
+        MovePointerOnto(link);
+        QVERIFY(BodyOf(link) != plain);
+        QTest::mouseClick(link, Qt::RightButton);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+        QTRY_COMPARE(BodyOf(link), plain);
+        // The window system tells once more of the pointer, which has not moved.
+        TellOfPointer(link);
+        QCOMPARE(BodyOf(link), plain);
+        MovePointerOnto(link);
+        QVERIFY(BodyOf(link) != plain);
+    }
+
+    void AfterADropNoLabelIsTintedAnyMore() {
+        Window window;
+        window.Store("CustomT102", "Other");
+        window.Link(102)->SetCaption(u"Other"_s);
+        for (const int slot : {101, 102})
+            MovePointerOnto(window.Link(slot));
+        window.prompts.answers = {true};
+        Q_EMIT window.Link(102)->Dropped(101);
+        for (const int slot : {101, 102}) {
+            const Chip* link = window.Link(slot);
+            QTRY_COMPARE(BodyOf(window.Link(slot)),
+                         ScreenColor(link->Colors().background, link->palette()));
+        }
+    }
+
+    void TheMenuBarOpensTheLinkOfTheFocusInASeparateBrowser() {
+        Window window;
+        window.Form().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window.Form()));
+        const MainMenus& menus = *window.Form().menus;
+        const auto ask = [&] { Q_EMIT menus.linkMenu->aboutToShow(); };
+        ask();
+        QVERIFY(!menus.openOutside->isEnabled());
+        window.Link(3)->setFocus();
+        ask();
+        QVERIFY(menus.openOutside->isEnabled());
+        QCOMPARE(menus.openOutside->text(), u"Open Y! in Separate &Browser"_s);
+        menus.openOutside->trigger();
+        QTRY_COMPARE(window.Opened(), QByteArray("http://h.example/q?s=msft&d=2b\n"));
+        QVERIFY(!window->Panes().OpensNextOutside());
+        // The link that was used last counts when no link has the focus.
+        window.ClickLink(15);
+        window.Form().List1->setFocus();
+        ask();
+        QCOMPARE(menus.openOutside->text(), u"Open Zacks in Separate &Browser"_s);
+        window.Link(19)->setFocus();
+        ask();
+        QVERIFY(!menus.openOutside->isEnabled());
+        window.Link(150)->setFocus();
+        ask();
+        QVERIFY(!menus.openOutside->isEnabled());
+        window.Link(101)->setFocus();
+        ask();
+        QVERIFY(menus.openOutside->isEnabled());
+        // Without a ticker nothing opens, now or with the next link.
+        window.Form().List1->SetListIndex(-1);
+        window.Link(3)->setFocus();
+        ask();
+        menus.openOutside->trigger();
+        QCOMPARE(window.prompts.messages, QStringList{u"Quorvane: Select a Ticker"_s});
+        QVERIFY(!window->Panes().OpensNextOutside());
+    }
+
+    void TheMenuKeyOpensTheMenuOfEveryLinkBelowIt() {
+        Window window;
+        QSignalSpy menus(window.Form().findChild<LinkPanel*>(), &LinkPanel::CustomMenuRequested);
+        for (const int index : {101, 3, 19}) {
+            Chip* link = window.Link(index);
+            link->setFocus();
+            QContextMenuEvent key(QContextMenuEvent::Keyboard, link->rect().center(),
+                                  link->mapToGlobal(link->rect().center()));
+            QApplication::sendEvent(link, &key);
+            QCOMPARE(menus.size(), 1);
+            QCOMPARE(menus[0][0].toInt(), index);
+            QCOMPARE(menus[0][1].toPoint(), link->mapToGlobal(link->rect().bottomLeft()));
+            QVERIFY(QApplication::activePopupWidget());
+            QApplication::activePopupWidget()->close();
+            menus.clear();
+            QTest::keyClick(link, Qt::Key_F10, Qt::ShiftModifier);
+            QCOMPARE(menus.size(), 1);
+            QVERIFY(QApplication::activePopupWidget());
+            QApplication::activePopupWidget()->close();
+            menus.clear();
+        }
+        QVERIFY(window.navigations->isEmpty());
+        QVERIFY(!window->Panes().OpensNextOutside());
+    }
+
+    void ByPointerTheMenuOfASlotOpensAtThePointer() {
+        Window window;
+        QSignalSpy menus(window.Form().findChild<LinkPanel*>(), &LinkPanel::CustomMenuRequested);
+        QCursor::setPos(window.Form().mapToGlobal(QPoint(60, 70)));
+        QTest::mouseClick(window.Link(101), Qt::RightButton);
+        QCOMPARE(menus.size(), 1);
+        QCOMPARE(menus[0][1].toPoint(), QCursor::pos());
+        QCOMPARE(QCursor::pos(), window.Form().mapToGlobal(QPoint(60, 70)));
+        QApplication::activePopupWidget()->close();
     }
 
     void ADropOnAUsedSlotAsksFirst() {

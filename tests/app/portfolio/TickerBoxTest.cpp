@@ -6,6 +6,8 @@
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
+#include <QContextMenuEvent>
+
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
 
@@ -33,6 +35,21 @@ private:
     }
 
 private Q_SLOTS:
+    void TheMenuKeyAndShiftF10OpenTheMenuOfTheTicker() {
+        Window window("MSFT|IBM|");
+        ListBox* list = window.Form().List1;
+        const auto closeMenu = [&] {
+            QWidget* menu = QApplication::activePopupWidget();
+            QCOMPARE(menu, window.Form().menus->mnuRightTick);
+            menu->close();
+        };
+        QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
+        closeMenu();
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(list, &key);
+        closeMenu();
+    }
+
     void TypingIsUpperCasedWhereTheCaretStands() {
         Window window("");
         QLineEdit* box = window.Form().txtStock;

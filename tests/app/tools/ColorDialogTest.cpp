@@ -3,6 +3,7 @@
 #include "app/forms/frmColor.h"
 #include "app/forms/frmCustom.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/tools/ColorConfig.h"
 #include "app/tools/ColorSettings.h"
 #include "core/shell/conversion.h"
 #include "core/tools/color_values.h"
@@ -257,6 +258,25 @@ private Q_SLOTS:
                           QColor(0x2B, 0x2B, 0x2B)));
     }
 
+    void AnUnusedSlotShowsTheColoursOfItsAreaExactly() {
+        Window window;
+        Chip* slot = window.Link(150);
+        const auto inside = [&] {
+            const QImage image = slot->grab().toImage();
+            return image.copy(image.rect().adjusted(3, 3, -3, -3));
+        };
+        QCOMPARE(inside().pixelColor(0, 0), QColor(0xFF, 0xFF, 0xC0));
+        window.Settings().SaveSetting("Colors", "bCUST", "255");
+        window.Settings().SaveSetting("Colors", "fCUST", "16711680");
+        window->Colors().Apply();
+        QCOMPARE(slot->Colors(), (ColorPair{16711680, 255}));
+        QCOMPARE(inside().pixelColor(0, 0), QColor(255, 0, 0));
+        // The caption is painted as on any other link.
+        const QImage quiet = inside();
+        slot->SetQuiet(false);
+        QCOMPARE(inside(), quiet);
+    }
+
     void AnUnusedSlotIsQuietButLegible_data() {
         QTest::addColumn<QColor>("behind");
         QTest::newRow("light") << QColor(0xF0, 0xF0, 0xF0);
@@ -276,7 +296,7 @@ private Q_SLOTS:
         chip.adjustSize();
         const QImage image = parent.grab(chip.geometry()).toImage();
         const QColor body = image.pixelColor(3, image.height() / 2);
-        QVERIFY(body != QColor(0xFF, 0xFF, 0xC0)); // quiet
+        QCOMPARE(body, QColor(0xFF, 0xFF, 0xC0));
         double best = 1;
         for (int y = 3; y < image.height() - 3; ++y)
             for (int x = 3; x < image.width() - 3; ++x)
