@@ -100,6 +100,36 @@ private Q_SLOTS:
         QCOMPARE(bench.pane.LocationURL(), QString());
     }
 
+    void APageThatEndsLeavesThePaneAsBeforeItsFirstNavigation() {
+        Bench bench;
+        bench.server.Serve(u"/hung"_s, {"<title>hung", Ending::Silent});
+        for (const QString& path : {u"/a"_s, u"/hung"_s, u"/a"_s}) {
+            bench.pane.Navigate(bench.server.Address(path));
+            QVERIFY(bench.Page());
+            if (path == u"/a"_s)
+                QVERIFY(bench.WaitForEnd());
+            QSignalSpy progress(&bench.pane, &BrowserPane::ProgressChange);
+            const bool isBusy = bench.pane.Busy();
+            bench.pane.EndPage();
+            QVERIFY(!bench.Page());
+            QVERIFY(!bench.pane.findChild<QWebEngineView*>());
+            QVERIFY(!bench.pane.Busy());
+            QCOMPARE(progress.size(), isBusy ? 1 : 0);
+            QCOMPARE(bench.pane.LocationURL(), QString());
+            bench.pane.Refresh();
+            bench.pane.GoBack();
+            bench.pane.EndPage();
+            QVERIFY(!bench.Page());
+        }
+        // So does one that could not be shown.
+        bench.server.close();
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QVERIFY(bench.HasNotice());
+        bench.pane.EndPage();
+        QVERIFY(!bench.HasNotice());
+        QCOMPARE(bench.pane.LocationURL(), QString());
+    }
+
     void AnAddressIsSeenAsGivenAndAskedOfTheServer() {
         Bench bench;
         const QString address = bench.server.Address(u"/a?q=%02x%26q%3dY&s=msft "_s);
