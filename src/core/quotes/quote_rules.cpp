@@ -1,6 +1,7 @@
 #include "core/quotes/quote_rules.h"
 
 #include "core/quotes/source_text.h"
+#include "core/quotes/time_text.h"
 #include "core/text/bytes.h"
 
 #include <algorithm>
@@ -24,6 +25,25 @@ bool IsBelievable(const PriceSeries& series, std::int64_t now) {
            std::is_sorted(series.times.begin(), series.times.end()) &&
            std::all_of(series.closes.begin(), series.closes.end(),
                        [](double close) { return std::isfinite(close) && close > 0; });
+}
+
+/// Leaves the prices of the last day of a chart of one day. Nothing when that day has a single one:
+/// those are the prices of days, whatever was asked for.
+void KeepItsDay(PriceSeries& series) {
+    if (series.span != PriceSpan::Day || series.times.empty())
+        return;
+    const auto isOfLastDay = [last = AtNewYork(series.times.back())](std::int64_t time) {
+        const NewYorkClock clock = AtNewYork(time);
+        return clock.day == last.day && clock.month == last.month && clock.year == last.year;
+    };
+    auto first = series.times.end();
+    while (first != series.times.begin() && isOfLastDay(*std::prev(first)))
+        --first;
+    if (series.times.end() - first < 2)
+        first = series.times.end();
+    const auto count = first - series.times.begin();
+    series.times.erase(series.times.begin(), first);
+    series.closes.erase(series.closes.begin(), series.closes.begin() + count);
 }
 
 /// Removes the rows that are not believed, were not asked for or stand there a second time.
@@ -75,6 +95,9 @@ void KeepBelievable(SourceAnswer& answer, const std::set<std::string>& asked, st
         return;
     KeepAsked(answer.quotes, asked, now);
     KeepAsked(answer.series, asked, now);
+    for (PriceSeries& series : answer.series)
+        KeepItsDay(series);
+    std::erase_if(answer.series, [](const PriceSeries& series) { return series.times.empty(); });
     for (Quote& quote : answer.quotes)
         quote.doubtful = quote.changePercent && std::abs(*quote.changePercent) >= 50;
     if (!answer.Holds())

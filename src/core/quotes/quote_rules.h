@@ -17,8 +17,9 @@ void CompleteChange(Quote& quote);
 std::optional<SourceFailure> Refusal(const SourceResponse& response);
 
 /// Keeps what can be believed of an answer: quotes and series of `asked` (in the program's form),
-/// once each, with a price above zero and a time not after `now`. Marks quotes that moved by half
-/// or more. Without anything left the answer is Empty.
+/// once each, with a price above zero and a time not after `now`; of a series of a day the prices
+/// of that day, if there are several. Marks quotes that moved by half or more. Without anything
+/// left the answer is Empty.
 void KeepBelievable(SourceAnswer& answer, const std::set<std::string>& asked, std::int64_t now);
 
 } // namespace tallowmere

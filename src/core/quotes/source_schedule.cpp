@@ -1,5 +1,6 @@
 #include "core/quotes/source_schedule.h"
 
+#include "core/quotes/quote_age.h"
 #include "core/quotes/time_text.h"
 
 #include <algorithm>
@@ -18,12 +19,12 @@ constexpr std::int64_t kLongestRefusedRest = 3600;
 /// Rest after no answer: short, since the network may be back at any moment.
 constexpr std::int64_t kUnreachableRest = 15;
 constexpr std::int64_t kLongestUnreachableRest = 120;
-/// How long a source is not asked for a symbol that it left out of a good answer.
+/// How often resting sources are tried again for whoever wants to know now.
+constexpr std::int64_t kTrialInterval = 60;
+/// How long a source is not asked for a symbol of which it had nothing, or nothing current.
 constexpr std::int64_t kUnknownRest = 600;
 /// What a request may take beyond its own time-out before it counts as lost.
 constexpr std::int64_t kGrace = 5;
-/// A quote that is older than the kept one by this does not replace it.
-constexpr std::int64_t kOlder = kDay / 2;
 
 std::int64_t Doubled(std::int64_t base, int failures, std::int64_t most) {
     return std::min(most, base << std::min(failures, 12));
@@ -35,6 +36,22 @@ std::int64_t TimeOf(const Quote& quote) {
 
 std::int64_t TimeOf(const PriceSeries& series) {
     return series.times.back();
+}
+
+Freshness WorthOf(const Quote& quote, std::int64_t now) {
+    return FreshnessOf(quote.symbol, quote.time, now);
+}
+
+Freshness WorthOf(const PriceSeries& series, std::int64_t now) {
+    return FreshnessOf(series, now);
+}
+
+/// Whether a value is to be taken in place of the kept one.
+template <typename Value>
+bool IsNewer(const Value& value, const Value& kept, std::int64_t now) {
+    const Freshness worth = WorthOf(value, now);
+    const Freshness keptWorth = WorthOf(kept, now);
+    return worth != keptWorth ? worth > keptWorth : TimeOf(value) >= TimeOf(kept);
 }
 
 /// Not every source knows the name of a company; one that was told stays.
@@ -53,8 +70,10 @@ SourceSchedule::SourceSchedule(SourceTable table)
         m_rows[row].host = m_table.rows[row].Host();
 }
 
-void SourceSchedule::Want(PriceSpan span, const std::vector<std::string>& symbols,
-                          std::int64_t now) {
+void SourceSchedule::Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now,
+                          Urgency urgency) {
+    if (urgency != Urgency::Routine)
+        EndOwnRests(urgency, now);
     for (const std::string& symbol : symbols) {
         const Key key(span, OwnSymbol(symbol));
         if (key.second.empty())
@@ -63,10 +82,32 @@ void SourceSchedule::Want(PriceSpan span, const std::vector<std::string>& symbol
         if (subject.pending)
             continue;
         subject.asked.resize(m_rows.size());
+        if (urgency != Urgency::Routine)
+            for (std::size_t row = 0; row < m_rows.size(); ++row) {
+                const std::int64_t interval = m_table.rows[row].minInterval;
+                subject.asked[row].length =
+                    std::min(subject.asked[row].length, std::max(kTrialInterval, interval));
+            }
         subject.pending = true;
+        subject.answered = false;
         ++m_pending;
         PassOn(key, 0, now);
     }
+}
+
+void SourceSchedule::EndOwnRests(Urgency urgency, std::int64_t now) {
+    Pause& untilNext = m_untilNextTrial[urgency];
+    if (untilNext.Holds(now))
+        return;
+    const auto end = [&](Pause& rest) {
+        if (std::exchange(rest, {}).Holds(now))
+            untilNext = {now, kTrialInterval};
+    };
+    for (auto& [name, host] : m_hosts)
+        if (!host.restIsAsked)
+            end(host.rest);
+    for (RowState& row : m_rows)
+        end(row.rest);
 }
 
 /// Puts a symbol into the queue of the next source that can be asked about it.
@@ -78,14 +119,22 @@ void SourceSchedule::PassOn(const Key& key, std::size_t firstRow, std::int64_t n
             continue;
         if (subject.asked[i].Holds(now)) {
             // Its last answer is still the newest that this source will give.
-            if (subject.Holds() && !subject.stale && subject.source == i)
-                return Settle(subject, false);
+            if (subject.Holds() && !subject.stale && subject.source == i) {
+                if (IsCurrent(subject, now))
+                    return Settle(subject, false);
+                subject.answered = true;
+            }
             continue;
         }
         m_rows[i].queues[key.first].push_back(key);
         return;
     }
-    Settle(subject, true);
+    Settle(subject, !subject.answered);
+}
+
+bool SourceSchedule::IsCurrent(const Subject& subject, std::int64_t now) {
+    return subject.quote ? WorthOf(*subject.quote, now) == Freshness::Current
+                         : subject.series && WorthOf(*subject.series, now) == Freshness::Current;
 }
 
 void SourceSchedule::Settle(Subject& subject, bool gaveUp) {
@@ -201,18 +250,20 @@ template <typename Value>
 void SourceSchedule::Keep(const Value& value, std::optional<Value> Subject::*member,
                           const Flight& flight, std::int64_t now) {
     Subject& subject = m_subjects[{flight.span, value.symbol}];
-    // A source that is a day behind does not replace what a faster one said before it failed.
     const std::optional<Value>& kept = subject.*member;
-    const bool isOlder = kept && TimeOf(value) != 0 && TimeOf(value) + kOlder < TimeOf(*kept);
-    if (!isOlder) {
+    if (!kept || IsNewer(value, *kept, now)) {
         Value newer = value;
         if (kept)
             KeepName(newer, *kept);
         subject.*member = std::move(newer);
         subject.receivedAt = now;
         subject.source = flight.row;
+        subject.answered = true;
     }
-    Settle(subject, isOlder);
+    if (WorthOf(value, now) == Freshness::Current) {
+        subject.source = flight.row;
+        Settle(subject, false);
+    }
 }
 
 /// A refusal and a missing answer are about the whole host, an unreadable answer about the source.
@@ -220,22 +271,18 @@ void SourceSchedule::Rest(std::size_t row, SourceFailure failure, std::string_vi
                           std::int64_t now) {
     RowState& state = m_rows[row];
     HostState& host = m_hosts[state.host];
-    if (failure == SourceFailure::Blocked) {
-        const auto length =
-            ReadRetryAfter(retryAfter, now)
-                .value_or(Doubled(kRefusedRest, host.failures, kLongestRefusedRest));
-        host.rest = {now, std::min(length, kLongestRest)};
-        ++host.failures;
-    } else if (failure == SourceFailure::Unreachable) {
-        const auto length =
-            ReadRetryAfter(retryAfter, now)
-                .value_or(Doubled(kUnreachableRest, host.failures, kLongestUnreachableRest));
-        host.rest = {now, std::min(length, kLongestRest)};
-        ++host.failures;
-    } else {
+    if (failure == SourceFailure::Garbage) {
         state.rest = {now, Doubled(kRefusedRest, state.failures, kLongestRefusedRest)};
         ++state.failures;
+        return;
     }
+    const auto asked = ReadRetryAfter(retryAfter, now);
+    const auto own = failure == SourceFailure::Blocked
+                         ? Doubled(kRefusedRest, host.failures, kLongestRefusedRest)
+                         : Doubled(kUnreachableRest, host.failures, kLongestUnreachableRest);
+    host.rest = {now, std::min(asked.value_or(own), kLongestRest)};
+    host.restIsAsked = asked.has_value();
+    ++host.failures;
 }
 
 const SourceSchedule::Subject* SourceSchedule::Find(PriceSpan span, std::string_view symbol) const {

@@ -30,6 +30,13 @@ struct SourceRequest {
     int timeout = 0; ///< in seconds
 };
 
+/// Who waits for an answer.
+enum class Urgency : std::uint8_t {
+    Routine, ///< a page that loads itself again and again: it respects every rest
+    Regular, ///< the program, every few minutes: it tries what failed
+    Asked    ///< a person: the same, whatever the program tried just before
+};
+
 /// What is known about a symbol.
 template <typename Value>
 struct Kept {
@@ -49,15 +56,19 @@ struct SourceReport {
 };
 
 /// Asks the sources of a table for symbols, in order, until each symbol has an answer or no source
-/// is left. One request at a time goes to a host; a source that refuses or fails rests; no symbol
-/// is asked of the same source again before its interval. Every `now` is in epoch seconds.
+/// is left. An answer that is older than it may be, or does not say its time, is kept as long as
+/// there is no newer one, and the search goes on. One request at a time goes to a host; a source
+/// that refuses or fails rests; no symbol is asked of the same source again before its interval.
+/// Every `now` is in epoch seconds.
 class SourceSchedule {
 public:
     explicit SourceSchedule(SourceTable table);
 
     /// Puts symbols (in any spelling) on the list of what is to be fetched. What is on it, or was
-    /// fetched a moment ago, is not put there again.
-    void Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now);
+    /// fetched a moment ago, is not put there again. But for a routine, sources that rest on our
+    /// own account are tried again, once a minute; a rest that a source asked for stands.
+    void Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now,
+              Urgency urgency = Urgency::Routine);
 
     /// The next request to send, none when all is sent, answered or given up. To be asked again
     /// after each answer, and once a second while IsBusy.
@@ -86,8 +97,9 @@ private:
     /// One symbol over one span: what is known and how far the present search is.
     struct Subject {
         bool pending = false;
+        bool answered = false; ///< in the present search, if not by something current
         bool stale = false;
-        std::size_t source = 0; ///< that the value came from
+        std::size_t source = 0; ///< that gave the value, or ended the last search
         std::int64_t receivedAt = 0;
         std::optional<Quote> quote;
         std::optional<PriceSeries> series;
@@ -99,7 +111,8 @@ private:
     struct HostState {
         std::optional<int> inFlight;
         Pause rest;
-        int failures = 0; ///< in a row
+        bool restIsAsked = false; ///< by the host itself
+        int failures = 0;         ///< in a row
     };
 
     struct RowState {
@@ -121,7 +134,9 @@ private:
     };
 
     const Subject* Find(PriceSpan span, std::string_view symbol) const;
+    void EndOwnRests(Urgency urgency, std::int64_t now);
     void PassOn(const Key& key, std::size_t firstRow, std::int64_t now);
+    static bool IsCurrent(const Subject& subject, std::int64_t now);
     void Settle(Subject& subject, bool gaveUp);
     bool MayAsk(std::size_t row, std::int64_t now) const;
     SourceRequest Send(std::size_t row, std::deque<Key>& queue, std::int64_t now);
@@ -139,6 +154,7 @@ private:
     std::map<std::string, HostState> m_hosts;
     std::map<Key, Subject> m_subjects;
     std::map<int, Flight> m_flights;
+    std::map<Urgency, Pause> m_untilNextTrial; ///< of sources that rest
     int m_lastId = 0;
     std::size_t m_pending = 0;
 };

@@ -3,6 +3,8 @@
 #include "core/quotes/source_files.h"
 #include "core/quotes/source_text.h"
 
+#include <gmock/gmock.h>
+
 namespace tallowmere {
 namespace {
 
@@ -95,6 +97,28 @@ TEST(QuoteRules, MarksAJumpByHalf) {
     KeepBelievable(answer, {"UP", "CALM"}, kFridayClose);
     EXPECT_TRUE(answer.quotes[0].doubtful);
     EXPECT_FALSE(answer.quotes[1].doubtful);
+}
+
+TEST(QuoteRules, KeepsTheLastDayOfAChartOfOneDay) {
+    const auto kept = [](PriceSpan span, const std::vector<std::int64_t>& before) {
+        SourceAnswer answer;
+        PriceSeries series{"A", span, {}, {}, "", ""};
+        for (const std::int64_t seconds : before) {
+            series.times.push_back(kFridayClose - seconds);
+            series.closes.push_back(static_cast<double>(1 + seconds));
+        }
+        answer.series.push_back(series);
+        KeepBelievable(answer, {"A"}, kFridayClose);
+        return answer.series.empty() ? std::vector<double>() : answer.series.front().closes;
+    };
+    using testing::ElementsAre;
+    using testing::IsEmpty;
+    EXPECT_THAT(kept(PriceSpan::Day, {600, 300, 0}), ElementsAre(601, 301, 1));
+    EXPECT_THAT(kept(PriceSpan::Day, {86400, 300, 0}), ElementsAre(301, 1));
+    EXPECT_THAT(kept(PriceSpan::Day, {2 * 86400, 86400, 0}), IsEmpty()) << "prices of days";
+    EXPECT_THAT(kept(PriceSpan::Day, {0}), IsEmpty());
+    EXPECT_THAT(kept(PriceSpan::FiveDays, {86400, 0}), ElementsAre(86401, 1));
+    EXPECT_THAT(kept(PriceSpan::Year, {86400, 0}), ElementsAre(86401, 1));
 }
 
 } // namespace

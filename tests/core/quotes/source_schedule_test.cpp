@@ -68,14 +68,20 @@ public:
         m_hosts[host] = [response](const auto&) { return response; };
     }
 
-    void Get(const std::vector<std::string>& symbols, PriceSpan span = PriceSpan::Quote) {
-        m_schedule.Want(span, symbols, now);
+    void Get(const std::vector<std::string>& symbols, PriceSpan span = PriceSpan::Quote,
+             Urgency urgency = Urgency::Routine) {
+        m_schedule.Want(span, symbols, now, urgency);
         while (const auto request = m_schedule.Next(now)) {
             asked.push_back(request->address.substr(8));
             const std::string host = asked.back().substr(0, asked.back().find('/'));
             m_schedule.Answer(request->id, m_hosts[host](request->address), now);
         }
         EXPECT_FALSE(m_schedule.IsBusy());
+    }
+
+    /// The same for somebody who asks.
+    void Ask(const std::vector<std::string>& symbols) {
+        Get(symbols, PriceSpan::Quote, Urgency::Asked);
     }
 
     double Price(std::string_view symbol) const {
@@ -380,6 +386,173 @@ TEST(SourceSchedule, AsksForAThousandSymbolsOnceEach) {
         count += CountOccurrences(address, "|") + 1;
     EXPECT_EQ(count, 1000u);
     EXPECT_EQ(web.Price("T999"), 10);
+}
+
+constexpr const char* kDayBefore = "2026-11-19T16:00:00-0500";
+
+TEST(SourceSchedule, GoesOnPastAnAnswerOfAnEarlierDay) {
+    Web web;
+    web.Set("first.example", [](const auto& address) { return Good(address, 9, kDayBefore); });
+    web.Get({"A", "B"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B", "second.example/q?s=A|B"));
+    EXPECT_EQ(web.Price("A"), 20);
+    EXPECT_FALSE(web.IsStale("A"));
+    // The frozen source is left alone for a while.
+    web.now += 60;
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("second.example/q?s=A"));
+}
+
+TEST(SourceSchedule, GoesOnPastAnAnswerWithoutATime) {
+    Web web;
+    web.Set("first.example", [](const auto& address) { return Good(address, 9, ""); });
+    web.Get({"A"});
+    EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A", "second.example/q?s=A"));
+    EXPECT_EQ(web.Price("A"), 20);
+}
+
+TEST(SourceSchedule, TakesTheNewestWhenNoneIsCurrent) {
+    struct Case {
+        const char* first;
+        const char* second;
+        double price;
+    };
+    for (const Case& c : {Case{"2026-11-18T16:00:00-0500", kDayBefore, 20},
+                          {kDayBefore, "2026-11-18T16:00:00-0500", 10},
+                          {kDayBefore, kDayBefore, 20}, // received last
+                          {"", kDayBefore, 10},
+                          {kDayBefore, "", 20},
+                          {"", "", 20}}) {
+        Web web;
+        web.Set("first.example", [&](const auto& address) { return Good(address, 10, c.first); });
+        web.Set("second.example", [&](const auto& address) { return Good(address, 20, c.second); });
+        web.Get({"A"});
+        EXPECT_EQ(web.Price("A"), c.price) << c.first << " and " << c.second;
+        EXPECT_FALSE(web.IsStale("A")) << "it was answered, if by an old price";
+    }
+}
+
+TEST(SourceSchedule, TakesAnOldPriceWhereTheOtherSourcesHaveNone) {
+    Web web;
+    web.Set("first.example", [](const auto& address) { return Good(address, 9, kDayBefore); });
+    web.Set("second.example", SourceResponse());
+    web.Get({"A"});
+    EXPECT_EQ(web.Price("A"), 9);
+    web.Set("first.example", [](const auto& address) { return Good(address, 11); });
+    web.now += 60;
+    web.Ask({"A"});
+    EXPECT_EQ(web.Price("A"), 11);
+}
+
+TEST(SourceSchedule, AsksNobodyTwiceForAPriceThatIsDelayedButCurrent) {
+    Web web;
+    web.Get({"A"});
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example",
+            [](const auto& address) { return Good(address, 20, "2026-11-20T15:45:00-0500"); });
+    web.now += 60;
+    web.Get({"A"});
+    EXPECT_EQ(web.Price("A"), 10) << "what is kept is newer";
+    EXPECT_FALSE(web.IsStale("A"));
+    web.TakeAsked();
+    web.now += 5;
+    web.Get({"A"});
+    EXPECT_THAT(web.asked, IsEmpty());
+}
+
+/// Lets every source refuse for an hour, asked once a minute.
+void RefuseForAnHour(Web& web, const SourceResponse& refusal) {
+    for (const char* host : {"first.example", "second.example", "floor.example"})
+        web.Set(host, refusal);
+    for (int minute = 0; minute < 60; ++minute) {
+        web.Get({"A"});
+        web.now += 60;
+    }
+    for (const char* host : {"first.example", "second.example"})
+        web.Set(host, [](const auto& address) { return Good(address, 30); });
+    web.TakeAsked();
+}
+
+TEST(SourceSchedule, TriesRestingSourcesAgainForWhoeverAsks) {
+    for (const SourceResponse& refusal :
+         {SourceResponse{403, "text/html", "", "<html>"}, SourceResponse(),
+          SourceResponse{200, "application/json", "", "{\"oops\":"}}) {
+        Web web;
+        RefuseForAnHour(web, refusal);
+        web.Ask({"A"});
+        EXPECT_EQ(web.Price("A"), 30) << refusal.status;
+    }
+}
+
+TEST(SourceSchedule, APersonDoesNotWaitForWhatTheProgramTriedJustBefore) {
+    Web web;
+    RefuseForAnHour(web, {403, "text/html", "", "<html>"});
+    for (const char* host : {"first.example", "second.example"})
+        web.Set(host, SourceResponse{403, "text/html", "", "<html>"});
+    web.Get({"A"}, PriceSpan::Quote, Urgency::Regular);
+    EXPECT_EQ(web.TakeAsked().size(), 2u);
+    web.Set("first.example", [](const auto& address) { return Good(address, 30); });
+    web.now += 15;
+    web.Get({"A"}, PriceSpan::Quote, Urgency::Regular);
+    EXPECT_EQ(web.Price("A"), 0);
+    web.Ask({"A"});
+    EXPECT_EQ(web.Price("A"), 30);
+}
+
+TEST(SourceSchedule, RoutineDoesNotTryRestingSourcesAgain) {
+    Web web;
+    RefuseForAnHour(web, {403, "text/html", "", "<html>"});
+    web.Get({"A"});
+    EXPECT_THAT(web.asked, IsEmpty());
+}
+
+TEST(SourceSchedule, KeepsTheRestThatASourceAskedFor) {
+    Web web;
+    RefuseForAnHour(web, {429, "text/html", "7200", ""});
+    web.Ask({"A"});
+    EXPECT_THAT(web.asked, IsEmpty());
+    web.now += 3601;
+    web.Ask({"A"});
+    EXPECT_EQ(web.Price("A"), 30);
+}
+
+TEST(SourceSchedule, TriesRestingSourcesAgainOnceAMinute) {
+    Web web;
+    for (const char* host : {"first.example", "second.example"})
+        web.Set(host, SourceResponse{403, "text/html", "", "<html>"});
+    // Refused at once, and once more as soon as the interval of the symbol is over.
+    for (int i = 0; i < 12; ++i) {
+        web.Ask({"A"});
+        web.now += 5;
+    }
+    EXPECT_EQ(web.TakeAsked().size(), 4u);
+    for (int i = 0; i < 120; ++i) {
+        web.Ask({"A"});
+        web.now += 5;
+    }
+    EXPECT_EQ(web.TakeAsked().size(), 20u) << "two sources, ten minutes";
+}
+
+TEST(SourceSchedule, ATrialStaysWithinTheCap) {
+    Web web;
+    web.Set("first.example", SourceResponse{403, "text/html", "", "<html>"});
+    web.Set("second.example", SourceResponse{403, "text/html", "", "<html>"});
+    for (int i = 0; i < 40; ++i) {
+        web.Ask({"A"});
+        web.now += 60;
+    }
+    EXPECT_EQ(web.Schedule().Reports(web.now)[0].requestsToday, 20);
+}
+
+TEST(SourceSchedule, SendsNothingAgainToAHostThatHungUp) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse());
+    for (int i = 0; i < 14; ++i) {
+        web.Ask({"A"});
+        web.now += 1;
+    }
+    EXPECT_THAT(web.asked, ElementsAre("first.example/q?s=A", "second.example/q?s=A"));
 }
 
 } // namespace
