@@ -88,6 +88,10 @@ void LoopbackServer::Answer(QTcpSocket* socket, const QByteArray& head) {
 
     if (page.ending == Ending::Silent)
         return;
+    if (page.ending == Ending::HangUp) {
+        socket->abort();
+        return;
+    }
     socket->write(HeadOf(page));
     socket->write(page.ending == Ending::Chunked ? InChunks(page.body) : page.body);
     if (page.ending == Ending::Endless) {

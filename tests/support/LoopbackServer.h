@@ -19,6 +19,7 @@ struct CannedPage {
         CutShort, ///< says a longer length than it sends, and closes
         Stall,    ///< says a longer length than it sends, and stays open
         Silent,   ///< never answers
+        HangUp,   ///< breaks the connection off instead of answering
         Endless   ///< sends the body again every few milliseconds
     };
 

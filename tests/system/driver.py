@@ -119,7 +119,7 @@ class Server:
     """A web server on the loopback interface. `pages` maps a path with its query to a body; any
     other address gives a small page that names it. `headers` maps a path to further headers of its
     answer. `services` maps a path without its query to a function that gives the type and the body
-    of an answer to a path, or None to hang up. `requests` is what was asked for, in order."""
+    of an answer to a path, with a status behind them if it is not 200, or None to hang up. `requests` is what was asked for, in order."""
 
     def __init__(self):
         self.pages = {}
@@ -136,16 +136,16 @@ class Server:
                 with server._changed:
                     server.requests.append((time.monotonic(), path))
                     server._changed.notify_all()
-                kind, body = "text/html; charset=utf-8", server.pages.get(path)
+                kind, body, status = "text/html; charset=utf-8", server.pages.get(path), []
                 if service := server.services.get(path.partition("?")[0]):
                     if (answer := service(path)) is None:
                         return
-                    kind, body = answer
+                    kind, body, *status = answer
                 if body is None:
                     body = f"<html><head><title>{path}</title></head>" \
                            f"<body><h1>Page {path}</h1></body></html>"
                 data = body.encode()
-                self.send_response(200)
+                self.send_response(*(status or [200]))
                 self.send_header("Content-Type", kind)
                 self.send_header("Content-Length", str(len(data)))
                 for header, value in server.headers.get(path, {}).items():

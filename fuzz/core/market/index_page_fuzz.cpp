@@ -18,7 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
     }
     for (const auto& row : table)
-        if (tallowmere::ReadIndexNote(page, row).size() > page.size())
+        if (tallowmere::ReadIndexNote(page, row).size() > page.size() ||
+            tallowmere::ReadIndexAge(page, row).size() > page.size())
             std::abort();
     return 0;
 }

@@ -42,10 +42,11 @@ void TransferControl::Open(const QString& address) {
     if (const auto target = m_access.Resolve(url, AddressUse::Reading))
         url = *target;
     if (url.scheme() == PortalAddress::Scheme()) {
-        m_access.Ask(url, [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
+        const auto take = [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
             if (guard && guard->m_isBusy && guard->m_transfer == transfer)
                 guard->OnAnswer(answer);
-        });
+        };
+        m_access.Ask(url, Asker::Transfer, take);
         return;
     }
     if (!url.isValid() || !IsWebUrl(url) || url.host().isEmpty()) {

@@ -30,7 +30,7 @@ QUrl PortalUrl(QUrl url) {
 } // namespace
 
 void WebAccess::SetPortal(PortalFunction portal) {
-    m_portal = [portal = std::move(portal)](const std::string& host, const std::string& path,
+    m_portal = [portal = std::move(portal)](const std::string& host, const std::string& path, Asker,
                                             const PortalReply& reply) {
         reply(portal(host, path));
     };
@@ -58,7 +58,7 @@ QUrl WebAccess::ResolveOutside(const QUrl& url) const {
     return Resolve(url, AddressUse::Outside).value_or(url);
 }
 
-void WebAccess::Ask(const QUrl& portalUrl, PortalReply reply) const {
+void WebAccess::Ask(const QUrl& portalUrl, Asker asker, PortalReply reply) const {
     if (!m_portal) {
         reply({});
         return;
@@ -68,7 +68,7 @@ void WebAccess::Ask(const QUrl& portalUrl, PortalReply reply) const {
                             QUrl::RemoveQuery | QUrl::RemoveFragment);
     const QByteArray path =
         portalUrl.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
-    m_portal(host.mid(2).toStdString(), path.toStdString(), std::move(reply));
+    m_portal(host.mid(2).toStdString(), path.toStdString(), asker, std::move(reply));
 }
 
 QUrl WebAccess::AsBuilt(const QUrl& url) {

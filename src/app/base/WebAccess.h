@@ -6,11 +6,19 @@
 
 #include <QUrl>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 
 namespace tallowmere {
+
+/// Who asks the portal for a page.
+enum class Asker : std::uint8_t {
+    Pane,     ///< the user, by a pane or a page of ours in it
+    Transfer, ///< the program, which reads pages by itself
+    WebPage   ///< a page of the web: it makes nobody ask the sources of quotes
+};
 
 /// Decides where an http(s) address leads when the engine or a transfer asks for it. The address
 /// that is built, shown and stored never changes; only this answer does.
@@ -22,7 +30,7 @@ public:
     using PortalReply = std::function<void(const std::optional<PortalAnswer>&)>;
     /// The same function for a portal whose answer may come later.
     using LatePortalFunction =
-        std::function<void(const std::string&, const std::string&, PortalReply)>;
+        std::function<void(const std::string&, const std::string&, Asker, PortalReply)>;
     /// Gives the address that stands in for an address, or the same address; one that begins with
     /// "portal:" leads to the portal.
     using Resolver = std::function<std::string(const std::string&, AddressUse)>;
@@ -48,7 +56,7 @@ public:
 
     /// Asks the portal for an address of its scheme. `reply` is called once, at once or later, and
     /// sees to it itself that whom it answers is still there.
-    void Ask(const QUrl& portalUrl, PortalReply reply) const;
+    void Ask(const QUrl& portalUrl, Asker asker, PortalReply reply) const;
 
     /// The http address that an address of the portal stands for; any other address as it is.
     static QUrl AsBuilt(const QUrl& url);

@@ -66,13 +66,14 @@ void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
         AnswerHelp(job);
     } else {
         // The job ends when its page goes away, which may be before the answer comes.
-        m_access.Ask(url, [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
+        const auto take = [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
             if (job && answer)
                 Reply(job, QByteArray::fromStdString(answer->type),
                       QByteArray::fromStdString(answer->body));
             else if (job)
                 job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-        });
+        };
+        m_access.Ask(url, IsWebUrl(job->initiator()) ? Asker::WebPage : Asker::Pane, take);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "app/engine/RequestRedirector.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
 
 namespace tallowmere {
@@ -13,16 +14,31 @@ bool RequestRedirector::Passes(const QWebEngineUrlRequestInfo& info) const {
            !m_passing.isEmpty() && info.requestUrl().authority() == m_passing.authority();
 }
 
+/// Whether an image, a frame or the like belongs to a page that is not ours. One whose page does
+/// not say where it comes from, a sandboxed one, is not.
+bool RequestRedirector::IsPartOfForeignPage(const QWebEngineUrlRequestInfo& info) {
+    return info.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeMainFrame &&
+           info.initiator().scheme() != PortalAddress::Scheme();
+}
+
 void RequestRedirector::interceptRequest(QWebEngineUrlRequestInfo& info) {
     const QUrl url = info.requestUrl();
     const QString scheme = url.scheme();
     const bool isSocket = scheme == u"ws" || scheme == u"wss";
     // No page shows a file of the user, and sample mode works without any network.
-    if (scheme == u"file" || (isSocket && m_access.Mode() == WebMode::Sample))
+    if (scheme == u"file" || (isSocket && m_access.Mode() == WebMode::Sample)) {
         info.block(true);
-    else if (Passes(info))
+        return;
+    }
+    if (Passes(info)) {
         m_passing.clear();
-    else if (const auto target = m_access.Resolve(url, AddressUse::Page))
+        return;
+    }
+    const auto target = m_access.Resolve(url, AddressUse::Page);
+    // What the portal knows and whom it asks for more is no matter of the web's pages.
+    if (target.value_or(url).scheme() == PortalAddress::Scheme() && IsPartOfForeignPage(info))
+        info.block(true);
+    else if (target)
         info.redirect(*target);
 }
 

@@ -21,6 +21,7 @@ public:
 
 private:
     bool Passes(const QWebEngineUrlRequestInfo& info) const;
+    static bool IsPartOfForeignPage(const QWebEngineUrlRequestInfo& info);
 
     const WebAccess& m_access;
     QUrl m_passing;

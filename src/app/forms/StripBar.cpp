@@ -1,5 +1,7 @@
 #include "app/forms/StripBar.h"
 
+#include "app/forms/StripPanel.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -19,35 +21,45 @@ StripBar::StripBar(QWidget* parent) : QWidget(parent) {
     setAccessibleName(u"Market indices"_s);
     setFocusPolicy(Qt::TabFocus);
     for (int panel = 1; panel <= kPanels; ++panel) {
-        auto* label = new QLabel(this);
+        auto* label = new StripPanel(this);
         label->setObjectName(u"SpooBar"_s + QString::number(panel));
         label->setToolTip(u"Indexes retrieved from Yahoo! Finanace"_s);
-        label->setTextFormat(Qt::PlainText);
-        label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        label->setAlignment(Qt::AlignCenter);
         label->installEventFilter(this);
         m_panels[static_cast<std::size_t>(panel - 1)] = label;
     }
 }
 
 QString StripBar::PanelText(int panel) const {
-    return m_panels.at(static_cast<std::size_t>(panel - 1))->text();
+    return Panel(panel)->text();
 }
 
-void StripBar::SetPanelText(int panel, const QString& text) {
+template <typename Change>
+void StripBar::Rearrange(Change change) {
     const int before = heightForWidth(width());
-    QLabel* label = m_panels.at(static_cast<std::size_t>(panel - 1));
-    label->setText(text);
-    label->setAccessibleName(text);
+    change();
     if (heightForWidth(width()) == before)
         Arrange();
     else
         Q_EMIT HeightChanged();
 }
 
+void StripBar::SetPanelText(int panel, const QString& text) {
+    Rearrange([&] {
+        Panel(panel)->setText(text);
+        Panel(panel)->setAccessibleName(text);
+    });
+}
+
 void StripBar::SetPanelNote(int panel, const QString& note) {
-    QLabel* label = m_panels.at(static_cast<std::size_t>(panel - 1));
-    label->setAccessibleDescription(note);
+    Panel(panel)->setAccessibleDescription(note);
+}
+
+void StripBar::SetPanelAge(int panel, const QString& age) {
+    Rearrange([&] { Panel(panel)->SetAge(age); });
+}
+
+void StripBar::SetPanelHint(int panel, const QString& hint) {
+    Rearrange([&] { Panel(panel)->SetHint(hint); });
 }
 
 bool StripBar::eventFilter(QObject* watched, QEvent* event) {
@@ -61,8 +73,8 @@ bool StripBar::eventFilter(QObject* watched, QEvent* event) {
 
 int StripBar::Columns(int width) const {
     int widest = 1;
-    for (const QLabel* label : m_panels)
-        widest = std::max(widest, label->fontMetrics().horizontalAdvance(label->text()) + kPadding);
+    for (const StripPanel* panel : m_panels)
+        widest = std::max(widest, panel->ShownWidth() + kPadding);
     const int fitting = width / widest;
     return fitting >= 6 ? 6 : fitting >= 3 ? 3 : fitting >= 2 ? 2 : 1;
 }

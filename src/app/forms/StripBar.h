@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QLabel>
 #include <QWidget>
 
 #include <array>
 
 namespace tallowmere {
+
+class StripPanel;
 
 /// The status bar of six panels. The panels stand in as few rows as their texts allow.
 class StripBar : public QWidget {
@@ -18,9 +19,13 @@ public:
     /// Panels count from 1.
     QString PanelText(int panel) const;
     void SetPanelText(int panel, const QString& text);
-    /// What is to be said about the text of a panel: told under the pointer, and to assistive
-    /// technology.
+    /// What is to be said about the text of a panel, or why there is none: told under the pointer,
+    /// and to assistive technology.
     void SetPanelNote(int panel, const QString& note);
+    /// How old a stale text is, drawn behind the dimmed text; empty for one that is not stale.
+    void SetPanelAge(int panel, const QString& age);
+    /// What is drawn in a panel that has no text yet.
+    void SetPanelHint(int panel, const QString& hint);
 
     /// The height that the panels need at a width, in pixels.
     int heightForWidth(int width) const override;
@@ -39,10 +44,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    StripPanel* Panel(int panel) const { return m_panels.at(static_cast<std::size_t>(panel - 1)); }
+    template <typename Change>
+    void Rearrange(Change change);
     int Columns(int width) const;
     void Arrange();
 
-    std::array<QLabel*, kPanels> m_panels{};
+    std::array<StripPanel*, kPanels> m_panels{};
 };
 
 } // namespace tallowmere

@@ -7,6 +7,8 @@
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 #include "core/market/index_strip.h"
+#include "core/quotes/quote_age.h"
+#include "core/quotes/time_text.h"
 #include "core/sites/site_table.h"
 
 #include <QPointer>
@@ -30,6 +32,10 @@ IndexStrip::IndexStrip(frmMain& form, const SiteTable& sites, const Clock& clock
                        TransferControl& spooNet)
     : QObject(&form), m_form(form), m_sites(sites), m_clock(clock), m_panes(panes),
       m_spooNet(spooNet) {
+    for (int panel = 1; panel <= StripBar::kPanels; ++panel) {
+        form.SpooBar->SetPanelHint(panel, tr("Quotes awaited"));
+        form.SpooBar->SetPanelNote(panel, tr("The quotes of the indices are awaited."));
+    }
     Timer1.setInterval(kFirstTickMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, &IndexStrip::Tick);
     connect(form.SpooBar, &StripBar::Clicked, this, &IndexStrip::OpenDetails);
@@ -71,12 +77,38 @@ void IndexStrip::Fetch() {
     }
     if (!alive)
         return;
+    StripBar& strip = *m_form.SpooBar;
     int panel = 1;
     for (const std::string& text : ReadIndexPage(View(page))) {
         const IndexRow& row = IndexTable()[static_cast<std::size_t>(panel - 1)];
-        m_form.SpooBar->SetPanelNote(panel, ToQt(ReadIndexNote(View(page), row)));
-        m_form.SpooBar->SetPanelText(panel++, ToQt(text));
+        m_written.at(static_cast<std::size_t>(panel - 1)) = Now();
+        strip.SetPanelNote(panel, ToQt(ReadIndexNote(View(page), row)));
+        strip.SetPanelAge(panel, ToQt(ReadIndexAge(View(page), row)));
+        strip.SetPanelText(panel++, ToQt(text));
     }
+    for (; panel <= StripBar::kPanels; ++panel)
+        ShowMissing(panel,
+                    ReadIndexNote(View(page), IndexTable()[static_cast<std::size_t>(panel - 1)]));
+}
+
+/// A panel that got no text from the last page says so, beside the text that it has.
+void IndexStrip::ShowMissing(int panel, const std::string& reason) {
+    const QString why =
+        reason.empty() ? tr("The page of the indices did not come, or says nothing about this one.")
+                       : ToQt(reason);
+    m_form.SpooBar->SetPanelHint(panel, tr("No quotes"));
+    const std::int64_t written = m_written.at(static_cast<std::size_t>(panel - 1));
+    if (written == 0) {
+        m_form.SpooBar->SetPanelNote(panel, why);
+        return;
+    }
+    m_form.SpooBar->SetPanelAge(panel, ToQt(AgeText(written, Now())));
+    m_form.SpooBar->SetPanelNote(panel,
+                                 tr("Not renewed since %1: %2").arg(ToQt(ShowTime(written)), why));
+}
+
+std::int64_t IndexStrip::Now() const {
+    return m_clock.Now().toSecsSinceEpoch();
 }
 
 void IndexStrip::OpenDetails() {

@@ -1,7 +1,13 @@
 #pragma once
 
+#include "app/forms/StripBar.h"
+
 #include <QObject>
 #include <QTimer>
+
+#include <array>
+#include <cstdint>
+#include <string>
 
 namespace tallowmere {
 
@@ -29,7 +35,9 @@ public:
 
 private:
     void Fetch();
+    void ShowMissing(int panel, const std::string& reason);
     void OpenDetails();
+    std::int64_t Now() const;
 
     frmMain& m_form;
     const SiteTable& m_sites;
@@ -38,6 +46,7 @@ private:
     TransferControl& m_spooNet;
     int m_lastFetch = 0; ///< seconds since midnight
     bool m_fetching = false;
+    std::array<std::int64_t, StripBar::kPanels> m_written{}; ///< epoch seconds, by panel
 };
 
 } // namespace tallowmere

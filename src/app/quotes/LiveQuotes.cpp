@@ -28,6 +28,41 @@ bool HasAnswered(const QNetworkReply& reply) {
     return error == QNetworkReply::NoError || isAboutContent || isOfServer;
 }
 
+/// A body of no bytes that cannot be read a second time.
+class UnrepeatableBody : public QIODevice {
+public:
+    explicit UnrepeatableBody(QObject* parent) : QIODevice(parent) { open(ReadOnly | Unbuffered); }
+    bool isSequential() const override { return true; }
+    bool atEnd() const override { return true; }
+    bool reset() override { return false; }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char*, qint64) override { return -1; }
+};
+
+/// Sends a request that goes out once. By itself Qt repeats one whose connection broke before the
+/// answer, which to a server that hangs up on too many requests is one more; it does not repeat a
+/// request with a body that it cannot read again.
+QNetworkReply* SendOnce(QNetworkAccessManager& network, QNetworkRequest request) {
+    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    request.setHeader(QNetworkRequest::ContentLengthHeader, 0);
+    auto* body = new UnrepeatableBody(&network);
+    QNetworkReply* reply = network.sendCustomRequest(request, "GET", body);
+    body->setParent(reply);
+    return reply;
+}
+
+/// Where an answer leads on to; never from an encrypted address to one that is not.
+std::optional<QUrl> RedirectOf(const QNetworkReply& reply) {
+    const QVariant target = reply.attribute(QNetworkRequest::RedirectionTargetAttribute);
+    if (reply.error() != QNetworkReply::NoError || !target.isValid())
+        return {};
+    const QUrl url = reply.url().resolved(target.toUrl());
+    const bool staysSafe = reply.url().scheme() != u"https" || url.scheme() == u"https";
+    return IsWebUrl(url) && staysSafe ? std::optional(url) : std::nullopt;
+}
+
 } // namespace
 
 LiveQuotes::LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources,
@@ -49,12 +84,19 @@ LiveQuotes::~LiveQuotes() {
         reply->disconnect(this);
 }
 
-void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery,
+void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery, Asker asker,
                         WebAccess::PortalReply reply) {
+    if (asker == Asker::WebPage) {
+        reply(m_portal.Answer(host, pathAndQuery, m_quotes, Now(), false));
+        return;
+    }
+    const Urgency urgency = LivePortal::LoadsItself(pathAndQuery) ? Urgency::Routine
+                            : asker == Asker::Pane                ? Urgency::Asked
+                                                                  : Urgency::Regular;
     Page page{host, pathAndQuery, std::move(reply), m_portal.Needs(host, pathAndQuery),
               QDeadlineTimer(m_patience)};
     for (WantedPrices& wanted : page.needs) {
-        m_quotes.Want(wanted.span, wanted.symbols, Now());
+        m_quotes.Want(wanted.span, wanted.symbols, Now(), urgency);
         std::reverse(wanted.symbols.begin(), wanted.symbols.end()); // the first are fetched first
     }
     m_waiting.push_back(std::move(page));
@@ -74,7 +116,8 @@ void LiveQuotes::Save() const {
 
 void LiveQuotes::Proceed() {
     while (const auto request = m_quotes.Next(Now()))
-        Send(*request);
+        Send({*request, QDeadlineTimer(std::chrono::seconds(request->timeout))},
+             QUrl::fromEncoded(QByteArray::fromStdString(request->address)));
     if (!m_quotes.IsBusy())
         m_tick.stop();
     else if (!m_tick.isActive())
@@ -82,16 +125,19 @@ void LiveQuotes::Proceed() {
     AnswerWholePages();
 }
 
-void LiveQuotes::Send(const SourceRequest& request) {
+void LiveQuotes::Send(const Question& question, const QUrl& url) {
     m_proxy.ApplyTo(m_network);
-    QNetworkRequest question(QUrl::fromEncoded(QByteArray::fromStdString(request.address)));
-    question.setMaximumRedirectsAllowed(kRedirectLimit);
-    question.setRawHeader("User-Agent", QByteArray::fromStdString(request.userAgent));
-    question.setRawHeader("Accept", "*/*");
-    QNetworkReply* reply = m_network.get(question);
+    QNetworkRequest request(url);
+    // Where a redirect leads to is a request of its own, which must not be repeated either.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    request.setRawHeader("User-Agent", QByteArray::fromStdString(question.request.userAgent));
+    request.setRawHeader("Accept", "*/*");
+    QNetworkReply* reply = SendOnce(m_network, request);
     // A server that sends a byte now and then is as good as silent.
-    QTimer::singleShot(std::chrono::seconds(request.timeout), reply, &QNetworkReply::abort);
-    const auto take = [this, reply, id = request.id] { Take(*reply, id); };
+    QTimer::singleShot(std::chrono::milliseconds(question.deadline.remainingTime()), reply,
+                       &QNetworkReply::abort);
+    const auto take = [this, reply, question] { Take(*reply, question); };
     connect(reply, &QNetworkReply::finished, this, take);
     connect(reply, &QNetworkReply::readyRead, this, [reply, take] {
         if (reply->bytesAvailable() > static_cast<qint64>(kMaximumAnswer))
@@ -99,9 +145,10 @@ void LiveQuotes::Send(const SourceRequest& request) {
     });
 }
 
-void LiveQuotes::Take(QNetworkReply& reply, int id) {
+void LiveQuotes::Take(QNetworkReply& reply, Question question) {
     reply.disconnect(this);
     SourceResponse response;
+    const auto next = RedirectOf(reply);
     if (HasAnswered(reply)) {
         response.status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         response.contentType =
@@ -111,7 +158,11 @@ void LiveQuotes::Take(QNetworkReply& reply, int id) {
     response.retryAfter = reply.rawHeader("Retry-After").toStdString();
     reply.abort();
     reply.deleteLater();
-    m_quotes.Answer(id, response, Now());
+    if (next && ++question.redirects <= kRedirectLimit) {
+        Send(question, *next);
+        return;
+    }
+    m_quotes.Answer(question.request.id, response, Now());
     Proceed();
 }
 

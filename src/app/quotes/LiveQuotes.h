@@ -34,8 +34,9 @@ public:
     /// The proxy of all requests from now on.
     void UseProxy(const ProxySetting& setting) { m_proxy = setting; }
 
-    /// Answers an address without its scheme: at once when all it needs is at hand, else later.
-    void Answer(const std::string& host, const std::string& pathAndQuery,
+    /// Answers an address without its scheme: at once when all it needs is at hand or its asker
+    /// has no claim to more, else later.
+    void Answer(const std::string& host, const std::string& pathAndQuery, Asker asker,
                 WebAccess::PortalReply reply);
 
     /// Leaves the quotes at hand to a later run. What goes wrong is told on standard error.
@@ -51,9 +52,16 @@ private:
         QDeadlineTimer patience;
     };
 
+    /// A request that is under way, over as many redirects as it takes.
+    struct Question {
+        SourceRequest request;
+        QDeadlineTimer deadline;
+        int redirects = 0;
+    };
+
     void Proceed();
-    void Send(const SourceRequest& request);
-    void Take(QNetworkReply& reply, int id);
+    void Send(const Question& question, const QUrl& url);
+    void Take(QNetworkReply& reply, Question question);
     void AnswerWholePages();
     bool IsWhole(Page& page) const;
     std::int64_t Now() const { return m_clock.Now().toSecsSinceEpoch(); }

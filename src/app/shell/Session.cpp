@@ -73,8 +73,8 @@ void Session::ConnectPortal() {
                                               m_setup.clock,
                                               m_setup.folders.programFolder / "quotes.json");
         m_web.SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
-                                   WebAccess::PortalReply reply) {
-            m_live->Answer(host, m_subsystems->market.ticker->WithTickers(pathAndQuery),
+                                   Asker asker, WebAccess::PortalReply reply) {
+            m_live->Answer(host, m_subsystems->market.ticker->WithTickers(pathAndQuery), asker,
                            std::move(reply));
         });
     } else if (m_setup.portal) {

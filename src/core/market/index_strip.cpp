@@ -44,6 +44,25 @@ std::optional<std::string> ReadRow(std::string_view page, const IndexRow& row) {
         .append(page.substr(change, changeEnd - change));
 }
 
+/// An attribute of the table's row that holds the values of an index, or that says that there are
+/// none; empty without it.
+std::string AttributeOf(std::string_view page, const IndexRow& row, std::string_view name) {
+    auto inside = page.find(row.anchor);
+    if (inside == kNowhere)
+        inside = page.find("<td>" + ToUpper(row.symbol) + "</td>");
+    const auto start = inside == kNowhere ? kNowhere : page.rfind("<tr", inside);
+    if (start == kNowhere)
+        return {};
+    const std::string_view tag = page.substr(start, page.find('>', start) - start);
+    const std::string attribute = " " + std::string(name) + "=\"";
+    const auto value = tag.find(attribute);
+    if (value == kNowhere)
+        return {};
+    const std::string_view rest = tag.substr(value + attribute.size());
+    const auto end = rest.find('"');
+    return end == kNowhere ? std::string() : UnescapeHtml(rest.substr(0, end));
+}
+
 } // namespace
 
 bool FetchIsDue(double clock, int lastFetch) {
@@ -70,13 +89,11 @@ std::vector<std::string> ReadIndexPage(std::string_view page) {
 }
 
 std::string ReadIndexNote(std::string_view page, const IndexRow& row) {
-    constexpr std::string_view kTitleStart = "<tr title=\"";
-    const auto anchor = page.find(row.anchor);
-    const auto start = anchor == kNowhere ? kNowhere : page.rfind("<tr", anchor);
-    if (start == kNowhere || !page.substr(start).starts_with(kTitleStart))
-        return {};
-    const std::string_view title = page.substr(start + kTitleStart.size());
-    return UnescapeHtml(title.substr(0, title.find('"')));
+    return AttributeOf(page, row, "title");
+}
+
+std::string ReadIndexAge(std::string_view page, const IndexRow& row) {
+    return AttributeOf(page, row, "data-age");
 }
 
 } // namespace tallowmere

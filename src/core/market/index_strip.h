@@ -24,7 +24,11 @@ bool IsCompleteIndexPage(std::string_view page);
 std::vector<std::string> ReadIndexPage(std::string_view page);
 
 /// What the page says about a row beside its values, which is where they come from and of what time
-/// they are: the title of the table's row. Empty for a page that says nothing, or has no such row.
+/// they are, or why there are none: the title of the table's row. Empty for a page that says
+/// nothing, or has no such row.
 std::string ReadIndexNote(std::string_view page, const IndexRow& row);
+
+/// How old the page says a stale value of a row is; empty when it does not call it stale.
+std::string ReadIndexAge(std::string_view page, const IndexRow& row);
 
 } // namespace tallowmere

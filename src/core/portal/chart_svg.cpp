@@ -15,13 +15,13 @@ struct Layout {
     int width, height;
     int left, right, top, bottom; ///< the edges of the plot
     int titleSize, textSize;
-    int bannerSize, noteSize; ///< of the note, as far as it fits across the plot, else in lines
+    int bannerSize, noteSize; ///< of the note, as far as it fits in one line, else in lines
     int gridLines;
 };
 
 // clang-format off
-constexpr Layout kSmall{192,  96, 6, 140, 20,  78, 11, 10, 11,  9, 2};
-constexpr Layout kLarge{512, 288, 12, 440, 36, 256, 15, 12, 24, 12, 5};
+constexpr Layout kSmall{192,  96, 6, 140, 20,  80, 11, 10, 11,  9, 2};
+constexpr Layout kLarge{512, 288, 12, 440, 36, 268, 15, 12, 18, 12, 5};
 // clang-format on
 
 // Colours on white; the texts keep a contrast above 4.5.
@@ -63,28 +63,35 @@ std::vector<std::string> Wrapped(std::string_view text, std::size_t length) {
     return lines;
 }
 
-/// The note over the plot, with a white rim that keeps it clear of the curve: a short one across
-/// the middle, a long one in small lines that end at the bottom.
-std::string Note(std::string_view note, const Layout& layout) {
-    const double width = layout.right - layout.left;
-    const double middle = (layout.left + layout.right) / 2.0;
-    const auto fits = [&](int size) {
-        return static_cast<std::size_t>(width / (kCharacterWidth * size));
-    };
-    std::string svg = "<g stroke=\"#ffffff\" stroke-width=\"3\" paint-order=\"stroke\">";
-    if (note.size() <= fits(layout.bannerSize))
-        return svg +
-               Text(middle, (layout.top + layout.bottom) / 2.0, layout.bannerSize, "middle", kNote,
-                    note) +
-               "</g>";
-    const auto lines = Wrapped(note, fits(layout.noteSize));
-    double y = layout.bottom - 3 - static_cast<double>(lines.size() - 1) * (layout.noteSize + 1);
-    for (const std::string& line : lines) {
-        svg += Text(middle, y, layout.noteSize, "middle", kNote, line);
-        y += layout.noteSize + 1;
+/// The note under the plot: a short one in one line, a long one in small lines.
+struct Note {
+    int size = 0;
+    std::vector<std::string> lines;
+
+    Note(std::string_view text, const Layout& layout) : size(layout.bannerSize) {
+        const double width = layout.width - 2 * layout.left;
+        const auto fits = [&] {
+            return static_cast<std::size_t>(width / (kCharacterWidth * size));
+        };
+        if (text.empty())
+            return;
+        if (text.size() > fits())
+            size = layout.noteSize;
+        lines = Wrapped(text, fits());
     }
-    return svg + "</g>";
-}
+
+    int Height() const { return static_cast<int>(lines.size()) * (size + 1); }
+
+    std::string Svg(const Layout& layout) const {
+        std::string svg;
+        int y = layout.height - 3 - Height() + size + 1;
+        for (const std::string& line : lines) {
+            svg += Text(layout.left, y, size, "start", kNote, line);
+            y += size + 1;
+        }
+        return svg;
+    }
+};
 
 std::string Line(double x1, double y1, double x2, double y2) {
     return "<line x1=\"" + Number(x1) + "\" y1=\"" + Number(y1) + "\" x2=\"" + Number(x2) +
@@ -158,7 +165,9 @@ std::string Curve(const std::vector<double>& values, const Range& range, const L
 } // namespace
 
 std::string ChartSvg(const Chart& chart, ChartSize size) {
-    const Layout& layout = size == ChartSize::Small ? kSmall : kLarge;
+    Layout layout = size == ChartSize::Small ? kSmall : kLarge;
+    const Note note(chart.note, layout);
+    layout.bottom -= note.Height();
     const std::string width = std::to_string(layout.width);
     const std::string height = std::to_string(layout.height);
 
@@ -172,14 +181,14 @@ std::string ChartSvg(const Chart& chart, ChartSize size) {
         return svg + Text(layout.left, titleLine, layout.titleSize, "start", kText, chart.title) +
                Text((layout.left + layout.right) / 2.0, layout.top + layout.titleSize,
                     layout.titleSize, "middle", kText, "no prices") +
-               Note(chart.note, layout) + "</svg>";
+               note.Svg(layout) + "</svg>";
 
     const Range range = RangeOf(chart.values);
     svg += Curve(chart.values, range, layout) + Grid(range, layout) + Labels(chart.labels, layout) +
            Text(layout.left, titleLine, layout.titleSize, "start", kText, chart.title) +
            Text(layout.width - 4, titleLine, layout.titleSize, "end", kCurve,
                 PriceText(chart.values.back()));
-    return svg + Note(chart.note, layout) + "</svg>";
+    return svg + note.Svg(layout) + "</svg>";
 }
 
 } // namespace tallowmere

@@ -14,7 +14,7 @@ struct ChartLabel {
 /// What a price chart shows.
 struct Chart {
     std::string title;
-    std::string note;               ///< written over the chart: where the prices come from
+    std::string note;               ///< written under the curve: where the prices come from
     std::vector<double> values;     ///< oldest first, evenly spaced
     std::vector<ChartLabel> labels; ///< from left to right; those that would touch are left out
 };

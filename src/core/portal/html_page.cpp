@@ -29,7 +29,9 @@ a { color: var(--link); }
 .quiet { color: var(--quiet); }
 .up { color: var(--up); }
 .down { color: var(--down); }
-.price { font-size: 1.6rem; font-weight: bold; }
+.price { font-size: 1.6rem; }
+.old { color: var(--quiet); font-style: italic; }
+body { overflow-wrap: break-word; }
 code { overflow-wrap: anywhere; }
 table.figures { border-collapse: collapse; margin: 0.5rem 0; }
 table.figures th, table.figures td { padding: 0.2rem 0.7rem; text-align: right;
@@ -38,11 +40,23 @@ table.figures th { background: var(--head); }
 table.figures th:first-child, table.figures td:first-child,
 table.names th:nth-child(2), table.names td:nth-child(2) { text-align: left; }
 table.figures td { white-space: nowrap; }
+table.rows td:nth-child(2), table.rows td:last-child, table.figures small { white-space: normal; }
 .beside { display: flex; flex-wrap: wrap; gap: 0 2rem; align-items: start; }
 svg, img { max-width: 100%; height: auto; }
 nav a { margin-right: 0.9rem; }
 table[border] { border-collapse: collapse; margin: 0.6rem 0; }
 table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
+@media screen and (max-width: 62rem) {
+  table.rows, table.rows tbody, table[border], table[border] tbody { display: block; }
+  table.rows tr, table[border] tr { display: flex; flex-wrap: wrap; gap: 0 0.8rem;
+    align-items: baseline; padding: 0.15rem 0; border-bottom: 1px solid var(--line); }
+  table.rows th { display: none; }
+  table.rows td, table[border] td { padding: 0; border: none; white-space: normal; }
+  table.names td:nth-child(2) { flex: 1 1 9rem; }
+  table.rows td:last-child { text-align: left; }
+  table.rows td[data-name] { font-size: 0.8rem; color: var(--quiet); }
+  table.rows td[data-name]:not([data-name=""])::before { content: attr(data-name) " "; }
+}
 body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap;
   display: flex; overflow: hidden; }
 .strip .note { flex: none; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }

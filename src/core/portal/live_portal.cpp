@@ -78,9 +78,15 @@ std::vector<WantedPrices> LivePortal::Needs(std::string_view host,
     return market.Noted();
 }
 
+bool LivePortal::LoadsItself(std::string_view pathAndQuery) {
+    return PortalRequest({}, pathAndQuery).path == kTickerStripPath;
+}
+
 PortalAnswer LivePortal::Answer(std::string_view host, std::string_view pathAndQuery,
-                                const SourceSchedule& quotes, std::int64_t now) const {
-    return Page(LiveView(quotes, m_sites, m_strip, now), PortalRequest(host, pathAndQuery));
+                                const SourceSchedule& quotes, std::int64_t now,
+                                bool isAsked) const {
+    return Page(LiveView(quotes, m_sites, m_strip, now, isAsked),
+                PortalRequest(host, pathAndQuery));
 }
 
 PortalAnswer LivePortal::Page(const MarketView& market, const PortalRequest& request) const {

@@ -30,10 +30,13 @@ public:
     /// What must be fetched for the page of an address to be whole, each span once.
     std::vector<WantedPrices> Needs(std::string_view host, std::string_view pathAndQuery) const;
 
+    /// Whether the page of an address loads itself again and again while it is shown.
+    static bool LoadsItself(std::string_view pathAndQuery);
+
     /// Answers an address without its scheme with the quotes at hand at `now` (epoch seconds);
-    /// what is missing or stale is said to be.
+    /// what is missing or stale is said to be, and that the sources were not asked.
     PortalAnswer Answer(std::string_view host, std::string_view pathAndQuery,
-                        const SourceSchedule& quotes, std::int64_t now) const;
+                        const SourceSchedule& quotes, std::int64_t now, bool isAsked = true) const;
 
 private:
     PortalAnswer Page(const MarketView& market, const PortalRequest& request) const;

@@ -1,6 +1,7 @@
 #include "core/portal/live_view.h"
 
 #include "core/links/web_address.h"
+#include "core/quotes/quote_age.h"
 #include "core/quotes/time_text.h"
 #include "core/text/bytes.h"
 
@@ -54,12 +55,15 @@ std::string LabelAt(Period period, const NewYorkClock& before, const NewYorkCloc
                                                             : std::to_string(clock.hour) + ":00";
 }
 
-std::string Freshness(std::string_view source, std::int64_t time, std::int64_t receivedAt,
-                      bool isStale) {
+/// A price's time and source, and whether it is what it should be at `now`.
+template <typename Value>
+std::string Origin(const Kept<Value>& kept, std::int64_t time, Freshness worth, std::int64_t now) {
     std::string text = time == 0 ? "time not said" : ShowTime(time);
-    text.append(", ").append(source);
-    if (isStale)
-        text += ", stale since " + ShowTime(receivedAt);
+    text.append(", ").append(kept.value->source);
+    if (kept.stale)
+        text += ", stale since " + ShowTime(kept.receivedAt);
+    else if (worth == Freshness::Old)
+        text += ", stale: " + AgeText(time, now) + " old";
     return text;
 }
 
@@ -99,13 +103,19 @@ std::optional<ShownQuote> LiveView::Find(std::string_view symbol) const {
             std::minmax_element(year.value->closes.begin(), year.value->closes.end());
         shown.yearLow = std::min(*low, quote.low.value_or(*low));
         shown.yearHigh = std::max(*high, quote.high.value_or(*high));
+        if (year.value->source != quote.source)
+            shown.rangeSource = year.value->source;
     }
-    shown.when = Freshness(quote.source, quote.time, kept.receivedAt, kept.stale);
+    const Freshness worth = FreshnessOf(quote.symbol, quote.time, m_now);
+    if (kept.stale || worth != Freshness::Current)
+        shown.age = quote.time == 0 ? "no time" : AgeText(quote.time, m_now);
+    shown.when = Origin(kept, quote.time, worth, m_now);
     if (quote.delayed)
         shown.when += ", may be delayed";
     if (quote.doubtful)
         shown.when += ", doubtful: moved by half or more";
-    shown.stamp = "(" + shown.when + ")";
+    shown.stamp = "(" + shown.when +
+                  (shown.rangeSource.empty() ? "" : "; 52-week range: " + shown.rangeSource) + ")";
     return shown;
 }
 
@@ -133,7 +143,7 @@ Chart LiveView::ChartOf(std::string_view symbol, Period period) const {
     const double steps = std::max(1.0, static_cast<double>(chart.values.size()) - 1);
     for (auto& [at, text] : labels)
         chart.labels.push_back({static_cast<double>(at) / steps, std::move(text)});
-    chart.note = Freshness(series.source, series.times.back(), kept.receivedAt, kept.stale);
+    chart.note = Origin(kept, series.times.back(), FreshnessOf(series, m_now), m_now);
     return chart;
 }
 
@@ -144,6 +154,8 @@ std::string LiveView::Missing(std::string_view symbol) const {
 std::string LiveView::WhyMissing(PriceSpan span, std::string_view symbol) const {
     if (m_quotes.IsPending(span, symbol))
         return "The sources have not answered yet.";
+    if (!m_isAsked)
+        return "The sources were not asked: a page of the web led here.";
     const auto reports = m_quotes.Reports(m_now);
     const bool hasAny = std::any_of(reports.begin(), reports.end(), [](const SourceReport& report) {
         return report.enabled && !HasFailed(report) && (report.lastGood != 0 || report.lastFailure);
@@ -166,6 +178,8 @@ std::string LiveView::LinkTo(std::string_view path) const {
 
 PageFrame LiveView::Frame() const {
     std::string note = "Quotes of outside sources; each says its source and its time.";
+    if (!m_isAsked)
+        note += " A page of the web led here, so that only quotes at hand are shown.";
     std::string failed;
     std::string silent; // since the start
     std::set<std::string> named;

@@ -10,10 +10,10 @@ namespace tallowmere {
 class LiveView : public MarketView {
 public:
     /// `quotes`, `sites` and `strip` (the symbols of the ticker strip) are kept by reference; `now`
-    /// is in epoch seconds.
+    /// is in epoch seconds. `isAsked` says whether the sources were asked for what the page needs.
     LiveView(const SourceSchedule& quotes, const SiteTable& sites,
-             const std::vector<std::string>& strip, std::int64_t now)
-        : m_quotes(quotes), m_sites(sites), m_strip(strip), m_now(now) {}
+             const std::vector<std::string>& strip, std::int64_t now, bool isAsked = true)
+        : m_quotes(quotes), m_sites(sites), m_strip(strip), m_now(now), m_isAsked(isAsked) {}
 
     std::optional<ShownQuote> Find(std::string_view symbol) const override;
     Chart ChartOf(std::string_view symbol, Period period) const override;
@@ -30,6 +30,7 @@ private:
     const SiteTable& m_sites;
     const std::vector<std::string>& m_strip;
     std::int64_t m_now;
+    bool m_isAsked;
 };
 
 /// The span of prices that a chart of a period is drawn from.

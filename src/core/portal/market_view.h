@@ -25,8 +25,10 @@ struct ShownQuote {
     std::optional<double> open, dayLow, dayHigh, yearLow, yearHigh;
     std::optional<double> volume, averageVolume, marketCap;
     std::optional<double> earnings, priceEarnings, dividend, yield;
-    std::string when;  ///< when the price was made, and what else is to be said about it
-    std::string stamp; ///< where it comes from, in a heading
+    std::string when;        ///< when the price was made, and what else is to be said about it
+    std::string age;         ///< in a few characters when the price is stale, else empty
+    std::string stamp;       ///< where it comes from, in a heading
+    std::string rangeSource; ///< of the 52-week range, when it is not that of the price
 };
 
 /// A market as the pages of the built-in portal see it: the invented one or today's.

@@ -95,7 +95,7 @@ std::optional<PortalAnswer> AnswerProgram(const MarketView& market, const Portal
         return HtmlAnswer(QuotesPage(
             market, SymbolsOf(request.Parameter("symbols")), request.Parameter("d"),
             WithScheme(sites.Host("chart_server_1")), WithScheme(sites.Host("chart_server_2"))));
-    if (path == "/javaticker.html")
+    if (path == kTickerStripPath)
         return HtmlAnswer(TickerStripPage(market, request));
     if (const auto ticker = TickerOfFile(path, "/p/", ".html"))
         return HtmlAnswer(ProfilePage(market, *ticker, request));

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tallowmere {
 
@@ -20,6 +21,9 @@ struct PortalTexts {
     std::string books;    ///< "rr.html", the list of books
     std::string newSites; ///< "newsites.html", the list of new sites
 };
+
+/// Where the ticker strip is found, on whatever host.
+constexpr std::string_view kTickerStripPath = "/javaticker.html";
 
 /// A page as an answer.
 PortalAnswer HtmlAnswer(std::string page);

@@ -36,8 +36,10 @@ std::string StripEntry(const MarketView& market, std::string_view symbol) {
                              ShownText(symbol) + "</a> ";
     if (!quote)
         return "<span>" + link + "no price</span>";
-    return "<span title=\"" + ShownText(quote->when) + "\">" + link + PriceText(quote->last) + " " +
-           ColouredChange(quote->change, TextOr(quote->change, ChangeText, "")) + "</span>";
+    const std::string start = quote->age.empty() ? "<span" : "<span class=\"old\"";
+    return start + " title=\"" + ShownText(quote->when) + "\">" + link + PriceText(quote->last) +
+           " " + ColouredChange(quote->change, TextOr(quote->change, ChangeText, "")) +
+           (quote->age.empty() ? "" : " (" + ShownText(quote->age) + ")") + "</span>";
 }
 
 Period PeriodOf(std::string_view code) {

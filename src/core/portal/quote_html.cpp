@@ -60,12 +60,29 @@ std::string RangeText(const std::optional<double>& low, const std::optional<doub
     return low && high ? PriceText(*low) + " - " + PriceText(*high) : std::string(kUnknown);
 }
 
+std::string LastPrice(const ShownQuote& quote, std::string_view element) {
+    const std::string name(element);
+    const std::string start = quote.age.empty() ? "<" + name + ">" : "<" + name + " class=\"old\">";
+    return start + PriceText(quote.last) + "</" + name + ">";
+}
+
+std::string NamedCell(std::string_view name, std::string_view value) {
+    return "<td data-name=\"" + std::string(name) + "\">" + std::string(value) + "</td>";
+}
+
+std::string YearRange(const ShownQuote& quote) {
+    const std::string range = RangeText(quote.yearLow, quote.yearHigh);
+    if (quote.rangeSource.empty())
+        return range;
+    return range + " <small class=\"quiet\">" + ShownText(quote.rangeSource) + "</small>";
+}
+
 std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period period) {
     const std::string symbol = ShownText(quote.symbol);
     std::string html = "<h2>" +
                        (quote.name.empty() ? symbol : ShownText(quote.name) + " (" + symbol + ")") +
                        "</h2>";
-    html += "<p><span class=\"price\">" + PriceText(quote.last) + "</span> " +
+    html += "<p><span class=\"price\">" + LastPrice(quote, "b") + "</span> " +
             ColouredChange(quote.change, TextOr(quote.change, ChangeText, kUnknown) + " (" +
                                              TextOr(quote.percent, PercentText, kUnknown) + ")") +
             " <span class=\"quiet\">" + ShownText(quote.when) + "</span></p>";
@@ -73,7 +90,7 @@ std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period
             Row("Previous close", TextOr(quote.previous, PriceText, kUnknown)) +
             Row("Open", TextOr(quote.open, PriceText, kUnknown)) +
             Row("Day's range", RangeText(quote.dayLow, quote.dayHigh)) +
-            Row("52-week range", RangeText(quote.yearLow, quote.yearHigh));
+            Row("52-week range", YearRange(quote));
     if (!quote.isIndex) {
         html += Row("Volume", TextOr(quote.volume, ShortText, kUnknown)) +
                 Row("Average volume", TextOr(quote.averageVolume, ShortText, kUnknown)) +
@@ -89,7 +106,7 @@ std::string QuoteBlock(const MarketView& market, const ShownQuote& quote, Period
 
 std::string QuoteTable(const MarketView& market, const std::vector<std::string>& symbols) {
     std::string html =
-        "<table class=\"figures names\"><tr><th>Symbol</th><th>Name</th><th>Last</th>"
+        "<table class=\"figures names rows\"><tr><th>Symbol</th><th>Name</th><th>Last</th>"
         "<th>Change</th><th>%</th><th>Volume</th><th>Market cap</th><th>Time</th></tr>";
     for (const std::string& symbol : symbols) {
         const auto quote = market.Find(symbol);
@@ -99,13 +116,13 @@ std::string QuoteTable(const MarketView& market, const std::vector<std::string>&
             continue;
         }
         html += "<tr><td>" + HtmlLink(QuotePath(quote->symbol), quote->symbol) + "</td><td>" +
-                ShownText(quote->name) + "</td><td>" + PriceText(quote->last) + "</td><td>" +
+                ShownText(quote->name) + "</td><td>" + LastPrice(*quote, "b") + "</td><td>" +
                 ColouredChange(quote->change, TextOr(quote->change, ChangeText, kUnknown)) +
                 "</td><td>" +
                 ColouredChange(quote->change, TextOr(quote->percent, PercentText, kUnknown)) +
-                "</td><td>" + TextOr(quote->volume, ShortText, kUnknown) + "</td><td>" +
-                TextOr(quote->marketCap, ShortText, kUnknown) + "</td><td>" +
-                ShownText(quote->when) + "</td></tr>";
+                "</td>" + NamedCell("Volume", TextOr(quote->volume, ShortText, kUnknown)) +
+                NamedCell("Market cap", TextOr(quote->marketCap, ShortText, kUnknown)) +
+                NamedCell("", ShownText(quote->when)) + "</tr>";
     }
     return html + "</table>";
 }

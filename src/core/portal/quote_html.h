@@ -28,6 +28,16 @@ std::string QuotePath(std::string_view symbol);
 /// A text about a change in the colour of its direction.
 std::string ColouredChange(const std::optional<double>& change, std::string_view text);
 
+/// The last price in an element of its own, marked when it is stale.
+std::string LastPrice(const ShownQuote& quote, std::string_view element);
+
+/// A cell of a table whose rows break where the window is narrow; the head of its column is said in
+/// the cell then. `value` is HTML.
+std::string NamedCell(std::string_view name, std::string_view value);
+
+/// The 52-week range, with its source if that is another one than the quote's.
+std::string YearRange(const ShownQuote& quote);
+
 /// Two ends of a range, "-" when one is not known.
 std::string RangeText(const std::optional<double>& low, const std::optional<double>& high);
 

@@ -168,10 +168,8 @@ std::string AgeText(std::int64_t time, std::int64_t now) {
     if (time == 0)
         return {};
     const std::int64_t age = std::max<std::int64_t>(0, now - time);
-    if (age < kMinute)
-        return "now";
     if (age < kHour)
-        return std::to_string(age / kMinute) + " min";
+        return std::to_string(std::max<std::int64_t>(1, age / kMinute)) + " min";
     if (age < 2 * kDay)
         return std::to_string(age / kHour) + " h";
     return std::to_string(age / kDay) + " d";

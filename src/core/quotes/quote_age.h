@@ -39,7 +39,8 @@ Freshness FreshnessOf(std::string_view ownSymbol, std::int64_t time, std::int64_
 /// The same of the last price of a chart's span, whose points lie further apart.
 Freshness FreshnessOf(const PriceSeries& series, std::int64_t now);
 
-/// An age in a few characters: "now", "5 min", "3 h", "2 d". Empty for a time that is not said.
+/// An age in a few characters: "5 min", "3 h", "2 d", never less than a minute. Empty for a time
+/// that is not said.
 std::string AgeText(std::int64_t time, std::int64_t now);
 
 } // namespace tallowmere

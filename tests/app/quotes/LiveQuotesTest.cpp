@@ -41,8 +41,8 @@ public:
     }
     std::filesystem::path Store() const { return ToPath(m_folder.filePath(u"quotes.json"_s)); }
 
-    void Ask(const std::string& pathAndQuery) {
-        m_quotes->Answer("h.test", pathAndQuery, [this](const auto& answer) {
+    void Ask(const std::string& pathAndQuery, Asker asker = Asker::Pane) {
+        m_quotes->Answer("h.test", pathAndQuery, asker, [this](const auto& answer) {
             pages << (answer ? QString::fromStdString(answer->body) : u"none"_s);
         });
     }
@@ -56,6 +56,11 @@ private:
     SiteTable m_sites = SiteTable::Parse("[hosts]\ndefault = \"h.test\"\n", "sites.toml");
     std::unique_ptr<LiveQuotes> m_quotes;
 };
+
+/// The price that a host says, as a page writes it.
+QString PriceOf(Host host) {
+    return QLocale(QLocale::English).toString(StandIns::PriceOf(host), 'f', 2);
+}
 
 /// A path for the quotes of so many tickers: T0, T1 ...
 std::string QuotesPath(int count) {
@@ -178,12 +183,114 @@ private Q_SLOTS:
     void AnAnswerMayLeadToTheNextQuestion() {
         Portal portal;
         bool isDone = false;
-        portal.Quotes().Answer("h.test", "/q?s=^nya+^spc", [&](const auto&) {
-            portal.Quotes().Answer("h.test", "/q?s=^dji+^ixic",
+        portal.Quotes().Answer("h.test", "/q?s=^nya+^spc", Asker::Pane, [&](const auto&) {
+            portal.Quotes().Answer("h.test", "/q?s=^dji+^ixic", Asker::Pane,
                                    [&](const auto& answer) { isDone = answer.has_value(); });
         });
         QTRY_VERIFY(isDone);
         QCOMPARE(portal.sources.RequestCount(), 2);
+    }
+
+    void NothingIsSentASecondTimeWhenTheConnectionBreaks() {
+        Portal portal;
+        for (const Host host : {Host::Cnbc, Host::Yahoo, Host::Nasdaq, Host::Cboe})
+            portal.sources.Answer(host, {{}, Ending::HangUp});
+        for (int i = 0; i < 10; ++i)
+            portal.Ask("/q?s=msft+aol");
+        QVERIFY(portal.HasAnswered(10));
+        for (const Host host : {Host::Cnbc, Host::Yahoo, Host::Nasdaq, Host::Cboe}) {
+            const QStringList& requests = portal.sources[host].Requests();
+            QVERIFY(!requests.isEmpty());
+            QCOMPARE(QSet<QString>(requests.begin(), requests.end()).size(), requests.size());
+        }
+    }
+
+    void NothingIsSentASecondTimeToWhereARedirectLeads() {
+        Portal portal;
+        CannedPage moved;
+        moved.status = 302;
+        moved.headers << "Location: http://" + portal.sources[Host::Fred].Address({}).toUtf8() +
+                             "/moved";
+        portal.sources.Answer(Host::Cnbc, moved);
+        portal.sources[Host::Fred].Serve(u"/moved"_s, {{}, Ending::HangUp});
+        portal.Ask("/q?s=msft");
+        QVERIFY(portal.HasAnswered(1));
+        QCOMPARE(portal.sources[Host::Fred].CountOf(u"/moved"_s), 1);
+    }
+
+    void RedirectsInACircleEnd() {
+        Portal portal;
+        CannedPage moved;
+        moved.status = 302;
+        moved.headers << "Location: /round";
+        portal.sources.Answer(Host::Cnbc, moved);
+        portal.Ask("/q?s=^nya");
+        QVERIFY(portal.HasAnswered(1));
+        QCOMPARE(portal.sources[Host::Cnbc].Requests().size(), 6);
+        QVERIFY(portal.pages[0].contains(PriceOf(Host::Yahoo)));
+    }
+
+    void APageOfTheWebGetsWhatIsAtHandAndMakesNobodyAskForMore() {
+        Portal portal;
+        portal.Ask("/q?s=^nya+^spc");
+        QVERIFY(portal.HasAnswered(1));
+        const qsizetype before = portal.sources.RequestCount();
+        portal.clock.now = portal.clock.now.addSecs(600);
+        portal.Ask("/q?s=^nya+^spc", Asker::WebPage);
+        portal.Ask("/c/1y/x/x0.gif", Asker::WebPage);
+        QCOMPARE(portal.pages.size(), 3);
+        QVERIFY(portal.pages[1].contains(PriceOf(Host::Cnbc)));
+        for (int i = 0; i < 100; ++i)
+            portal.Ask("/t?s=x" + std::to_string(i), Asker::WebPage);
+        QCOMPARE(portal.pages.size(), 103);
+        portal.Ask("/q?s=^nya"); // after anything that those might have left behind
+        QVERIFY(portal.HasAnswered(104));
+        QCOMPARE(portal.sources.RequestCount(), before + 1);
+    }
+
+    /// After an hour in which every source refused, asked once a minute.
+    void QuotesAreBackAsSoonAsSomebodyAsks_data() {
+        QTest::addColumn<QByteArray>("header");
+        QTest::addColumn<bool>("isBack");
+        QTest::newRow("rests of our own") << QByteArray("X-Nothing: 0") << true;
+        QTest::newRow("a rest that was asked for") << QByteArray("Retry-After: 36000") << false;
+    }
+
+    void QuotesAreBackAsSoonAsSomebodyAsks() {
+        QFETCH(QByteArray, header);
+        QFETCH(bool, isBack);
+        Portal portal;
+        const CannedPage refusal{"{}", Ending::Length, 429, "application/json", {header}};
+        for (const Host host : {Host::Cnbc, Host::Yahoo, Host::Nasdaq, Host::Cboe})
+            portal.sources.Answer(host, refusal);
+        for (int minute = 1; minute <= 60; ++minute) {
+            portal.Ask("/javaticker.html?s=msft", Asker::Pane);
+            QVERIFY(portal.HasAnswered(minute));
+            portal.clock.now = portal.clock.now.addSecs(60);
+        }
+        portal.sources.Answer(Host::Cnbc, StandIns::CnbcAnswer({"MSFT"}, 77));
+        portal.Ask("/q?s=msft");
+        QVERIFY(portal.HasAnswered(61));
+        QCOMPARE(portal.pages.last().contains(u"77.00"_s), isBack);
+    }
+
+    void TheStripBringsQuotesBackByItself() {
+        Portal portal;
+        const CannedPage refusal{"{}", Ending::Length, 403, "application/json"};
+        for (int host = 0; host < StandIns::kHosts; ++host)
+            portal.sources.Answer(static_cast<Host>(host), refusal);
+        int answers = 0;
+        const auto fetch = [&] {
+            portal.Ask("/q?s=^nya+^spc", Asker::Transfer);
+            return portal.HasAnswered(++answers);
+        };
+        for (int i = 0; i < 15; ++i) { // an hour, every four minutes
+            QVERIFY(fetch());
+            portal.clock.now = portal.clock.now.addSecs(240);
+        }
+        portal.sources.Answer(Host::Cnbc, StandIns::CnbcAnswer({".NYA", ".SPX"}, 77));
+        QVERIFY(fetch());
+        QVERIFY(portal.pages.last().contains(u"77.00"_s));
     }
 
     void TheProgramCallsItselfByItsNameOrAsTheTableSays() {
@@ -225,8 +332,8 @@ private Q_SLOTS:
             return use == AddressUse::Reading ? "portal:" + address.substr(5) : address;
         });
         access.SetLatePortal([&](const std::string& host, const std::string& pathAndQuery,
-                                 WebAccess::PortalReply reply) {
-            portal.Quotes().Answer(host, pathAndQuery, std::move(reply));
+                                 Asker asker, WebAccess::PortalReply reply) {
+            portal.Quotes().Answer(host, pathAndQuery, asker, std::move(reply));
         });
         TransferControl control(access);
         control.Open(u"h.test/q?s=^nya+^spc"_s);
@@ -246,8 +353,8 @@ private Q_SLOTS:
         access.SetResolver(
             [](const std::string& address, AddressUse) { return "portal:" + address.substr(5); });
         access.SetLatePortal([&](const std::string& host, const std::string& pathAndQuery,
-                                 WebAccess::PortalReply reply) {
-            portal.Quotes().Answer(host, pathAndQuery, std::move(reply));
+                                 Asker asker, WebAccess::PortalReply reply) {
+            portal.Quotes().Answer(host, pathAndQuery, asker, std::move(reply));
         });
         {
             TransferControl control(access);

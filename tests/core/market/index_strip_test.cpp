@@ -62,6 +62,32 @@ TEST(IndexStrip, EndsAtTheFirstMissingAnchor) {
     EXPECT_THAT(ReadIndexPage(""), testing::IsEmpty());
 }
 
+TEST(IndexStrip, ReadsHowOldAPageCallsARow) {
+    struct Case {
+        const char* start;
+        const char* note;
+        const char* age;
+    };
+    for (const Case& c : {Case{"<tr>", "", ""},
+                          {"<tr title=\"4 PM, A &amp; B\">", "4 PM, A & B", ""},
+                          {"<tr title=\"4 PM\" data-age=\"2 d\">", "4 PM", "2 d"},
+                          {"<tr data-age=\"2 d\">", "", "2 d"},
+                          {"<tr title=\"cut", "", ""}}) {
+        const std::string page = std::string(c.start) + "<td><a href=\"/q?s=^NYA&d=t\">x";
+        EXPECT_EQ(ReadIndexNote(page, IndexTable()[0]), c.note) << c.start;
+        EXPECT_EQ(ReadIndexAge(page, IndexTable()[0]), c.age) << c.start;
+    }
+}
+
+TEST(IndexStrip, ReadsWhyARowHasNoValues) {
+    const std::string page = "<tr title=\"first\"><td>^NYA</td><td>no</td></tr>"
+                             "<tr title=\"second\"><td>^SPC</td><td>no</td></tr>";
+    EXPECT_EQ(ReadIndexNote(page, IndexTable()[0]), "first");
+    EXPECT_EQ(ReadIndexNote(page, IndexTable()[1]), "second");
+    EXPECT_EQ(ReadIndexNote(page, IndexTable()[2]), "");
+    EXPECT_EQ(ReadIndexAge(page, IndexTable()[0]), "");
+}
+
 TEST(IndexStrip, EndsWhereARowIsCutShort) {
     const std::string page = Row("^NYA", "651.17", "+2.08");
     const auto end = page.find("</td>", page.find("+2.08")) + 5;

@@ -28,14 +28,14 @@ TEST(ChartSvg, SaysTitleNoteLowestHighestAndLastPrice) {
 }
 
 TEST(ChartSvg, DrawsFromLeftToRightAndHigherPricesHigher) {
-    // The plot of a small chart reaches from 6 to 140 and, downwards, from 20 to 78.
+    // The plot of a small chart reaches from 6 to 140 and, downwards, from 20 to 80.
     const std::string svg = ChartSvg({"T", "", {10, 30, 20}, {}}, ChartSize::Small);
-    EXPECT_THAT(svg, HasSubstr("points=\"6.0,78.0 73.0,20.0 140.0,49.0 \""));
+    EXPECT_THAT(svg, HasSubstr("points=\"6.0,80.0 73.0,20.0 140.0,50.0 \""));
 }
 
 TEST(ChartSvg, DrawsAFlatCurveThroughTheMiddle) {
     const std::string svg = ChartSvg({"T", "", {5, 5}, {}}, ChartSize::Small);
-    EXPECT_THAT(svg, HasSubstr("points=\"6.0,49.0 140.0,49.0 \""));
+    EXPECT_THAT(svg, HasSubstr("points=\"6.0,50.0 140.0,50.0 \""));
     EXPECT_THAT(ChartSvg({"T", "", {0, 0}, {}}, ChartSize::Small), Not(HasSubstr("nan")));
 }
 
@@ -55,22 +55,43 @@ TEST(ChartSvg, SaysWhyThereAreNone) {
     EXPECT_THAT(svg, HasSubstr(">No source answers.<"));
 }
 
-TEST(ChartSvg, BreaksANoteThatIsWiderThanThePlot) {
-    // A character is taken to be 0.6 of the size wide: 24 of size 9 fit into the 134 pixels of the
-    // small plot, 59 of size 12 into the 428 of the large one, and a banner of 29 there.
-    const std::string note = "Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20, 2026";
+TEST(ChartSvg, BreaksANoteThatIsWiderThanTheChart) {
+    // A character is taken to be 0.6 of the size wide: 33 of size 9 fit into the 180 pixels of the
+    // small chart, 67 of size 12 into the 488 of the large one, and 45 of the larger letters there.
+    const std::string note =
+        "Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20, 2026 4:00 PM";
     const Chart chart{"T", note, {1, 2}, {}};
     const std::string small = ChartSvg(chart, ChartSize::Small);
     for (const char* line :
-         {">Nov 20, 2026 4:00 PM ET,<", ">Charts Inc, stale since<", ">Nov 20, 2026<"})
+         {">Nov 20, 2026 4:00 PM ET, Charts<", ">Inc, stale since Nov 20, 2026<", ">4:00 PM<"})
         EXPECT_THAT(small, HasSubstr(line));
     const std::string large = ChartSvg(chart, ChartSize::Large);
-    EXPECT_THAT(large, HasSubstr(">Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20,<"));
-    EXPECT_THAT(large, HasSubstr(">2026<"));
-    EXPECT_THAT(ChartSvg({"T", std::string(29, 'x'), {1, 2}, {}}, ChartSize::Large),
-                HasSubstr("font-size=\"24\""));
-    EXPECT_THAT(ChartSvg({"T", std::string(30, 'x'), {1, 2}, {}}, ChartSize::Large),
-                Not(HasSubstr("font-size=\"24\"")));
+    EXPECT_THAT(large,
+                HasSubstr(">Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20, 2026 4:00<"));
+    EXPECT_THAT(large, HasSubstr(">PM<"));
+    EXPECT_THAT(ChartSvg({"T", std::string(45, 'x'), {1, 2}, {}}, ChartSize::Large),
+                HasSubstr("font-size=\"18\""));
+    EXPECT_THAT(ChartSvg({"T", std::string(46, 'x'), {1, 2}, {}}, ChartSize::Large),
+                Not(HasSubstr("font-size=\"18\"")));
+}
+
+TEST(ChartSvg, KeepsTheNoteOffTheCurve) {
+    for (const ChartSize size : {ChartSize::Small, ChartSize::Large})
+        for (const char* note : {"SAMPLE DATA", "Nov 20, 2026 4:00 PM ET, Charts Inc",
+                                 "Nov 20, 2026 4:00 PM ET, Charts Inc, stale since Nov 20, 2026"}) {
+            const std::string svg = ChartSvg({"T", note, {1, 3, 2}, {{0.5, "Nov"}}}, size);
+            // The curve's lowest price lies on the lower edge of the plot.
+            const auto first = svg.find("stroke-width=\"1.5\" points=\"");
+            const double bottom = std::stod(svg.substr(svg.find(',', first) + 1, 8));
+            const std::string word = std::string(note).substr(0, 3);
+            const auto text = svg.find(">" + word, svg.find("<polyline"));
+            ASSERT_NE(text, svg.npos) << note;
+            const auto element = svg.rfind("<text", text);
+            const double baseline = std::stod(svg.substr(svg.find("y=\"", element) + 3, 8));
+            const double height = std::stod(svg.substr(svg.find("font-size=\"", element) + 11, 4));
+            EXPECT_GT(baseline - height, bottom) << note;
+            EXPECT_GT(bottom, size == ChartSize::Small ? 40 : 200) << "room for the curve";
+        }
 }
 
 TEST(ChartSvg, LeavesLabelsOutThatWouldTouch) {

@@ -289,5 +289,72 @@ TEST_F(LivePortalTest, PassesNoTagOfASourceOn) {
             << address;
 }
 
+TEST_F(LivePortalTest, SaysHowOldAStaleIndexIsAndThatOfAnEarlierDay) {
+    EXPECT_EQ(ReadIndexAge(Get("quote.yahoo.com" + IndexQuery()), IndexTable()[1]), "");
+    // Monday noon: the source still tells Friday's close.
+    m_now = kFridayClose + 2 * 86400 + 20 * 3600;
+    std::string page = Get("quote.yahoo.com" + IndexQuery());
+    EXPECT_EQ(ReadIndexAge(page, IndexTable()[1]), "2 d");
+    EXPECT_EQ(ReadIndexNote(page, IndexTable()[1]),
+              "Nov 20, 2026 4:00 PM ET, Quotes Inc, stale: 2 d old");
+    EXPECT_THAT(Get("ticker.stream.example/javaticker.html"),
+                AllOf(HasSubstr("<span class=\"old\" title=\"Nov 20"), HasSubstr("(2 d)")));
+    EXPECT_THAT(Get("quote.yahoo.com" + DetailedIndexQuery()), HasSubstr("class=\"old\">6,011.25"));
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=msft"), HasSubstr("class=\"old\">420.75"));
+}
+
+TEST_F(LivePortalTest, SaysThatASourceTellsNoTime) {
+    m_rows["MSFT"] = R"({"symbol":"MSFT","name":"M","last":"7.00","change":"1"})";
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=msft"),
+                AllOf(HasSubstr("class=\"old\">7.00"), HasSubstr("time not said, Quotes Inc")));
+}
+
+TEST_F(LivePortalTest, SaysInTheStripWhyThereAreNoQuotes) {
+    m_isDown = true;
+    const std::string page = Get("quote.yahoo.com" + IndexQuery());
+    for (const IndexRow& row : IndexTable())
+        EXPECT_EQ(ReadIndexNote(page, row), "No source of quotes can be reached.");
+    m_isDown = false;
+    m_rows.erase(".OEX");
+    m_now += 600;
+    EXPECT_EQ(ReadIndexNote(Get("quote.yahoo.com" + IndexQuery()), IndexTable()[2]),
+              "No source that can be reached has this ticker.");
+}
+
+TEST_F(LivePortalTest, NamesBothSourcesOfOnePage) {
+    Get("chart.yahoo.com/c/1y/b/brk.b.gif");
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=brk.b"),
+                AllOf(HasSubstr("4:00 PM ET, Quotes Inc"),
+                      HasSubstr("<small class=\"quiet\">Charts Inc</small>")));
+    EXPECT_THAT(Get("quote.yahoo.com/q?s=brk.b+msft&d=t"),
+                HasSubstr("<small class=\"quiet\">Charts Inc</small>"));
+    EXPECT_THAT(Get("quote.yahoo.com/quotes?symbols=brk.b&d=1b"),
+                HasSubstr("Quotes Inc; 52-week range: Charts Inc)"));
+}
+
+TEST_F(LivePortalTest, DrawsNoChartOfOneDayFromThePricesOfDays) {
+    // The stand-in answers with a price a day, whatever span it is asked for.
+    const std::string chart = Get("ichart.yahoo.com/b?s=brk.b");
+    EXPECT_THAT(chart, AllOf(HasSubstr("BRK.B 1 day<"), HasSubstr("no prices"),
+                             Not(HasSubstr("<polyline"))));
+    EXPECT_THAT(Get("chart.yahoo.com/c/1y/b/brk.b.gif"), HasSubstr("<polyline"));
+}
+
+TEST_F(LivePortalTest, SaysThatTheSourcesWereNotAskedForAPageOfTheWeb) {
+    Get("quote.yahoo.com/q?s=msft");
+    const auto page = [&](const char* path) {
+        return m_portal.Answer("quote.yahoo.com", path, m_schedule, m_now, false).body;
+    };
+    EXPECT_THAT(page("/q?s=msft"),
+                AllOf(HasSubstr("420.75"), HasSubstr("A page of the web led here")));
+    EXPECT_THAT(page("/q?s=aol"), HasSubstr("The sources were not asked"));
+}
+
+TEST_F(LivePortalTest, KnowsThePageThatLoadsItself) {
+    EXPECT_TRUE(LivePortal::LoadsItself("/javaticker.html"));
+    EXPECT_TRUE(LivePortal::LoadsItself("/javaticker.html?s=msft"));
+    EXPECT_FALSE(LivePortal::LoadsItself("/q?s=msft&d=/javaticker.html"));
+}
+
 } // namespace
 } // namespace tallowmere
