@@ -2,6 +2,8 @@
 on the condensed page; and what is shown when they cannot be reached."""
 
 import json
+import re
+import sys
 import time
 
 import driver
@@ -137,6 +139,77 @@ class LiveQuotes(driver.SystemTest):
                 chip.click()
             return any("512.34" in page and "ET, Yahoo! Finance" in page for page in pages)
         driver.wait_for(shows_a_price, "the price of the source that is back")
+
+    def test_a_frozen_source_leaves_the_quotes_to_the_next_one(self):
+        def frozen(path):
+            kind, body = cnbc(path)
+            rows = json.loads(body)
+            for row in rows["FormattedQuoteResult"]["FormattedQuote"]:
+                row["last"] = "1.00"
+                row["last_time"] = time.strftime("%Y-%m-%dT%H:%M:%S+0000",
+                                                 time.gmtime(time.time() - 6 * 86400))
+            return kind, json.dumps(rows)
+        self.server.services = {"/cnbc": frozen}
+        _, window = self.start_live()
+        window.find(name=re.compile(r"^DJIA : 512\.34 "))
+        self.assertFalse(window.find_all(name=re.compile(r" : 1\.00")))
+
+    def test_quotes_are_back_soon_after_the_user_asks(self):
+        def refuse(_):
+            return "text/plain", "no", 403
+        self.server.services = {"/cnbc": refuse}
+        self.second.services = {"/spark": refuse}
+        program, window = self.start_live()
+        self.wait_for_page(program, "Could not be reached", "CNBC", "Yahoo! Finance")
+        # Each refusal doubles the rest: by now the sources would rest for minutes.
+        refresh = window.find(name="REFRESH")
+        asked = len(self.server.paths())
+        driver.wait_for(lambda: refresh.click() or len(self.server.paths()) >= asked + 2,
+                        "two more refusals", 150)
+        self.server.services = {"/cnbc": cnbc}
+        since = time.monotonic()
+        driver.wait_for(lambda: refresh.click() or any("45,979.04" in page
+                                                       for page in program.page_texts()),
+                        "the quotes", 90)
+        print(f"back after {time.monotonic() - since:.0f} s", file=sys.stderr)
+
+    def test_nothing_is_sent_twice_when_the_connection_breaks(self):
+        def hang_up(_):
+            return None
+        self.server.services = {"/cnbc": hang_up}
+        self.second.services = {"/spark": hang_up}
+        program, window = self.start_live()
+        self.wait_for_page(program, "Could not be reached", "CNBC", "Yahoo! Finance")
+        window.find(role="list item", name="MSFT").click()
+        for _ in range(5):
+            window.find(name="Y!").click()
+        self.wait_for_page(program, "No source")
+        for server in (self.server, self.second):
+            last = {}
+            for moment, path in server.requests:
+                self.assertGreater(moment - last.get(path, -60), 14.5, server.requests)
+                last[path] = moment
+
+    def test_a_page_of_the_web_makes_nobody_ask_a_source(self):
+        program, window = self.start_live()
+        window.find(name=STRIP[5])
+        images = "".join(f"<img src='http://{self.server.host}/c/1y/x/x{i}.gif'>"
+                         f"<img src='portal://{self.server.host}/t?s=y{i}'>" for i in range(50))
+        frames = "".join(f"<iframe src='http://{self.server.host}/q?s=z{i}'></iframe>"
+                         f"<iframe sandbox srcdoc=\"<img src='http://{self.server.host}/t?s=w{i}'>\">"
+                         "</iframe>" for i in range(5))
+        self.server.pages["/dljd/mwactive.htm"] = (
+            f"<title>evil</title><h1><a href='http://{self.server.host}/q?s=linked&d=2b'>lead me on"
+            f"</a></h1>{images}{frames}<img src='/done.gif'>")
+        before = len(self.server.paths()), len(self.second.paths())
+        window.find(name="Active").click()
+        self.server.wait_for_request("/done.gif")
+        # A link of such a page leads on, to what is at hand.
+        window.find(name="lead me on").click()
+        self.wait_for_page(program, "A page of the web led here")
+        sources = [path for path in self.server.paths()[before[0]:] if path.startswith("/cnbc")]
+        self.assertEqual(sources, [])
+        self.assertEqual(self.second.paths()[before[1]:], [])
 
 
 if __name__ == "__main__":

@@ -10,7 +10,9 @@ namespace {
 
 constexpr std::size_t kLongestShown = 2000;
 
-// Every pair of text and background has a contrast above 4.5 in both schemes.
+// The columns of a wide table stand beside each other only where the window is wide enough; below
+// that a row breaks into lines, and in a narrow pane it keeps name, price, change and time: the
+// rest is a click away. Every pair of text and background has a contrast above 4.5 in both schemes.
 constexpr std::string_view kStyle = R"(
 :root { color-scheme: light dark; --text: #1f2328; --quiet: #57606a; --page: #ffffff;
   --line: #d0d7de; --head: #f0f3f6; --link: #0a58a6; --up: #14692f; --down: #b3261e;
@@ -40,7 +42,7 @@ table.figures th { background: var(--head); }
 table.figures th:first-child, table.figures td:first-child,
 table.names th:nth-child(2), table.names td:nth-child(2) { text-align: left; }
 table.figures td { white-space: nowrap; }
-table.rows td:nth-child(2), table.rows td:last-child, table.figures small { white-space: normal; }
+table.rows td, table.figures small, table[border] td { white-space: normal; }
 .beside { display: flex; flex-wrap: wrap; gap: 0 2rem; align-items: start; }
 svg, img { max-width: 100%; height: auto; }
 nav a { margin-right: 0.9rem; }
@@ -51,11 +53,19 @@ table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
   table.rows tr, table[border] tr { display: flex; flex-wrap: wrap; gap: 0 0.8rem;
     align-items: baseline; padding: 0.15rem 0; border-bottom: 1px solid var(--line); }
   table.rows th { display: none; }
-  table.rows td, table[border] td { padding: 0; border: none; white-space: normal; }
+  table.rows td, table[border] td { padding: 0; border: none; }
   table.names td:nth-child(2) { flex: 1 1 9rem; }
   table.rows td:last-child { text-align: left; }
   table.rows td[data-name] { font-size: 0.8rem; color: var(--quiet); }
   table.rows td[data-name]:not([data-name=""])::before { content: attr(data-name) " "; }
+}
+@media screen and (max-width: 30rem) {
+  .note { margin-bottom: 0.5rem; font-size: 0.8rem; font-weight: normal; }
+  h1 { font-size: 1.1rem; }
+  table.rows { margin: 0.2rem 0; line-height: 1.2; }
+  table.rows tr { padding: 0; }
+  table.rows td[data-name]:not([data-name=""]) { display: none; }
+  table.rows td[data-name=""] { flex: 1 1 9rem; font-size: 0.75rem; line-height: 1.15; }
 }
 body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap;
   display: flex; overflow: hidden; }

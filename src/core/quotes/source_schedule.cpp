@@ -16,7 +16,7 @@ constexpr std::int64_t kLongestRest = kDay;
 /// Rest after a refusal that names no time, doubled with each further one.
 constexpr std::int64_t kRefusedRest = 60;
 constexpr std::int64_t kLongestRefusedRest = 3600;
-/// Rest after no answer: short, since the network may be back at any moment.
+/// Rest after no answer: short, since the network may be back at any moment. No rest is shorter.
 constexpr std::int64_t kUnreachableRest = 15;
 constexpr std::int64_t kLongestUnreachableRest = 120;
 /// How often resting sources are tried again for whoever wants to know now.
@@ -100,8 +100,10 @@ void SourceSchedule::EndOwnRests(Urgency urgency, std::int64_t now) {
     if (untilNext.Holds(now))
         return;
     const auto end = [&](Pause& rest) {
-        if (std::exchange(rest, {}).Holds(now))
-            untilNext = {now, kTrialInterval};
+        if (!rest.Holds(now) || now - rest.since < kUnreachableRest)
+            return;
+        rest = {};
+        untilNext = {now, kTrialInterval};
     };
     for (auto& [name, host] : m_hosts)
         if (!host.restIsAsked)
