@@ -44,6 +44,18 @@ void PaneDeck::NavigateSecond(const QString& address) {
     m_form.WebB->Navigate(address);
 }
 
+void PaneDeck::OpenStartPage(const QString& stored, const QString& usual) {
+    if (stored.isEmpty()) {
+        m_form.Web->Navigate(usual);
+    } else if (stored.startsWith(u'B')) {
+        ShowSecond();
+        m_form.WebB->Navigate(stored.mid(1));
+    } else {
+        ShowFirst();
+        m_form.Web->Navigate(stored.mid(1));
+    }
+}
+
 void PaneDeck::ShowGenerated(std::string_view name, std::string_view page) {
     const std::filesystem::path path = m_programFolder / name;
     WriteWholeFile(path, page);

@@ -27,6 +27,10 @@ public:
     /// The same for a broker's page in `WebB`.
     void NavigateSecond(const QString& address);
 
+    /// Opens the page of a start: `stored` is the letter of its pane and its address, and `usual`
+    /// the address for the first pane when nothing was stored; an empty one opens nothing.
+    void OpenStartPage(const QString& stored, const QString& usual);
+
     /// Puts a page that the program made into its folder and shows it in `Web`.
     void ShowGenerated(std::string_view name, std::string_view page);
 

@@ -2,7 +2,6 @@
 
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
-#include "app/engine/BrowserPane.h"
 #include "app/engine/EngineProfile.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkPanel.h"
@@ -128,13 +127,9 @@ void Session::Start() {
     // The first page does not wait for the lists of the menus.
     if (!isAtClub)
         QTimer::singleShot(0, parts.links.lists, &ServerLists::FetchAll);
-    if (!problem.empty())
-        m_setup.prompts.Message(ToQt(problem), MessageTitle());
-    const std::string damage = DamagedSettingsText(m_settings);
-    if (!damage.empty())
-        m_setup.prompts.Message(ToQt(damage), MessageTitle());
-    if (!note.empty())
-        m_setup.prompts.Message(ToQt(note), MessageTitle());
+    for (const std::string& text : {problem, DamagedSettingsText(m_settings), note})
+        if (!text.empty())
+            m_setup.prompts.Message(ToQt(text), MessageTitle());
     parts.sites->TellProblems();
 }
 
@@ -147,20 +142,12 @@ void Session::ApplyProxy() {
 }
 
 void Session::ChooseFirstPage() {
-    const QString page = Text("DefaultWeb");
-    if (page.isEmpty()) {
-        if (!m_subsystems->links.accounts.clubMember)
-            m_form->Web->Navigate(
-                ToQt(m_setup.tables.sites.Address("quote_server", DetailedIndexQuery())));
-        return;
-    }
-    if (page.startsWith(u'B')) {
-        m_subsystems->links.panes->ShowSecond();
-        m_form->WebB->Navigate(page.mid(1));
-    } else {
-        m_subsystems->links.panes->ShowFirst();
-        m_form->Web->Navigate(page.mid(1));
-    }
+    // A member of the club is at the club's page.
+    const std::string indices =
+        m_subsystems->links.accounts.clubMember
+            ? ""
+            : m_setup.tables.sites.Address("quote_server", DetailedIndexQuery());
+    m_subsystems->links.panes->OpenStartPage(Text("DefaultWeb"), ToQt(indices));
 }
 
 bool Session::Flag(std::string_view key) const {
