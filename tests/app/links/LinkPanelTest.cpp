@@ -109,6 +109,17 @@ private Q_SLOTS:
         QTest::mouseClick(window.Link(175), Qt::RightButton);
         opened += file("ycl.htm");
         QTRY_COMPARE(window.Opened(), opened);
+        window.portal = [](const std::string&, const std::string&) {
+            return PortalAnswer{"text/html",
+                                "<html><table border=1 width=\"100%\" cellpadding=0 cellspacing=0>"
+                                "<tr><td nowrap>1</td></tr></table>Quotes delayed 15</html>"};
+        };
+        QTest::mouseClick(window.Link(27), Qt::RightButton);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+        window.Form().findChild<QAction*>(u"mnuPort16"_s)->trigger();
+        opened += file("ycprint.html");
+        QTRY_COMPARE(window.Opened(), opened);
         window->Panes().OpenNextOutside(true);
         window.Form().menus->mnuViewPort->trigger();
         opened += file("report.html");
