@@ -60,12 +60,13 @@ table[border] td { padding: 0.15rem 0.5rem; border: 1px solid var(--line); }
   table.rows td[data-name]:not([data-name=""])::before { content: attr(data-name) " "; }
 }
 @media screen and (max-width: 30rem) {
-  .note { margin-bottom: 0.5rem; font-size: 0.8rem; font-weight: normal; }
+  .note { margin-bottom: 0.2rem; padding: 0.2rem 1rem; font-size: 0.8rem; font-weight: normal; }
   h1 { font-size: 1.1rem; }
   table.rows { margin: 0.2rem 0; line-height: 1.2; }
   table.rows tr { padding: 0; }
   table.rows td[data-name]:not([data-name=""]) { display: none; }
-  table.rows td[data-name=""] { flex: 1 1 9rem; font-size: 0.75rem; line-height: 1.15; }
+  table.rows td[data-name=""] { flex: 1 1 9rem; font-size: 0.7rem; }
+  table.names td:nth-child(2) { font-size: 0.85rem; }
 }
 body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: nowrap;
   display: flex; overflow: hidden; }

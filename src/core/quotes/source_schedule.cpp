@@ -51,7 +51,7 @@ template <typename Value>
 bool IsNewer(const Value& value, const Value& kept, std::int64_t now) {
     const Freshness worth = WorthOf(value, now);
     const Freshness keptWorth = WorthOf(kept, now);
-    return worth != keptWorth ? worth > keptWorth : TimeOf(value) >= TimeOf(kept);
+    return worth != keptWorth ? worth > keptWorth : TimeOf(value) > TimeOf(kept);
 }
 
 /// Not every source knows the name of a company; one that was told stays.
@@ -253,7 +253,8 @@ void SourceSchedule::Keep(const Value& value, std::optional<Value> Subject::*mem
                           const Flight& flight, std::int64_t now) {
     Subject& subject = m_subjects[{flight.span, value.symbol}];
     const std::optional<Value>& kept = subject.*member;
-    if (!kept || IsNewer(value, *kept, now)) {
+    // Of equal answers to one search that of the source that comes first in the order stays.
+    if (!kept || IsNewer(value, *kept, now) || (!subject.answered && !IsNewer(*kept, value, now))) {
         Value newer = value;
         if (kept)
             KeepName(newer, *kept);

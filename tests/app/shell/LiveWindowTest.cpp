@@ -1,4 +1,5 @@
 #include "app/engine/BrowserPane.h"
+#include "app/forms/StripPanel.h"
 #include "app/market/IndexStrip.h"
 #include "core/text/files.h"
 #include "support/StandIns.h"
@@ -55,6 +56,10 @@ public:
         for (int panel = 1; panel <= 6; ++panel)
             shown << Form().SpooBar->PanelText(panel);
         return shown;
+    }
+
+    StripPanel& Panel(int number) {
+        return *Form().findChild<StripPanel*>(u"SpooBar"_s + QString::number(number));
     }
 
     /// Loads an address in the main pane and gives the page as it came.
@@ -274,6 +279,36 @@ private Q_SLOTS:
         window.clock.now = window.clock.now.addSecs(2);
         window.QuotePage();
         QCOMPARE(window.sources[Host::Cnbc].Requests().size(), asked + 1);
+    }
+
+    void AnEmptyPanelSaysThatQuotesAreAwaitedAndThenWhyThereAreNone() {
+        LiveWindow window;
+        for (int host = 0; host < StandIns::kHosts; ++host)
+            window.sources.TakeDown(static_cast<Host>(host));
+        window.Open();
+        for (int panel = 1; panel <= StripBar::kPanels; ++panel)
+            QCOMPARE(window.Panel(panel).Hint(), u"Quotes awaited"_s);
+        window.TickStrip();
+        for (int panel = 1; panel <= StripBar::kPanels; ++panel) {
+            QCOMPARE(window.Panel(panel).Hint(), u"No quotes"_s);
+            QCOMPARE(window.Panel(panel).text(), QString());
+            QCOMPARE(window.Panel(panel).accessibleName(), QString());
+            QCOMPARE(window.Panel(panel).accessibleDescription(),
+                     u"No source of quotes can be reached."_s);
+        }
+    }
+
+    void AStaleStripBearsItsAgeUntilThereIsANewerQuote() {
+        LiveWindow window;
+        window.Open();
+        window.TickStrip();
+        QCOMPARE(window.Panel(2).Age(), QString());
+        const QStringList before = window.StripTexts();
+        window.clock.now = window.clock.now.addDays(4); // the sources still tell Friday's close
+        window.TickStrip();
+        QCOMPARE(window.StripTexts(), before);
+        QCOMPARE(window.Panel(2).Age(), u"4 d"_s);
+        QVERIFY(window.Panel(2).accessibleDescription().contains(u"stale"_s));
     }
 
     void ThePageOfTheTickerStripShowsTheListsQuotes() {

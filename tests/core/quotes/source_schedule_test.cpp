@@ -419,10 +419,10 @@ TEST(SourceSchedule, TakesTheNewestWhenNoneIsCurrent) {
     };
     for (const Case& c : {Case{"2026-11-18T16:00:00-0500", kDayBefore, 20},
                           {kDayBefore, "2026-11-18T16:00:00-0500", 10},
-                          {kDayBefore, kDayBefore, 20}, // received last
+                          {kDayBefore, kDayBefore, 10}, // the first in the order
                           {"", kDayBefore, 10},
                           {kDayBefore, "", 20},
-                          {"", "", 20}}) {
+                          {"", "", 10}}) {
         Web web;
         web.Set("first.example", [&](const auto& address) { return Good(address, 10, c.first); });
         web.Set("second.example", [&](const auto& address) { return Good(address, 20, c.second); });
