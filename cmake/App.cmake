@@ -14,16 +14,29 @@ target_link_libraries(tallowmere_app PUBLIC
 target_precompile_headers(tallowmere_app PRIVATE
     <QtCore> <QtGui> <QtWidgets> <QtNetwork> <QtWebEngineCore> <string> <string_view> <vector>)
 
-# Where the shipped data lies: beside the program, in the installed share folder, or in the source
-# tree that the program was built from.
+# An installed program finds its data from where it lies itself; no path of the build is in it. A
+# program that runs in place finds the source tree's data by a link beside it.
+include(GNUInstallDirs)
+file(RELATIVE_PATH dataFromProgram /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_DATADIR}/tallowmere)
 set_source_files_properties(src/app/base/Folders.cpp PROPERTIES
-    COMPILE_DEFINITIONS TALLOWMERE_SOURCE_DATA="${CMAKE_SOURCE_DIR}/data")
+    COMPILE_DEFINITIONS TALLOWMERE_DATA_FROM_PROGRAM="${dataFromProgram}")
+foreach(place . tests bench)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/${place})
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/${place}/data SYMBOLIC)
+endforeach()
+
+# The icon of the windows. The times of the files would make every build another one.
+set(iconFiles)
+foreach(size 48 64 128 256)
+    set_source_files_properties(packaging/icons/${size}.png PROPERTIES QT_RESOURCE_ALIAS ${size}.png)
+    list(APPEND iconFiles packaging/icons/${size}.png)
+endforeach()
+qt_add_resources(tallowmere_app icons PREFIX /icons FILES ${iconFiles}
+    OPTIONS --no-compress --format-version 1)
 
 add_executable(tallowmere src/app/main.cpp)
 target_link_libraries(tallowmere PRIVATE tallowmere_app)
 target_precompile_headers(tallowmere REUSE_FROM tallowmere_app)
-install(TARGETS tallowmere)
-install(DIRECTORY data/ DESTINATION share/tallowmere)
 
 # Asks for every address of the tables, for people with a network: ./dev probe
 add_library(prober STATIC probe/Prober.cpp probe/Prober.h)
@@ -31,3 +44,5 @@ target_link_libraries(prober PUBLIC tallowmere_app)
 target_include_directories(prober PUBLIC ${CMAKE_SOURCE_DIR})
 add_executable(probe probe/probe.cpp)
 target_link_libraries(probe PRIVATE prober)
+
+include(cmake/Install.cmake)

@@ -14,13 +14,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ShippedData() {
+// Beside the program, as in a build that runs in place, or where an installed copy has it.
+std::filesystem::path ShippedData() {
     const QString program = QCoreApplication::applicationDirPath();
-    for (const QString& candidate : {program + u"/data"_s, program + u"/../share/tallowmere"_s}) {
-        if (QFileInfo::exists(candidate + u"/sites.toml"_s))
-            return QDir::cleanPath(candidate);
+    QStringList looked;
+    for (const QString& candidate : {u"data"_s, QStringLiteral(TALLOWMERE_DATA_FROM_PROGRAM)}) {
+        const QString folder = QDir::cleanPath(program + u'/' + candidate);
+        if (QFileInfo::exists(folder + u"/sites.toml"_s))
+            return ToPath(folder);
+        looked << folder;
     }
-    return QStringLiteral(TALLOWMERE_SOURCE_DATA);
+    throw RuntimeError(
+        "The tables that belong to the program are missing. They were looked for in " +
+        FromQt(looked.join(u" and "_s)) + ". Please install the program again.");
 }
 
 void MakePrivate(const std::filesystem::path& folder) {
@@ -35,7 +41,7 @@ void MakePrivate(const std::filesystem::path& folder) {
 
 Folders Folders::For(const QString& profile) {
     Folders folders;
-    folders.data = ToPath(ShippedData());
+    folders.data = ShippedData();
     if (!profile.isEmpty()) {
         folders.programFolder = ToPath(QDir(profile).absolutePath());
         folders.settingsFile = folders.programFolder / "settings.ini";

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/runtime_error.h"
+
 #include <QString>
 
 #include <filesystem>
@@ -16,7 +18,7 @@ struct Folders {
 
     /// The user's own configuration and data folders, or one folder for everything when
     /// `profile` names one. The folders are made, for their owner alone. Throws
-    /// RuntimeError when they cannot be.
+    /// RuntimeError when they cannot be, or when what ships is not there.
     static Folders For(const QString& profile);
 };
 

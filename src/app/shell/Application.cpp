@@ -3,6 +3,7 @@
 #include "app/base/Prompts.h"
 #include "core/text/runtime_error.h"
 
+#include <QIcon>
 #include <QSocketNotifier>
 
 #ifndef _WIN32
@@ -31,7 +32,11 @@ void WriteTermination(int) {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // Without a display name: the platform would append it to the caption of every window.
     setApplicationName(u"Tallowmere"_s);
-    setDesktopFileName(u"tallowmere"_s);
+    setDesktopFileName(u"org.tallowmere.tallowmere"_s);
+    QIcon icon;
+    for (const int size : {48, 64, 128, 256})
+        icon.addFile(u":/icons/%1.png"_s.arg(size));
+    setWindowIcon(icon);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     QuitOnTermination();
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,

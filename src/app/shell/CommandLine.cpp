@@ -1,5 +1,7 @@
 #include "app/shell/CommandLine.h"
 
+#include "core/shell/command_options.h"
+
 #include <QCommandLineParser>
 #include <QHash>
 
@@ -8,18 +10,6 @@ namespace tallowmere {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Usage() {
-    return u"Usage: tallowmere [options]\n"
-           "A desktop research browser for private stock investors.\n\n"
-           "  --web live|sample|direct  where addresses lead: to today's web (default), to the\n"
-           "                            built-in portal with its invented sample market, or as "
-           "built\n"
-           "  --profile DIR             keep settings and files in DIR\n"
-           "  --sites FILE              use FILE as the table of sites\n"
-           "  --version                 print the version and end\n"
-           "  --help                    print this text and end\n"_s;
-}
 
 CommandLine Wrong(const QString& what) {
     CommandLine result;
@@ -40,15 +30,14 @@ CommandLine Print(const QString& text) {
 CommandLine CommandLine::Parse(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOption({u"web"_s, {}, u"mode"_s, u"live"_s});
-    parser.addOption({u"profile"_s, {}, u"folder"_s});
-    parser.addOption({u"sites"_s, {}, u"file"_s});
-    parser.addOption({u"version"_s, {}});
-    parser.addOption({u"help"_s, {}});
+    for (const CommandOption& option : kCommandOptions)
+        parser.addOption({QString::fromUtf8(option.name.data(), qsizetype(option.name.size())),
+                          {},
+                          QString::fromUtf8(option.value.data(), qsizetype(option.value.size()))});
     if (!parser.parse(arguments))
         return Wrong(parser.errorText());
     if (parser.isSet(u"help"_s))
-        return Print(Usage());
+        return Print(QString::fromStdString(HelpText()));
     if (parser.isSet(u"version"_s))
         return Print(u"tallowmere " TALLOWMERE_VERSION "\n"_s);
     if (!parser.positionalArguments().isEmpty())
@@ -56,7 +45,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
 
     static const QHash<QString, WebMode> modes = {
         {u"live"_s, WebMode::Live}, {u"sample"_s, WebMode::Sample}, {u"direct"_s, WebMode::Direct}};
-    const QString mode = parser.value(u"web"_s);
+    const QString mode = parser.isSet(u"web"_s) ? parser.value(u"web"_s) : u"live"_s;
     if (!modes.contains(mode))
         return Wrong(u"--web takes live, sample or direct, not '"_s + mode + u"'"_s);
     for (const QString& name : {u"profile"_s, u"sites"_s}) {

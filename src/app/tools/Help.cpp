@@ -36,6 +36,13 @@ void Help::About() {
     if (IsOldEngine(EngineVersion::SecurityPatch(), m_clock.Today()))
         text += u"\n\nThis web engine is old: newer attacks on browsers are not fixed in it. A "
                 "newer version of Qt brings a newer engine."_s;
+    else
+        text +=
+            u"\n\nThis web engine is current: its last security patches are younger than half a "
+            "year."_s;
+    text += u"\n\nCopyright 2026 The Tallowmere developers. Licence: MIT.\n"
+            "It holds toml++, copyright Mark Gillard, and JSON for Modern C++, copyright Niels "
+            "Lohmann, both under the MIT licence. All texts: Help, at its end, Licences."_s;
     m_prompts.Message(text, u"About Tallowmere"_s);
 }
 

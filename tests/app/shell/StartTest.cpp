@@ -21,6 +21,14 @@ private:
     static QString IndexPage() { return u"h.example/q?s=^nya+^spc+^oex+^tyx+^dji+^ixic&d=t"_s; }
 
 private Q_SLOTS:
+    void TheWindowHasAnIconOfEverySize() {
+        TestSession window;
+        window.Start();
+        const auto sizes = window.Form().windowIcon().availableSizes();
+        for (const int size : {48, 64, 128, 256})
+            QVERIFY2(sizes.contains(QSize(size, size)), qPrintable(QString::number(size)));
+    }
+
     void AFreshStoreStartsWithTheDefaults() {
         TestSession session;
         session.Start();

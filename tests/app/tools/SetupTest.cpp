@@ -380,9 +380,13 @@ private Q_SLOTS:
                                     qWebEngineChromiumSecurityPatchVersion()})
             QVERIFY2(about.contains(QString::fromLatin1(version)), version);
         QVERIFY(about.contains(u"is old"_s));
+        for (const QString& part : {u"MIT"_s, u"toml++"_s, u"Mark Gillard"_s,
+                                    u"JSON for Modern C++"_s, u"Niels Lohmann"_s, u"Licences"_s})
+            QVERIFY2(about.contains(part), qPrintable(part));
         window.clock.now = QDateTime(QDate(2010, 1, 1), QTime(12, 0));
         window.Form().menus->about->trigger();
         QVERIFY(!window.prompts.messages[1].contains(u"is old"_s));
+        QVERIFY(window.prompts.messages[1].contains(u"is current"_s));
     }
 };
 

@@ -1,0 +1,16 @@
+# The flags that Debian builds its own packages with.
+include(CheckCXXCompilerFlag)
+include(CheckPIESupported)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+check_pie_supported(LANGUAGES CXX)
+add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
+foreach(flag -fstack-clash-protection -fcf-protection) # not on every processor
+    string(MAKE_C_IDENTIFIER "TALLOWMERE_HAS${flag}" known)
+    check_cxx_compiler_flag(${flag} ${known})
+    if(${known})
+        add_compile_options(${flag})
+    endif()
+endforeach()
+if(UNIX AND NOT APPLE)
+    add_link_options(-Wl,-z,relro -Wl,-z,now)
+endif()
