@@ -42,3 +42,4 @@ file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/packaging)
 file(CREATE_LINK ${guide} ${CMAKE_BINARY_DIR}/packaging/guide SYMBOLIC)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/guide DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
+include(cmake/Package.cmake)
