@@ -55,6 +55,7 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
     session.Start();
     if (!instance.Problem().isEmpty())
         prompts.Message(instance.Problem(), MessageTitle());
+    session.TellEngineAge();
     // The start may wait for a page; an event loop that begins only now would forget the quitting.
     return application.IsEnding() ? 0 : QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include "app/tools/ColorConfig.h"
 #include "app/tools/ColorSettings.h"
 #include "app/tools/DailyReminders.h"
+#include "app/tools/EngineNotice.h"
 #include "app/tools/Help.h"
 #include "app/tools/Setup.h"
 
@@ -16,6 +17,7 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, const S
                                  const std::filesystem::path& programFolder, LinkControllers& links)
     : colors(new ColorConfig(form, settings)),
       reminders(new DailyReminders(form, prompts, clock, programFolder, *links.dispatch)),
+      engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, prompts, programFolder, links.accounts, *links.panes,
                       *new ColorSettings(settings, prompts, &form))) {
     auto* help = new Help(form, sites, prompts, clock, *links.panes, *links.outside);

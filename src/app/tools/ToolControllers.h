@@ -7,6 +7,7 @@ namespace tallowmere {
 class Clock;
 class ColorConfig;
 class DailyReminders;
+class EngineNotice;
 class Prompts;
 class SettingsStore;
 class Setup;
@@ -23,6 +24,7 @@ struct ToolControllers {
 
     ColorConfig* colors;
     DailyReminders* reminders;
+    EngineNotice* engine;
     Setup* setup;
 };
 

@@ -30,4 +30,12 @@ bool IsOldEngine(std::string_view patchVersion, Date today) {
     return day - release >= kOldAge;
 }
 
+std::string OldEngineLine(std::string_view patchVersion, std::string_view dismissedVersion,
+                          Date today) {
+    if (patchVersion == dismissedVersion || !IsOldEngine(patchVersion, today))
+        return {};
+    return "The web engine had its last security patches (" + std::string(patchVersion) +
+           ") more than half a year ago.";
+}
+
 } // namespace tallowmere

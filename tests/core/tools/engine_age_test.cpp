@@ -26,5 +26,15 @@ TEST(EngineAge, WhatIsNoVersionIsOld) {
     EXPECT_TRUE(IsOldEngine("-5", {2026, 1, 1}));
 }
 
+TEST(EngineAge, AnOldEngineIsWorthALineUntilItsVersionIsWavedAway) {
+    const Date today{2026, 11, 21};
+    const std::string line = "The web engine had its last security patches (108.0.5359.94) more "
+                             "than half a year ago.";
+    EXPECT_EQ(OldEngineLine("108.0.5359.94", "", today), line);
+    EXPECT_EQ(OldEngineLine("108.0.5359.94", "108.0.5359.94", today), "");
+    EXPECT_EQ(OldEngineLine("108.0.5359.94", "102.0.5005.177", today), line); // another one
+    EXPECT_EQ(OldEngineLine("159.0.1.2", "", today), "");
+}
+
 } // namespace
 } // namespace tallowmere
