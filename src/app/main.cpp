@@ -7,8 +7,10 @@
 #include "app/shell/Session.h"
 #include "app/shell/SingleInstance.h"
 #include "app/shell/StartError.h"
+#include "app/shell/Subsystems.h"
 #include "app/sites/Tables.h"
 #include "app/sites/UserSites.h"
+#include "app/tools/EngineNotice.h"
 #include "core/portal/portal.h"
 #include "core/text/runtime_error.h"
 
@@ -55,7 +57,7 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
     session.Start();
     if (!instance.Problem().isEmpty())
         prompts.Message(instance.Problem(), MessageTitle());
-    session.TellEngineAge();
+    session.Controllers().tools.engine->Tell();
     // The start may wait for a page; an event loop that begins only now would forget the quitting.
     return application.IsEnding() ? 0 : QApplication::exec();
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/text/runtime_error.h"
-
 #include <QString>
 
 #include <filesystem>

@@ -20,7 +20,6 @@
 #include "app/sites/UserSites.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/DailyReminders.h"
-#include "app/tools/EngineNotice.h"
 #include "core/links/index_query.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
@@ -132,10 +131,6 @@ void Session::Start() {
         if (!text.empty())
             m_setup.prompts.Message(ToQt(text), MessageTitle());
     parts.sites->TellProblems();
-}
-
-void Session::TellEngineAge() {
-    m_subsystems->tools.engine->Tell();
 }
 
 void Session::ApplyProxy() {

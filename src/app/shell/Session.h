@@ -28,9 +28,6 @@ public:
     /// Runs the start sequence and shows the window.
     void Start();
 
-    /// Tells, in a quiet line, that the web engine is old; nothing when it is not.
-    void TellEngineAge();
-
     /// Brings the window to the front.
     void Raise();
 
