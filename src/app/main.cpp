@@ -66,14 +66,27 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
 
 int main(int argc, char** argv) {
     QStringList arguments;
-    for (int i = 0; i < argc; ++i)
+    for (int i = 0; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
+        if (arguments.last().toLocal8Bit() != argv[i]) {
+            std::fprintf(stderr,
+                         "tallowmere: argument %d is no text (UTF-8): folders and files of such "
+                         "names cannot be used\n",
+                         i);
+            return kWrongStart;
+        }
+    }
     const CommandLine commandLine = CommandLine::Parse(arguments);
     if (commandLine.outcome != CommandLine::Outcome::Run) {
         const bool wrong = commandLine.outcome == CommandLine::Outcome::Wrong;
         std::fputs(qUtf8Printable(commandLine.text), wrong ? stderr : stdout);
         return wrong ? kWrongStart : 0;
     }
+    if (const QByteArray port = qgetenv("QTWEBENGINE_REMOTE_DEBUGGING"); !port.isEmpty())
+        std::fprintf(stderr,
+                     "tallowmere: QTWEBENGINE_REMOTE_DEBUGGING is set to %s: every program of this "
+                     "machine can read and steer the panes\n",
+                     port.constData());
     PortalScheme::Register();
     Application application(argc, argv);
     DialogPrompts prompts;

@@ -12,7 +12,6 @@ public:
     QStringList messages; ///< "title: text" of everything shown or asked, in order
     QList<bool> answers;  ///< to questions; without one the answer is no
     QList<std::optional<QString>> inputs;
-    QList<std::optional<SignIn>> signIns;
     QList<std::optional<QString>> files;
     QList<std::optional<QColor>> colors;
     QStringList presets;    ///< what stood in the input boxes
@@ -30,11 +29,6 @@ public:
         Record(prompt, title);
         presets << preset;
         return inputs.isEmpty() ? std::nullopt : inputs.takeFirst();
-    }
-
-    std::optional<SignIn> AskSignIn(const QString& text, const QString& title) override {
-        Record(text, title);
-        return signIns.isEmpty() ? std::nullopt : signIns.takeFirst();
     }
 
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,

@@ -10,10 +10,14 @@ namespace tallowmere {
 /// The addresses of the private scheme under which the panes find what the program itself answers.
 struct PortalAddress {
     static QString Scheme() { return QStringLiteral("portal"); }
-    /// The host under which the generated pages are found.
-    static QString PagesHost() { return QStringLiteral("pages"); }
-    /// The address of a generated page.
+    /// The address of a generated page: each has a host, and so an origin, of its own.
     static QUrl Page(std::string_view name);
+    /// Whether a host is one under which generated pages are found.
+    static bool IsPagesHost(const QString& host);
+    /// Whether an address, or the origin that asks for one, is that of a generated page.
+    static bool IsPage(const QUrl& url) {
+        return url.scheme() == Scheme() && IsPagesHost(url.host());
+    }
     /// The host under which the user guide is found, and the address of its first page: the same
     /// in all modes, so that it may be a start page.
     static QString HelpHost() { return QStringLiteral("help"); }

@@ -4,15 +4,19 @@
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
-#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <cstdio>
 
 namespace tallowmere {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,11 +25,40 @@ QWidget* Front() {
     return modal ? modal : QApplication::activeWindow();
 }
 
-QDialogButtonBox* MakeButtons(QDialog& dialog) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+QDialogButtonBox* MakeButtons(
+    QDialog& dialog,
+    QDialogButtonBox::StandardButtons standard = QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
+    auto* buttons = new QDialogButtonBox(standard);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return buttons;
+}
+
+// A message box grows with its text, beyond the screen.
+bool IsLong(const QString& text) {
+    constexpr qsizetype characters = 800;
+    constexpr qsizetype lines = 16;
+    constexpr qsizetype unbroken = 200;
+    static const QRegularExpression run(u"\\S{%1}"_s.arg(unbroken));
+    return text.size() > characters || text.count(u'\n') > lines || text.contains(run);
+}
+
+bool RunLong(const QString& text, const QString& title, QDialogButtonBox::StandardButtons buttons) {
+    QDialog dialog(Front());
+    dialog.setWindowTitle(title);
+    auto* shown = new QPlainTextEdit(text);
+    shown->setObjectName(u"PromptText"_s);
+    shown->setAccessibleName(title);
+    shown->setReadOnly(true);
+    shown->setTabChangesFocus(true);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(shown);
+    layout->addWidget(MakeButtons(dialog, buttons));
+    const QSize screen = dialog.screen()->availableGeometry().size();
+    const QSize wanted(shown->fontMetrics().averageCharWidth() * 90,
+                       shown->fontMetrics().lineSpacing() * 24);
+    dialog.resize(wanted.boundedTo(screen * 0.8));
+    return dialog.exec() == QDialog::Accepted;
 }
 
 } // namespace
@@ -33,6 +66,10 @@ QDialogButtonBox* MakeButtons(QDialog& dialog) {
 void DialogPrompts::Message(const QString& text, const QString& title) {
     if (IsLeft()) {
         std::fprintf(stderr, "tallowmere: %s\n", qUtf8Printable(text));
+        return;
+    }
+    if (IsLong(text)) {
+        RunLong(text, title, QDialogButtonBox::Ok);
         return;
     }
     QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Ok, Front());
@@ -43,6 +80,8 @@ void DialogPrompts::Message(const QString& text, const QString& title) {
 bool DialogPrompts::Ask(const QString& text, const QString& title) {
     if (IsLeft())
         return false;
+    if (IsLong(text))
+        return RunLong(text, title, QDialogButtonBox::Yes | QDialogButtonBox::No);
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
                     Front());
     box.setTextFormat(Qt::PlainText);
@@ -65,28 +104,6 @@ std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString
     layout->addWidget(answer);
     layout->addWidget(MakeButtons(dialog));
     return dialog.exec() == QDialog::Accepted ? std::optional(answer->text()) : std::nullopt;
-}
-
-std::optional<SignIn> DialogPrompts::AskSignIn(const QString& text, const QString& title) {
-    if (IsLeft())
-        return std::nullopt;
-    QDialog dialog(Front());
-    dialog.setWindowTitle(title);
-    auto* question = new QLabel(text);
-    question->setTextFormat(Qt::PlainText);
-    question->setWordWrap(true);
-    auto* user = new QLineEdit;
-    auto* password = new QLineEdit;
-    password->setEchoMode(QLineEdit::Password);
-
-    auto* layout = new QFormLayout(&dialog);
-    layout->addRow(question);
-    layout->addRow(QCoreApplication::translate("Prompts", "&User Name"), user);
-    layout->addRow(QCoreApplication::translate("Prompts", "&Password"), password);
-    layout->addRow(MakeButtons(dialog));
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    return SignIn{user->text(), password->text()};
 }
 
 std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,

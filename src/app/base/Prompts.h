@@ -9,13 +9,8 @@ class QWidget;
 
 namespace tallowmere {
 
-/// What a server wants to know before it answers.
-struct SignIn {
-    QString user;
-    QString password;
-};
-
-/// Everything that stops the user with a question or a message. Tests answer through this seam.
+/// Everything with which the program stops the user: its questions and messages. Tests answer
+/// through this seam. Pages do not get here: they ask in their panes.
 class Prompts {
 public:
     virtual ~Prompts() = default;
@@ -32,8 +27,6 @@ public:
     /// Asks for a line of text; none when cancelled.
     virtual std::optional<QString> Input(const QString& prompt, const QString& title,
                                          const QString& preset) = 0;
-    /// Asks for a user name and a password; none when cancelled.
-    virtual std::optional<SignIn> AskSignIn(const QString& text, const QString& title) = 0;
     /// Asks where to save a file; none when cancelled. `filter` is in Qt's form.
     virtual std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                             const QString& filter) = 0;
@@ -56,7 +49,6 @@ public:
     bool Ask(const QString& text, const QString& title) override;
     std::optional<QString> Input(const QString& prompt, const QString& title,
                                  const QString& preset) override;
-    std::optional<SignIn> AskSignIn(const QString& text, const QString& title) override;
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                     const QString& filter) override;
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override;

@@ -11,7 +11,7 @@ namespace {
 
 // A host of such a name would be taken for the program's own pages.
 QString PortalHost(const QString& host) {
-    const bool isOwn = host == PortalAddress::PagesHost() || host == PortalAddress::HelpHost();
+    const bool isOwn = PortalAddress::IsPagesHost(host) || host == PortalAddress::HelpHost();
     return isOwn ? host + u".invalid"_s : host;
 }
 
@@ -73,7 +73,7 @@ void WebAccess::Ask(const QUrl& portalUrl, Asker asker, PortalReply reply) const
 
 QUrl WebAccess::AsBuilt(const QUrl& url) {
     QUrl built = url;
-    if (url.scheme() == PortalAddress::Scheme() && url.host() != PortalAddress::PagesHost() &&
+    if (url.scheme() == PortalAddress::Scheme() && !PortalAddress::IsPage(url) &&
         !PortalAddress::IsHelp(url))
         built.setScheme(u"http"_s);
     return built;

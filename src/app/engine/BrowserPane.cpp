@@ -1,13 +1,19 @@
 #include "app/engine/BrowserPane.h"
 
 #include "app/base/PortalAddress.h"
+#include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/EngineProfile.h"
 #include "app/engine/FindBar.h"
+#include "app/engine/LocationLine.h"
+#include "app/engine/PageQuestion.h"
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PanePage.h"
+#include "app/engine/UserInput.h"
 #include "core/links/load_errors.h"
 #include "core/links/web_address.h"
+#include "core/pages/passage.h"
+#include "core/pages/shown_address.h"
 #include "core/portal/generated_pages.h"
 
 #include <QEventLoop>
@@ -37,25 +43,34 @@ constexpr double kZoomMaximum = 5;
 constexpr int kProgressMaximum = 100;
 constexpr auto kLongestWait = std::chrono::minutes(1);
 
+bool IsForeign(const QUrl& url) {
+    return !url.isEmpty() && PassageOf(FromQt(url.scheme()), {}) != Passage::Shown;
+}
+
 } // namespace
 
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
     : QWidget(parent), m_profile(profile), m_prompts(prompts), m_notice(new PaneNotice(this)),
-      m_findBar(new FindBar(this)) {
+      m_findBar(new FindBar(this)), m_location(new LocationLine(this)),
+      m_question(new PageQuestion(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_notice, 1);
     layout->addWidget(m_findBar);
+    layout->addWidget(m_location);
     m_notice->hide();
+    connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
     connect(m_notice, &PaneNotice::AsBuilt, this, &BrowserPane::LoadAsBuilt);
     connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
 }
 
 BrowserPane::~BrowserPane() {
+    m_question->EndAll();
     delete m_view;
-    delete m_page;
+    if (m_page)
+        m_page->End();
 }
 
 void BrowserPane::AddShortcuts() {
@@ -77,14 +92,28 @@ void BrowserPane::EnsurePage() {
     m_page = new PanePage(m_profile, m_prompts);
     m_view = new QWebEngineView(m_page, this);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* input = new UserInput(m_view);
+    m_page->SetUserInput(input);
+    // A page may make its boxes later than it is complete, but before somebody types into them.
+    connect(input, &UserInput::Happened, this, &BrowserPane::LookForPassword);
     static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_view, 1);
     connect(m_view, &QWidget::customContextMenuRequested, this, &BrowserPane::ShowContextMenu);
+    if (m_hasLocation)
+        m_page->SetQuestion(m_question);
+    connect(m_page, &PanePage::Stormed, this, &BrowserPane::OnStorm);
     connect(m_page, &PanePage::Starting, this, &BrowserPane::OnPageStarting);
-    connect(m_page, &PanePage::FileRefused, this,
-            [this](const QUrl& url) { Refuse(url.toString()); });
+    connect(m_page, &PanePage::Refused, this, [this](const QUrl& url, bool isWholePage) {
+        const QString address = LineStart(url.toString());
+        // A frame of the page does not take the page's place by what it may not open.
+        if (isWholePage)
+            Refuse(address);
+        else
+            Q_EMIT StatusTextChange(tr("Not opened: %1").arg(address));
+    });
     connect(m_page, &PanePage::WindowWanted, this, &BrowserPane::OnWindowWanted);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &BrowserPane::OnLoading);
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int progress) {
+        ShowLocation();
         if (m_isBusy)
             Q_EMIT ProgressChange(progress, kProgressMaximum);
     });
@@ -110,6 +139,11 @@ void BrowserPane::EnsurePage() {
                          });
     });
     connect(m_findBar, &FindBar::Closed, m_view, [this] { m_view->setFocus(); });
+}
+
+void BrowserPane::EndQuestions() {
+    m_question->EndAll();
+    Q_EMIT m_profile.PageWanted();
 }
 
 void BrowserPane::Navigate(const QString& address) {
@@ -139,10 +173,14 @@ void BrowserPane::Load(const QString& address) {
         return;
     }
     EnsurePage();
+    EndQuestions();
+    m_page->BeginAnew();
+    m_page->Leave();
     ShowPage();
     m_pendingAddress = address;
     m_isAsBuilt = false;
     Begin(address);
+    m_isStartAwaited = true;
     m_page->load(url);
 }
 
@@ -154,6 +192,7 @@ void BrowserPane::LoadAsBuilt() {
 }
 
 void BrowserPane::GoBack() {
+    EndQuestions();
     const bool isOverIntactPage = m_shown == Shown::Failure || m_shown == Shown::Refusal;
     if (isOverIntactPage && m_page && m_page->history()->count() > 0)
         ShowPage();
@@ -162,15 +201,18 @@ void BrowserPane::GoBack() {
 }
 
 void BrowserPane::GoForward() {
+    EndQuestions();
     if (m_page)
         m_page->triggerAction(QWebEnginePage::Forward);
 }
 
 void BrowserPane::Stop() {
+    EndQuestions();
     if (!m_page || !m_isBusy)
         return;
     m_page->triggerAction(QWebEnginePage::Stop);
     // A load that the engine has not begun yet ends without a word from it.
+    m_isStartAwaited = false;
     if (m_isBusy)
         End(false);
 }
@@ -190,7 +232,8 @@ void BrowserPane::EndPage() {
 }
 
 void BrowserPane::Refresh() {
-    if (m_shown == Shown::Failure) {
+    EndQuestions();
+    if (m_shown == Shown::Failure || m_shown == Shown::Storm) {
         Load(QString(m_failedAddress));
     } else if (m_page && m_shown != Shown::Refusal) {
         // A stand-in is loaded again by its own address; the text stays that of the page.
@@ -213,7 +256,7 @@ void BrowserPane::WaitWhileBusy() {
 }
 
 QString BrowserPane::LocationURL() const {
-    if (m_shown == Shown::Failure)
+    if (m_shown == Shown::Failure || m_shown == Shown::Storm)
         return m_failedAddress;
     if (!m_page || m_page->history()->count() == 0)
         return {};
@@ -235,7 +278,7 @@ void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
 
 // The text that stands for an address which the engine named.
 QString BrowserPane::TextOf(const QUrl& url) const {
-    if (url.scheme() == PortalAddress::Scheme() && url.host() == PortalAddress::PagesHost())
+    if (PortalAddress::IsPage(url))
         return m_profile.ProgramFolder() + url.path(QUrl::FullyDecoded);
     return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
 }
@@ -249,6 +292,11 @@ void BrowserPane::Begin(const QString& address) {
 void BrowserPane::End(bool isLoaded) {
     m_isBusy = false;
     m_pendingAddress.clear();
+    // Of an earlier page nothing is known any more, and its answer may never come.
+    m_isLooking = false;
+    m_passwordUrl.clear();
+    ShowLocation();
+    LookForPassword();
     Q_EMIT StatusTextChange(LocationURL());
     Q_EMIT ProgressChange(0, 0);
     Q_EMIT DocumentComplete(isLoaded);
@@ -257,6 +305,7 @@ void BrowserPane::End(bool isLoaded) {
 void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
+        m_isStartAwaited = false;
         ShowPage();
         if (!m_isBusy)
             Begin(TextOf(info.url()));
@@ -267,9 +316,17 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
         End(true);
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
-        End(false);
+        // The engine is late: that was the load before, in whose place another one is to begin.
+        if (!m_isStartAwaited)
+            End(false);
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
+        // What was refused or became a mail is no page that failed.
+        if (IsForeign(info.url())) {
+            if (m_isBusy)
+                End(false);
+            break;
+        }
         // The page that comes with a status such as 404 is the site's own, and is shown.
         if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain) {
             OnCommit();
@@ -284,10 +341,11 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
 
 // A page of this pane's own arrived: from now on its address has the text that asked for it.
 void BrowserPane::OnCommit() {
-    if (m_pendingAddress.isEmpty())
-        return;
-    m_built.Note(*m_page->history(), m_pendingAddress);
-    SetZoom(m_zoom);
+    if (!m_pendingAddress.isEmpty()) {
+        m_built.Note(*m_page->history(), m_pendingAddress);
+        SetZoom(m_zoom);
+    }
+    ShowLocation();
 }
 
 void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
@@ -344,6 +402,7 @@ void BrowserPane::TellOfFailure(const QString& title, const QString& text, const
                    PaneNotice::Offer::TryAgainOrSearch, isLed ? m_failedAddress : QString());
     m_view->hide();
     m_notice->show();
+    ShowLocation();
 }
 
 void BrowserPane::TellOfEmptyAnswer(int status) {
@@ -358,7 +417,26 @@ void BrowserPane::TellOfEmptyAnswer(int status) {
     });
 }
 
+// A script that asks without end never comes back from its loop: nothing but the end of its process
+// stops it.
+void BrowserPane::OnStorm() {
+    m_question->EndAll();
+    m_failedAddress = LocationURL();
+    m_shown = Shown::Storm;
+    m_notice->Tell(tr("This page was stopped"),
+                   tr("It showed or asked something five times within ten seconds. \"Try again\" "
+                      "loads it anew."),
+                   m_failedAddress, PaneNotice::Offer::TryAgain);
+    m_view->hide();
+    m_notice->show();
+    ShowLocation();
+    if (m_isBusy)
+        End(false);
+    m_page->setLifecycleState(QWebEnginePage::LifecycleState::Discarded);
+}
+
 void BrowserPane::OnCrash() {
+    m_question->EndAll();
     const QString address = m_pendingAddress.isEmpty() ? LocationURL() : m_pendingAddress;
     m_failedAddress = m_pendingAddress;
     m_shown = m_pendingAddress.isEmpty() ? Shown::Crash : Shown::Failure;
@@ -367,6 +445,7 @@ void BrowserPane::OnCrash() {
                    address, PaneNotice::Offer::TryAgain);
     m_view->hide();
     m_notice->show();
+    ShowLocation();
     if (m_isBusy)
         End(false);
 }
@@ -383,12 +462,76 @@ void BrowserPane::Refuse(const QString& address) {
     if (m_view)
         m_view->hide();
     m_notice->show();
+    ShowLocation();
 }
 
 void BrowserPane::ShowPage() {
     m_shown = Shown::Page;
     m_notice->hide();
     m_view->show();
+    ShowLocation();
+}
+
+// Where the page that is shown came from. The engine's own word for it is already that of the next
+// page while this one still stands there.
+QUrl BrowserPane::RealUrl() const {
+    if (!m_page || m_page->history()->count() == 0)
+        return {};
+    return m_page->history()->currentItem().url();
+}
+
+QString BrowserPane::RealAddress() const {
+    const QUrl url = RealUrl();
+    if (m_shown != Shown::Page || !IsWebUrl(url))
+        return LocationURL();
+    return QString::fromLatin1(url.toEncoded(QUrl::RemoveUserInfo));
+}
+
+void BrowserPane::ShowLocation() {
+    const QUrl url = RealUrl();
+    const bool isShown =
+        m_hasLocation && m_shown == Shown::Page && !url.isEmpty() && url != QUrl(u"about:blank"_s);
+    m_location->setVisible(isShown);
+    if (!isShown)
+        return;
+    ShownAddress address = ShowAddress(url.toEncoded().toStdString());
+    const QString built = LocationURL();
+    bool isAnother = StandsForAnother(UrlFromAddress(built).toEncoded().toStdString(),
+                                      url.toEncoded().toStdString());
+    if (url.scheme() == PortalAddress::Scheme()) {
+        // The private scheme says nothing to anybody; a page of the folder is known by its name.
+        const bool isOfTheFolder = PortalAddress::IsPage(url);
+        address = {Safety::Own, {}, {}, isOfTheFolder ? FromQt(url.fileName()) : std::string()};
+        isAnother = !isOfTheFolder && !PortalAddress::IsHelp(url);
+    }
+    m_location->Show(address, isAnother ? built : QString(), url == m_passwordUrl);
+}
+
+// What is typed into a page without encryption can be read on its way.
+void BrowserPane::LookForPassword() {
+    const QUrl url = RealUrl();
+    if (m_isLooking || !m_page || url.scheme() != u"http" || url == m_passwordUrl)
+        return;
+    m_isLooking = true;
+    const QString script =
+        u"(function has(root) {"
+        "  if (root.querySelector('input[type=password]')) return true;"
+        "  for (const e of root.querySelectorAll('*')) {"
+        "    if (e.shadowRoot && has(e.shadowRoot)) return true;"
+        "    try { if (e.contentDocument && has(e.contentDocument)) return true }"
+        "    catch (refusal) {}"
+        "  }"
+        "  return false"
+        "})(document)"_s;
+    m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                          [guard = QPointer(this), url](const QVariant& found) {
+                              if (!guard)
+                                  return;
+                              guard->m_isLooking = false;
+                              if (found.toBool())
+                                  guard->m_passwordUrl = url;
+                              guard->ShowLocation();
+                          });
 }
 
 void BrowserPane::ShowContextMenu(QPoint position) {

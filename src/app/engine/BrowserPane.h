@@ -15,6 +15,8 @@ namespace tallowmere {
 
 class EngineProfile;
 class FindBar;
+class LocationLine;
+class PageQuestion;
 class PaneNotice;
 class PanePage;
 class Prompts;
@@ -51,6 +53,13 @@ public:
     /// the user followed links it is the page's own. Empty before the first page.
     QString LocationURL() const;
 
+    /// The address of what the pane shows, as the engine has it after every redirect: one that
+    /// works in any browser. For a page of the program's own, which has none, that of LocationURL.
+    QString RealAddress() const;
+    /// Leaves out the line that says where the pane is; for a strip without room for it.
+    /// Without it no page of the strip asks anything either: there is no room for that.
+    void LeaveOutLocation() { m_hasLocation = false; }
+
     /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
     /// later, and is not when the pane goes before.
     void ReadText(std::function<void(const QString&)> receive) const;
@@ -84,6 +93,7 @@ Q_SIGNALS:
 
 private:
     void EnsurePage();
+    void EndQuestions();
     void Load(const QString& address);
     void LoadAsBuilt();
     void AwaitNetwork();
@@ -95,15 +105,19 @@ private:
     void OnFailure(const QUrl& url, const QString& error);
     void OnCommit();
     void OnCrash();
+    void OnStorm();
     void OnWindowWanted(const QUrl& url);
     void TellOfEmptyAnswer(int status);
     void ShowContextMenu(QPoint position);
     void ShowPage();
     void Refuse(const QString& address);
     void SetZoom(double factor);
+    QUrl RealUrl() const;
+    void ShowLocation();
+    void LookForPassword();
     QString TextOf(const QUrl& url) const;
 
-    enum class Shown { Page, Failure, Refusal, Crash };
+    enum class Shown { Page, Failure, Refusal, Crash, Storm };
 
     EngineProfile& m_profile;
     Prompts& m_prompts;
@@ -112,7 +126,12 @@ private:
     QWebEngineView* m_view = nullptr;
     PaneNotice* m_notice;
     FindBar* m_findBar;
+    LocationLine* m_location;
+    PageQuestion* m_question;
 
+    bool m_hasLocation = true;
+    bool m_isLooking = false; ///< for a box that takes a password
+    QUrl m_passwordUrl;       ///< of a page without encryption that has one
     Shown m_shown = Shown::Page;
     QString m_failedAddress;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
@@ -120,6 +139,7 @@ private:
     BuiltAddresses m_built;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
+    bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
     double m_zoom = 1;
 };

@@ -2,14 +2,19 @@
 
 #include "app/base/PortalAddress.h"
 #include "app/base/Prompts.h"
+#include "app/base/QtText.h"
+#include "app/base/WebAccess.h"
 #include "app/engine/PagePermissions.h"
+#include "app/engine/PanePage.h"
 #include "app/engine/PortalScheme.h"
 #include "app/engine/RequestRedirector.h"
+#include "core/pages/download_name.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -25,6 +30,10 @@ void ApplySettings(QWebEngineSettings& settings) {
     // Together these two would let a local page read any file of the user and send it out.
     settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
     settings.setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
+    // No page starts a program: of what a click asks for, the page itself is asked, and refuses it
+    // in words; what nobody clicked is not even asked about.
+    settings.setUnknownUrlSchemePolicy(
+        QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
     settings.setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
     settings.setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
     // The panes say themselves what went wrong.
@@ -50,6 +59,9 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     m_engine->setPersistentCookiesPolicy(QWebEngineProfile::ForcePersistentCookies);
     PagePermissions::RememberForThisRun(*m_engine);
     ApplySettings(*m_engine->settings());
+    // Who is framed or called in by another site has no business with who the user is.
+    m_engine->cookieStore()->setCookieFilter(
+        [](const QWebEngineCookieStore::FilterRequest& request) { return !request.thirdParty; });
     m_redirector = new RequestRedirector(access, this);
     m_engine->setUrlRequestInterceptor(m_redirector);
     m_engine->installUrlSchemeHandler(PortalAddress::Scheme().toLatin1(),
@@ -66,18 +78,36 @@ void EngineProfile::LetPass(const QUrl& url) {
     m_redirector->LetPass(url);
 }
 
+bool EngineProfile::MayAskFor(const QWebEngineDownloadRequest& download) const {
+    auto* page = qobject_cast<PanePage*>(download.page());
+    return !page || page->MayAskForDownload();
+}
+
 void EngineProfile::AskForDownload(QWebEngineDownloadRequest* download) {
+    if (!MayAskFor(*download)) {
+        download->cancel();
+        Q_EMIT DownloadStatus(tr("Not saved: the page starts downloads by itself"));
+        return;
+    }
     const QPointer<QWebEngineDownloadRequest> guard(download);
+    // The site proposes a name, never a folder.
+    const QString name = ToQt(PlainDownloadName(FromQt(download->suggestedFileName())));
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
-    const auto path = m_prompts.SaveFile(tr("Save As"),
-                                         folder.filePath(download->suggestedFileName()), QString());
+    const auto path = m_prompts.SaveFile(tr("Save As"), folder.filePath(name), QString());
+    const QFileInfo target(path.value_or(QString()));
+    const bool isWanted =
+        path && !path->isEmpty() &&
+        (!RunsWhenOpened(FromQt(target.fileName())) ||
+         m_prompts.Ask(tr("%1 is a program: it may run when it is opened, and do "
+                          "whatever you can do. It comes from %2. Save it?")
+                           .arg(target.fileName(), WebAccess::AsBuilt(download->url()).host()),
+                       MessageTitle()));
     if (!guard)
         return;
-    if (!path || path->isEmpty()) {
+    if (!isWanted) {
         download->cancel();
         return;
     }
-    const QFileInfo target(*path);
     download->setDownloadDirectory(target.absolutePath());
     download->setDownloadFileName(target.fileName());
     connect(download, &QWebEngineDownloadRequest::isFinishedChanged, this,
@@ -89,6 +119,11 @@ void EngineProfile::AskForDownload(QWebEngineDownloadRequest* download) {
 void EngineProfile::Report(const QWebEngineDownloadRequest& download) {
     const QString name = download.downloadFileName();
     if (download.state() == QWebEngineDownloadRequest::DownloadCompleted) {
+        // What was saved is nothing to run, whatever it is called.
+        const QString path = QDir(download.downloadDirectory()).filePath(name);
+        QFile::setPermissions(path,
+                              QFile::permissions(path) & ~(QFile::ExeOwner | QFile::ExeUser |
+                                                           QFile::ExeGroup | QFile::ExeOther));
         Q_EMIT DownloadStatus(tr("Saved %1").arg(name));
     } else if (download.state() == QWebEngineDownloadRequest::DownloadInterrupted) {
         Q_EMIT DownloadStatus({});

@@ -34,9 +34,15 @@ public:
 Q_SIGNALS:
     /// How a download goes, for a status line: "Saving <file>", "Saved <file>".
     void DownloadStatus(const QString& text);
+    /// A pane is about to load a page. While a page waits for an answer the engine does nothing
+    /// else; so what is open then ends without one.
+    void PageWanted();
+    /// The user agreed to write a mail that a page asks for: a clean "mailto:" address.
+    void MailWanted(const QString& address);
 
 private:
     void AskForDownload(QWebEngineDownloadRequest* download);
+    bool MayAskFor(const QWebEngineDownloadRequest& download) const;
     void Report(const QWebEngineDownloadRequest& download);
 
     const WebAccess& m_access;

@@ -1,8 +1,5 @@
 #include "app/engine/PagePermissions.h"
 
-#include "app/base/Prompts.h"
-#include "app/base/WebAccess.h"
-
 #include <QPointer>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -50,30 +47,38 @@ const char* WishOf(Kind kind) {
 
 } // namespace
 
-PagePermissions::PagePermissions(QWebEnginePage& page, Prompts& prompts)
-    : QObject(&page), m_prompts(prompts) {
+PagePermissions::PagePermissions(QWebEnginePage& page, Question question)
+    : QObject(&page), m_question(std::move(question)) {
     // While the user is asked, the page may go.
     const QPointer<QWebEnginePage> guard(&page);
 #ifdef TALLOWMERE_PERMISSION_OBJECTS
     connect(&page, &QWebEnginePage::permissionRequested, this,
             [this, guard](const QWebEnginePermission& permission) {
-                const QWebEnginePermission asked = permission;
-                const bool isGranted = Ask(asked.origin(), WishOf(asked.permissionType()));
-                if (!guard)
-                    return;
-                if (isGranted)
-                    asked.grant();
+                const auto decide = [guard, permission](bool isGranted) {
+                    if (guard && isGranted)
+                        permission.grant();
+                    else if (guard)
+                        permission.deny();
+                };
+                if (const char* wish = WishOf(permission.permissionType()))
+                    m_question(permission.origin(), tr(wish), decide);
                 else
-                    asked.deny();
+                    decide(false);
             });
 #else
     connect(&page, &QWebEnginePage::featurePermissionRequested, this,
             [this, guard](const QUrl& origin, Kind kind) {
-                const bool isGranted = Ask(origin, WishOf(kind));
-                if (guard)
-                    guard->setFeaturePermission(origin, kind,
-                                                isGranted ? QWebEnginePage::PermissionGrantedByUser
-                                                          : QWebEnginePage::PermissionDeniedByUser);
+                const auto decide = [guard, origin, kind](bool isGranted) {
+                    if (guard)
+                        guard->setFeaturePermission(origin, kind,
+                                                    isGranted
+                                                        ? QWebEnginePage::PermissionGrantedByUser
+                                                        : QWebEnginePage::PermissionDeniedByUser);
+                };
+                if (const char* wish = WishOf(kind))
+                    m_question(origin, tr(wish), decide);
+                else
+                    decide(false);
             });
 #endif
 }
@@ -83,12 +88,6 @@ void PagePermissions::RememberForThisRun([[maybe_unused]] QWebEngineProfile& pro
     profile.setPersistentPermissionsPolicy(
         QWebEngineProfile::PersistentPermissionsPolicy::StoreInMemory);
 #endif
-}
-
-bool PagePermissions::Ask(const QUrl& origin, const char* wish) {
-    return wish && m_prompts.Ask(tr("The page of %1 asks to %2. Do you allow it?")
-                                     .arg(WebAccess::AsBuilt(origin).toString(), tr(wish)),
-                                 MessageTitle());
 }
 
 } // namespace tallowmere

@@ -2,30 +2,32 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QUrl;
 class QWebEnginePage;
 class QWebEngineProfile;
 
 namespace tallowmere {
 
-class Prompts;
-
 /// Asks the user for what a page wants beyond showing itself (camera, place, notifications) and
 /// refuses everything that is not worth a question. It belongs to its page.
 class PagePermissions : public QObject {
     Q_OBJECT
 public:
-    PagePermissions(QWebEnginePage& page, Prompts& prompts);
+    /// Asks whether a page of `origin` may do what `wish` says ("use the camera"), and hands the
+    /// answer over once, now or later.
+    using Question = std::function<void(const QUrl& origin, const QString& wish,
+                                        const std::function<void(bool)>& decide)>;
+
+    PagePermissions(QWebEnginePage& page, Question question);
 
     /// Has a profile remember answers as long as the program runs, and no longer: there is no
     /// window to take one back.
     static void RememberForThisRun(QWebEngineProfile& profile);
 
 private:
-    /// Whether the user allows what `wish` says; no wish is refused unasked.
-    bool Ask(const QUrl& origin, const char* wish);
-
-    Prompts& m_prompts;
+    Question m_question;
 };
 
 } // namespace tallowmere

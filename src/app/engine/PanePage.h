@@ -1,6 +1,17 @@
 #pragma once
 
+#include "app/engine/PageQuestion.h"
+#include "core/pages/page_talk.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QUrl>
 #include <QWebEnginePage>
+
+#include <functional>
+#include <optional>
+#include <tuple>
 
 class QAuthenticator;
 class QWebEngineNewWindowRequest;
@@ -9,6 +20,7 @@ namespace tallowmere {
 
 class EngineProfile;
 class Prompts;
+class UserInput;
 
 /// The engine's page of a pane: what it starts itself is offered to the pane first, and what it
 /// wants beyond showing itself is asked of the user or refused. It belongs to the profile.
@@ -17,16 +29,36 @@ class PanePage : public QWebEnginePage {
 public:
     PanePage(EngineProfile& profile, Prompts& prompts);
 
+    /// Where the page speaks to the user. Without such a place, and when that has gone, all that it
+    /// asks is answered with no.
+    void SetQuestion(PageQuestion* question) { m_question = question; }
+    /// Ends the page; one that waits for an answer ends when that is there.
+    void End();
+
     /// Whether a load has been accepted and its page has not arrived yet.
     bool IsUnderWay() const { return m_isUnderWay; }
+
+    /// What the user does on this page is seen there.
+    void SetUserInput(UserInput* input);
+    /// The user goes to another page: what this one did is not held against that.
+    void BeginAnew();
+    /// Until another page has come nothing is heard of this one, which would keep it from coming.
+    void Leave();
+    /// Whether the user is to be asked about a file that the page wants to save now.
+    bool MayAskForDownload() { return m_downloads.MayAsk(); }
 
 Q_SIGNALS:
     /// The page itself is about to go elsewhere: a link, a form, a script.
     void Starting(const QUrl& url, bool* cancel);
     /// The user opened a link into a window of its own.
     void WindowWanted(const QUrl& url);
-    /// A file was dropped on the page; no pane shows files.
-    void FileRefused(const QUrl& url);
+    /// An address is neither shown nor handed to another program; `isWholePage` says whether it
+    /// was to take the place of the page, and not of a frame in it.
+    void Refused(const QUrl& url, bool isWholePage);
+    /// The page asks more than anybody can answer; its script has to be stopped.
+    void Stormed();
+    /// The user agreed to write a mail: a clean "mailto:" address.
+    void MailWanted(const QString& address);
 
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
@@ -38,10 +70,30 @@ protected:
                                   int line, const QString& source) override;
 
 private:
+    bool IsUserActive() const;
+    /// Whether the page is heard with `ask`; it gets its offer of silence then.
+    bool Hear(PageAsk& ask);
+    /// Shows `ask` in the pane and waits for the answer, while the program goes on.
+    PageReply AskAndWait(PageAsk ask);
+    void Refuse(const QUrl& url, bool isMainFrame);
+    void AskForMail(const QUrl& url);
     void OpenWindow(QWebEngineNewWindowRequest& request);
+    void AskForPermission(const QUrl& origin, const QString& wish,
+                          const std::function<void(bool)>& decide);
     void AskForSignIn(const QString& server, QAuthenticator& authenticator);
+    bool IsLeaving() const;
+    std::tuple<int, QUrl, QDateTime> Current() const;
 
     Prompts& m_prompts;
+    QPointer<UserInput> m_input;
+    QPointer<PageQuestion> m_question;
+    PageTalk m_talk;
+    PageDownloads m_downloads;
+    QElapsedTimer m_clock;
+    int m_waiting = 0; ///< answers that the engine waits for in this page's code
+    bool m_isEnding = false;
+    /// The page that the user leaves: its place, its address and when it came.
+    std::optional<std::tuple<int, QUrl, QDateTime>> m_left;
     bool m_isUnderWay = false;
 };
 

@@ -2,9 +2,12 @@
 
 #include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
+#include "core/pages/page_policy.h"
 #include "core/portal/generated_pages.h"
+#include "core/portal/html_page.h"
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QFile>
 #include <QPointer>
 #include <QRegularExpression>
@@ -23,6 +26,24 @@ void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArra
     auto* buffer = new QBuffer(job);
     buffer->setData(body);
     job->reply(type, buffer);
+}
+
+// The scheme has no headers for its answers, and the text of the pages is fixed: the policy goes in
+// on the way to the engine.
+QByteArray Governed(std::string_view page, const std::string& policy) {
+    return QByteArray::fromStdString(WithPolicy(page, policy));
+}
+
+/// The policy of what the portal makes: its strip has the one script.
+const std::string& PolicyOfPortal() {
+    static const std::string policy = [] {
+        const std::string_view script = StripScript();
+        const QByteArrayView text(script.data(), static_cast<qsizetype>(script.size()));
+        return PolicyOfMade(QCryptographicHash::hash(text.toByteArray(), QCryptographicHash::Sha256)
+                                .toBase64()
+                                .toStdString());
+    }();
+    return policy;
 }
 
 // Bytes that are no UTF-8 are shown as Windows-1252.
@@ -60,14 +81,17 @@ void PortalScheme::Register() {
 
 void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
-    if (url.host() == PortalAddress::PagesHost()) {
+    if (PortalAddress::IsPage(url)) {
         AnswerPage(job);
     } else if (url.host() == PortalAddress::HelpHost()) {
         AnswerHelp(job);
     } else {
         // The job ends when its page goes away, which may be before the answer comes.
         const auto take = [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
-            if (job && answer)
+            if (job && answer && answer->type.starts_with("text/html"))
+                Reply(job, QByteArray::fromStdString(answer->type),
+                      Governed(answer->body, PolicyOfPortal()));
+            else if (job && answer)
                 Reply(job, QByteArray::fromStdString(answer->type),
                       QByteArray::fromStdString(answer->body));
             else if (job)
@@ -93,8 +117,11 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
-    // A page from the web has no business with what the user's own pages hold.
-    if (IsWebUrl(job->initiator())) {
+    // Nobody but the program, and a page of its own that has frames, has any business with what the
+    // user's pages hold. Behind an origin that says nothing (a page in a sandbox, one made of its
+    // own address) anybody may stand.
+    const QUrl initiator = job->initiator();
+    if (!initiator.isEmpty() && !PortalAddress::IsPage(initiator)) {
         job->fail(QWebEngineUrlRequestJob::RequestDenied);
         return;
     }
@@ -111,8 +138,12 @@ void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
             job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
+    if (const QUrl own = PortalAddress::Page(name); own.host() != job->requestUrl().host()) {
+        job->redirect(own);
+        return;
+    }
     const QByteArray body = file.readAll();
-    Reply(job, PageType(body), body);
+    Reply(job, PageType(body), Governed(body.toStdString(), PolicyOfGenerated(name)));
 }
 
 } // namespace tallowmere

@@ -7,9 +7,10 @@ namespace tallowmere {
 
 class WebAccess;
 
-/// Answers the private scheme of the panes: `portal://pages/<name>` is a page that the program
-/// wrote into its folder, `portal://help/<name>` a file of the user guide, and any other host is
-/// answered by the built-in portal.
+/// Answers the private scheme of the panes: `portal://<its own host>/<name>` is a page that the
+/// program wrote into its folder, `portal://help/<name>` a file of the user guide, and any other
+/// host is answered by the built-in portal. Pages are handed out with a policy that lets no script
+/// run but the program's own.
 class PortalScheme : public QWebEngineUrlSchemeHandler {
     Q_OBJECT
 public:

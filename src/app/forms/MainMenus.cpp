@@ -98,6 +98,7 @@ void MainMenus::BuildCommands() {
     zoomOut = Command(u"zoomOut"_s, u"Zoom &Out"_s, u"Ctrl+-"_s);
     zoomReset = Command(u"zoomReset"_s, u"&Normal Size"_s, u"Ctrl+0"_s);
     findInPage = Command(u"findInPage"_s, u"&Find in Page..."_s, u"Ctrl+F"_s);
+    copyBuilt = Command(u"copyBuilt"_s, u"Copy Built &Address"_s);
     sites = Command(u"sites"_s, u"S&ites..."_s);
     help = Command(u"help"_s, u"&Help"_s, u"F1"_s);
     about = Command(u"about"_s, u"&About Tallowmere"_s);
@@ -167,6 +168,7 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
 
     QMenu* page = bar.addMenu(u"Pa&ge"_s);
     addLinks(page, kNavigation);
+    page->addAction(copyBuilt);
     page->addAction(mnuRefresh);
     page->addSeparator();
     page->addActions({findInPage, zoomIn, zoomOut, zoomReset});

@@ -60,6 +60,7 @@ public:
     QAction* zoomOut;
     QAction* zoomReset;
     QAction* findInPage;
+    QAction* copyBuilt;
     QAction* sites;
     QAction* help;
     QAction* about;

@@ -61,6 +61,7 @@ void frmMain::BuildPanes(EngineProfile& profile, Prompts& prompts) {
     WebB = pane(u"WebB"_s, u"Broker page"_s, m_body);
     WebB->hide();
     WebTick = pane(u"WebTick"_s, u"Ticker strip"_s, fraTick);
+    WebTick->LeaveOutLocation();
     WebStatus = new QLabel(m_body);
     WebStatus->setObjectName(u"WebStatus"_s);
     WebStatus->setTextFormat(Qt::PlainText);

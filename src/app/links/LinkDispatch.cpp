@@ -177,7 +177,7 @@ void LinkDispatch::RunPageTool(const LinkRow& row) {
         m_transfers.CancelAll();
         break;
     case LinkAction::CopyAddress:
-        QGuiApplication::clipboard()->setText(pane->LocationURL());
+        QGuiApplication::clipboard()->setText(pane->RealAddress());
         break;
     default:
         Q_UNREACHABLE();

@@ -9,6 +9,9 @@
 #include "core/sites/site_table.h"
 #include "core/text/files.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 namespace tallowmere {
 
 PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& sites,
@@ -30,6 +33,8 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
     front(form.menus->zoomIn, &BrowserPane::ZoomIn);
     front(form.menus->zoomOut, &BrowserPane::ZoomOut);
     front(form.menus->zoomReset, &BrowserPane::ZoomReset);
+    connect(form.menus->copyBuilt, &QAction::triggered, this,
+            [this] { QGuiApplication::clipboard()->setText(Front()->LocationURL()); });
 }
 
 void PaneDeck::Navigate(const QString& address) {

@@ -4,6 +4,7 @@
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
 #include "core/portal/generated_pages.h"
+#include "core/pages/mail_address.h"
 
 #include <QDesktopServices>
 #include <QProcess>
@@ -69,8 +70,8 @@ void SeparateBrowser::Open(const QString& address) {
 }
 
 void SeparateBrowser::WriteMail(const QString& address) {
-    const QUrl url(address);
-    if (url.scheme() != u"mailto" || !StartOrOpen("mail", url))
+    const auto draft = ReadMailAddress(FromQt(address));
+    if (!draft || !StartOrOpen("mail", QUrl(ToQt(WriteMailAddress(*draft)))))
         m_prompts.Message(tr("No mail program could be started for %1").arg(address),
                           MessageTitle());
 }

@@ -24,7 +24,8 @@ public:
     /// is refused, other files above all.
     void Open(const QString& address);
     void StartCalculator();
-    /// Begins a mail; `address` starts with "mailto:".
+    /// Begins a mail with what `address`, which starts with "mailto:", says of recipients, subject
+    /// and body; what else it says is left out.
     void WriteMail(const QString& address);
 
 private:

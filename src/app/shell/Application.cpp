@@ -1,5 +1,6 @@
 #include "app/shell/Application.h"
 
+#include "app/base/PlainLabels.h"
 #include "app/base/Prompts.h"
 #include "core/text/runtime_error.h"
 
@@ -38,6 +39,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
         icon.addFile(u":/icons/%1.png"_s.arg(size));
     setWindowIcon(icon);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
+    installEventFilter(new PlainLabels(this));
     QuitOnTermination();
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,
             Qt::DirectConnection);

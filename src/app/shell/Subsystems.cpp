@@ -2,7 +2,10 @@
 
 #include "app/base/Transfers.h"
 #include "app/custom/MultiLinks.h"
+#include "app/engine/EngineProfile.h"
 #include "app/forms/frmMain.h"
+#include "app/links/PaneDeck.h"
+#include "app/links/SeparateBrowser.h"
 #include "app/market/ActiveEdges.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
@@ -27,6 +30,9 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
             setup.folders.programFolder, links),
       sites(new SiteControllers(form, setup.clock, links.recording, setup.tables, setup.web,
                                 userSites, web, *links.panes)) {
+    QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
+                     &SeparateBrowser::WriteMail);
+    QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
     QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
                      &Portfolios::PaintNumbers);
     QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);

@@ -85,14 +85,14 @@ body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: no
 
 // The run goes by the clock, so that it stands where it stood when the page comes anew. Nothing is
 // loaded while nobody sees it or while somebody is about to click.
-constexpr std::string_view kStripScript = R"(<script>
+constexpr std::string_view kStripScript = R"(
 const run = document.querySelector(".run");
 const seconds = parseFloat(run.style.animationDuration);
 run.style.animationDelay = -(Date.now() / 1000 % seconds) + "s";
 setInterval(() => {
   if (!document.hidden && !document.querySelector("body:hover, :focus")) location.reload();
 }, 60000);
-</script>)";
+)";
 
 std::string Page(const PageFrame& frame, std::string_view title, std::string_view bodyAttribute,
                  std::string_view note, std::string_view body) {
@@ -122,8 +122,14 @@ std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::strin
     body.append(run).append("</span><span aria-hidden=\"true\">");
     body.append(ReplaceAll(run, "<a ", "<a tabindex=\"-1\" "))
         .append("</span></div></div>\n")
-        .append(kStripScript);
+        .append("<script>")
+        .append(kStripScript)
+        .append("</script>");
     return Page(frame, title, " class=\"strip\"", frame.stripNote, body);
+}
+
+std::string_view StripScript() {
+    return kStripScript;
 }
 
 std::string ShownText(std::string_view text) {

@@ -23,6 +23,9 @@ std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string
 std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
                       std::size_t seconds);
 
+/// The text of the one script that HtmlStrip has.
+std::string_view StripScript();
+
 /// A text from outside made fit to be shown: escaped, without control characters, cut when it is
 /// longer than anybody would read.
 std::string ShownText(std::string_view text);

@@ -2,9 +2,15 @@
 
 #include "support/ModalDialog.h"
 
+#include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -61,6 +67,30 @@ private Q_SLOTS:
         QCOMPARE(answer, std::optional(u"new"_s));
         WithDialog<QDialog>(ask, [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
         QCOMPARE(answer, std::nullopt);
+    }
+
+    void ALongTextScrollsAndNoDialogIsLargerThanTheScreen() {
+        DialogPrompts prompts;
+        const QString text =
+            QString(u"A line of a page. "_s).repeated(20'000) + QString(5000, u'x');
+        const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+        const auto look = [&](QDialog& dialog) {
+            QVERIFY(dialog.width() <= screen.width() && dialog.height() <= screen.height());
+            auto* shown = dialog.findChild<QPlainTextEdit*>();
+            QVERIFY(shown);
+            QCOMPARE(shown->toPlainText(), text);
+            QVERIFY(shown->isReadOnly());
+            QVERIFY(shown->verticalScrollBar()->maximum() > 0);
+        };
+        WithDialog<QDialog>([&] { prompts.Message(text, u"h.example"_s); }, look);
+        bool answer = false;
+        WithDialog<QDialog>(
+            [&] { answer = prompts.Ask(text, u"h.example"_s); },
+            [&](QDialog& dialog) {
+                look(dialog);
+                dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Yes)->click();
+            });
+        QVERIFY(answer);
     }
 };
 

@@ -6,17 +6,22 @@
 #include "app/engine/PanePage.h"
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
+#include "support/PageReplies.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QProcess>
+#include <QSignalSpy>
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QSslServer>
 #include <QSslSocket>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QWebEngineView>
 
 #include <memory>
 
@@ -71,6 +76,24 @@ private Q_SLOTS:
         QVERIFY2(sent().contains("Cookie: session=kept"), sent().constData());
     }
 
+    void ASiteThatIsCalledInByAnotherKeepsNoCookies() {
+        CannedPage tracker{"x", CannedPage::Ending::Length, 200, "text/javascript"};
+        tracker.headers << "Set-Cookie: who=you; Path=/; SameSite=None; Secure";
+        m_server.Serve(u"/track"_s, tracker);
+        const QByteArray address =
+            "http://localhost:" + QByteArray::number(m_server.serverPort()) + "/track";
+        m_server.Serve(u"/visit"_s, "<script src='" + address + "?1'></script><script src='" +
+                                        address + "?2'></script><title>in</title>");
+        Run run(m_folder.path());
+        QVERIFY(run.Show(m_server.Address(u"/visit"_s)));
+        QTRY_COMPARE(m_server.CountOf(u"/track?2"_s), 1);
+        QVERIFY(!m_heads.value(u"GET /track?2"_s).contains("Cookie:"));
+        // The same site keeps its own when it is visited itself.
+        QVERIFY(run.Show(u"localhost:%1/track?3"_s.arg(m_server.serverPort())));
+        QVERIFY(run.Show(u"localhost:%1/track?4"_s.arg(m_server.serverPort())));
+        QVERIFY(m_heads.value(u"GET /track?4"_s).contains("Cookie: who=you"));
+    }
+
     void ADownloadAsksWhereToSave() {
         CannedPage file{"the file", CannedPage::Ending::Length, 200, "application/zip"};
         file.headers << "Content-Disposition: attachment; filename=\"list.zip\"";
@@ -95,44 +118,112 @@ private Q_SLOTS:
         QCOMPARE(saved.readAll(), QByteArray("the file"));
     }
 
+    void ASiteChoosesNoFolder_data() {
+        QTest::addColumn<QByteArray>("disposition");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("above") << QByteArray("filename=\"../x\"") << u"x"_s;
+        QTest::newRow("absolute") << QByteArray("filename=\"/etc/x\"") << u"x"_s;
+        QTest::newRow("encoded") << QByteArray("filename*=UTF-8''..%2F..%2Fx") << u"x"_s;
+        QTest::newRow("twice encoded") << QByteArray("filename=\"%2e%2e%2fx\"") << u"x"_s;
+        QTest::newRow("hidden") << QByteArray("filename=\".bashrc\"") << u"bashrc"_s;
+        QTest::newRow("direction")
+            << QByteArray("filename*=UTF-8''a%E2%80%AEfdp.csv") << u"afdp.csv"_s;
+    }
+    void ASiteChoosesNoFolder() {
+        QFETCH(const QByteArray, disposition);
+        QFETCH(const QString, name);
+        CannedPage file{"the file", CannedPage::Ending::Length, 200, "application/zip"};
+        file.headers << "Content-Disposition: attachment; " + disposition;
+        m_server.Serve(u"/file"_s, file);
+        const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+        Run run(m_folder.path());
+        for (int time = 1; time <= 2; ++time) {
+            QVERIFY(run.Show(m_server.Address(u"/file"_s)));
+            QTRY_COMPARE(run.prompts.messages.size(), time);
+            // The engine itself may have changed the name, and never to one with a folder.
+            const QString path = run.prompts.messages.last().mid(u"Save As: "_s.size());
+            QCOMPARE(QFileInfo(path).absolutePath(), QDir(folder).absolutePath());
+            const QString shown = QFileInfo(path).fileName();
+            QVERIFY2(shown == name || shown.endsWith(u'_' + name), qPrintable(shown));
+        }
+    }
+
+    void AProgramIsSavedAfterAWarningAndIsNotMadeToRun() {
+        CannedPage file{"#!/bin/sh\n", CannedPage::Ending::Length, 200, "application/x-sh"};
+        file.headers << "Content-Disposition: attachment; filename=\"list.sh\"";
+        m_server.Serve(u"/program"_s, file);
+        QTemporaryDir target;
+        const QString path = target.filePath(u"list.sh"_s);
+        Run run(m_folder.path());
+        run.prompts.files << path;
+        QVERIFY(run.Show(m_server.Address(u"/program"_s)));
+        QTRY_COMPARE(run.prompts.messages.size(), 2);
+        QVERIFY(run.prompts.messages[1].contains(u"list.sh is a program"));
+        QVERIFY(run.prompts.messages[1].contains(u"127.0.0.1"));
+        QVERIFY(!QFile::exists(path)); // nobody said yes
+
+        // Not even in the place of a program that may run.
+        QFile old(path);
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.close();
+        QVERIFY(old.setPermissions(old.permissions() | QFile::ExeOwner));
+        run.prompts.files << path;
+        run.prompts.answers << true;
+        QSignalSpy states(&run.profile, &EngineProfile::DownloadStatus);
+        QVERIFY(run.Show(m_server.Address(u"/program"_s)));
+        QTRY_VERIFY(!states.isEmpty() && states.last().first().toString() == u"Saved list.sh");
+        QVERIFY(QFileInfo(path).size() > 0);
+        QVERIFY(!QFileInfo(path).isExecutable());
+    }
+
+    void WhatAPageSavesByItselfIsAskedAboutOnce() {
+        CannedPage file{"the file", CannedPage::Ending::Length, 200, "application/zip"};
+        file.headers << "Content-Disposition: attachment; filename=\"list.zip\"";
+        m_server.Serve(u"/storm.zip"_s, file);
+        m_server.Serve(u"/storms"_s,
+                       "<body style='margin:0'><a id=l href='/storm.zip' style='display:block;"
+                       "height:300px'>x</a><script>n = 0; setInterval(() => { if (n++ < 5)"
+                       " { l.click() } else { document.title = 'over' } }, 100)</script>");
+        Run run(m_folder.path());
+        QSignalSpy states(&run.profile, &EngineProfile::DownloadStatus);
+        QVERIFY(run.Show(m_server.Address(u"/storms"_s)));
+        QTRY_COMPARE(run.Title(), u"over"_s);
+        QTRY_VERIFY(states.size() >= 1);
+        QCOMPARE(run.prompts.messages.size(), 1);
+        // What the user clicks is asked about again.
+        QTest::mouseClick(run.pane.findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {},
+                          {100, 100});
+        QTRY_COMPARE(run.prompts.messages.size(), 2);
+    }
+
     void WhatAPageAsksForIsRefusedUnlessTheUserSaysYes() {
         m_server.Serve(u"/asks"_s, "<title>asks</title>");
         const QString ask = u"Notification.requestPermission().then(a => document.title = a)"_s;
         {
             Run run(m_folder.path());
+            PageReplies replies(run.pane);
             QVERIFY(run.Show(m_server.Address(u"/asks"_s)));
             run.Script(ask);
             QTRY_COMPARE(run.Title(), u"denied"_s);
-            QCOMPARE(run.prompts.messages.size(), 1);
-            QVERIFY(run.prompts.messages[0].startsWith(u"Quorvane: "));
-            QVERIFY(run.prompts.messages[0].contains(m_server.Address({})));
+            QCOMPARE(replies.asked.size(), 1);
+            QVERIFY(replies.asked[0].contains(u"show notifications"));
+            QVERIFY(replies.asked[0].contains(m_server.Address({})));
             run.Script(u"navigator.geolocation.getCurrentPosition(() => document.title = 'found',"
                        " e => document.title = 'refused ' + e.code)"_s);
             QTRY_COMPARE(run.Title(), u"refused 1"_s);
-            QCOMPARE(run.prompts.messages.size(), 2);
+            QCOMPARE(replies.asked.size(), 2);
         }
         Run run(m_folder.path());
-        run.prompts.answers << true;
+        PageReplies replies(run.pane);
+        replies.replies = {{"QuestionYes"}};
         QVERIFY(run.Show(m_server.Address(u"/asks"_s)));
         run.Script(ask);
         QTRY_COMPARE(run.Title(), u"granted"_s);
         run.Script(u"document.documentElement.requestFullscreen().catch("
                    "() => document.title = 'small')"_s);
         QTRY_COMPARE(run.Title(), u"small"_s);
-        QCOMPARE(run.prompts.messages.size(), 1);
-    }
-
-    void MessagesOfPagesGoThroughThePrompts() {
-        m_server.Serve(u"/talks"_s,
-                       "<script>alert('hello'); document.title = confirm('sure?') + ' ' +"
-                       " prompt('name?', 'me')</script>");
-        Run run(m_folder.path());
-        run.prompts.answers << true;
-        run.prompts.inputs << u"you"_s;
-        QVERIFY(run.Show(m_server.Address(u"/talks"_s)));
-        QTRY_COMPARE(run.Title(), u"true you"_s);
-        QCOMPARE(run.prompts.messages, (QStringList{u"127.0.0.1: hello"_s, u"127.0.0.1: sure?"_s,
-                                                    u"127.0.0.1: name?"_s}));
+        QCOMPARE(replies.asked.size(), 1);
+        QVERIFY(run.prompts.messages.isEmpty());
     }
 
     void ABadCertificateIsRefused() {
