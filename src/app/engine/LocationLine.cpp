@@ -112,7 +112,7 @@ void LocationLine::paintEvent(QPaintEvent*) {
     draw(ToQt(m_address.host), bold, Qt::ElideLeft, right);
 
     const QString stands = m_built.isEmpty() ? QString() : tr("stands for %1").arg(m_built);
-    const int wanted = fontMetrics().horizontalAdvance(stands) + kGap;
+    const int wanted = fontMetrics().horizontalAdvance(stands) + 2 * kGap;
     const int left = right - x;
     const QString behind = Behind();
     const int behindWidth = fontMetrics().horizontalAdvance(behind);

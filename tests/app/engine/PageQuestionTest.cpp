@@ -218,7 +218,7 @@ private Q_SLOTS:
         bench.Open(
             "<script>Notification.requestPermission().then(a => document.title = a)</script>");
         QTRY_VERIFY(bench.IsOpen());
-        QCOMPARE(bench.Title(), u"page"_s);
+        QTRY_COMPARE(bench.Title(), u"page"_s);
         QTest::mouseClick(bench.pane->findChild<QPushButton*>(u"QuestionYes"_s), Qt::LeftButton);
         QTRY_COMPARE(bench.Title(), u"granted"_s);
     }
