@@ -40,9 +40,10 @@ private Q_SLOTS:
     void AnOldEngineIsToldInOneLineThatLeadsToWhatHelps() {
         Window window;
         const QToolBar* bar = window.StartIn(2040);
-        QVERIFY(bar && bar->isVisible());
+        QVERIFY(bar);
+        QTRY_VERIFY(bar->isVisible());
         const auto* label = bar->findChild<QLabel*>();
-        QVERIFY(label->width() > bar->width() / 2);
+        QTRY_VERIFY(label->width() > bar->width() / 2);
         const QString line = label->text();
         QVERIFY2(line.contains(QString::fromLatin1(EngineVersion::SecurityPatch())) &&
                      !line.contains(u'\n'),
