@@ -82,8 +82,13 @@ private Q_SLOTS:
         m_server.Serve(u"/track"_s, tracker);
         const QByteArray address =
             "http://localhost:" + QByteArray::number(m_server.serverPort()) + "/track";
-        m_server.Serve(u"/visit"_s, "<script src='" + address + "?1'></script><script src='" +
-                                        address + "?2'></script><title>in</title>");
+        m_server.Serve(u"/visit"_s, "<script>const get = n => new Promise(done => {"
+                                    "  const script = document.createElement('script');"
+                                    "  script.src = '" +
+                                        address +
+                                        "?' + n; script.onload = done;"
+                                        "  document.documentElement.append(script) });"
+                                        "get(1).then(() => get(2))</script>");
         Run run(m_folder.path());
         QVERIFY(run.Show(m_server.Address(u"/visit"_s)));
         QTRY_COMPARE(m_server.CountOf(u"/track?2"_s), 1);
