@@ -3,8 +3,8 @@
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
-#include "core/portal/generated_pages.h"
 #include "core/pages/mail_address.h"
+#include "core/portal/generated_pages.h"
 
 #include <QDesktopServices>
 #include <QProcess>

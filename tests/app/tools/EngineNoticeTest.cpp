@@ -1,3 +1,4 @@
+#include "app/tools/EngineNotice.h"
 #include "app/engine/BrowserPane.h"
 #include "app/engine/EngineVersion.h"
 #include "support/Navigations.h"
@@ -20,7 +21,7 @@ private:
         /// The line as it is shown after a start in a year, or null.
         QToolBar* StartIn(int year) {
             clock.now = QDateTime(QDate(year, 1, 1), QTime(12, 0));
-            Start().TellEngineAge();
+            Start().Controllers().tools.engine->Tell();
             return Bar();
         }
         QToolBar* Bar() { return Form().findChild<QToolBar*>(u"EngineNotice"_s); }
