@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Its extension is that of every lock.
+constexpr std::string_view kLockFile = "running.lock";
 constexpr auto kPause = std::chrono::milliseconds(20);
 constexpr auto kConnecting = std::chrono::milliseconds(500);
 /// What the first program answers; whatever else listens under the name is not one of ours.
@@ -66,7 +68,7 @@ bool SingleInstance::IsFirst(std::chrono::milliseconds patience) {
 // even so.
 bool SingleInstance::TakeLock() {
     try {
-        m_lock = FileLock::Try(m_folder / "running");
+        m_lock = FileLock::Try(m_folder / std::filesystem::path(kLockFile).stem());
         return m_lock != nullptr;
     } catch (const RuntimeError& error) {
         m_problem = QString::fromUtf8(error.what()) +

@@ -300,7 +300,7 @@ private Q_SLOTS:
 
     void OfAHugeValueOnlyTheStartIsLaidOut() {
         constexpr int kWidest = 100'000;
-        const std::string huge(5'000'000, 'W');
+        const std::string huge(3'000'000, 'W');
         TestSession session;
         session.Store("First", "OK");
         for (const char* key : {"Stocks1", "PortName1", "CustomT101", "DefaultWeb", "Firewall"})
