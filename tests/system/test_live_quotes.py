@@ -205,8 +205,12 @@ class LiveQuotes(driver.SystemTest):
         window.find(name="Active").click()
         self.server.wait_for_request("/done.gif")
         # A link of such a page leads on, to what is at hand.
-        page = next(iter(program.application.find_all(role="document web")))
-        left, top, _, _ = page.extents
+        def link():
+            for page in program.application.find_all(role="document web", name="evil"):
+                if page.extents[2] > 0 and page.children():
+                    return page
+            return None
+        left, top, _, _ = driver.wait_for(link, "the page with the link").extents
         driver.move_pointer(left + 60, top + 35)
         driver.xdotool("click", 1)
         self.wait_for_page(program, "A page of the web led here")

@@ -34,8 +34,7 @@ std::string OldEngineLine(std::string_view patchVersion, std::string_view dismis
                           Date today) {
     if (patchVersion == dismissedVersion || !IsOldEngine(patchVersion, today))
         return {};
-    return "The web engine had its last security patches (" + std::string(patchVersion) +
-           ") more than half a year ago.";
+    return "The web engine is old: patched up to " + std::string(patchVersion) + ".";
 }
 
 } // namespace tallowmere
