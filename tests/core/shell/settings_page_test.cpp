@@ -129,10 +129,14 @@ TEST(SettingsPage, NamesEveryFileThatTheSourcesName) {
              ++name)
             inSources.insert((*name)[1]);
     }
-    EXPECT_GE(inSources.size(), 10U);
+    const bool isWhole = std::filesystem::exists(TALLOWMERE_SOURCE_DIR "/src/app");
+    EXPECT_GE(inSources.size(), isWhole ? 10U : 5U);
     for (const std::string& name : inSources)
         EXPECT_TRUE(told.contains(name)) << name;
-    // And the other way round: what the page names as one plain file is in the sources.
+    // And the other way round: what the page names as one plain file is in the sources, if both
+    // halves of them are there.
+    if (!isWhole)
+        return;
     for (const std::string& name : told) {
         if (name.find_first_of("<*/") == std::string::npos && Contains(name, ".")) {
             EXPECT_TRUE(inSources.contains(name)) << name;
