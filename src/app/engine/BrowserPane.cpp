@@ -41,6 +41,7 @@ constexpr double kZoomStep = 1.1;
 constexpr double kZoomMinimum = 0.25;
 constexpr double kZoomMaximum = 5;
 constexpr int kProgressMaximum = 100;
+constexpr auto kStartPatience = std::chrono::seconds(1);
 constexpr auto kLongestWait = std::chrono::minutes(1);
 
 bool IsForeign(const QUrl& url) {
@@ -181,6 +182,7 @@ void BrowserPane::Load(const QString& address) {
     m_isAsBuilt = false;
     Begin(address);
     m_isStartAwaited = true;
+    m_requested = url;
     m_page->load(url);
 }
 
@@ -319,6 +321,12 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
         // The engine is late: that was the load before, in whose place another one is to begin.
         if (!m_isStartAwaited)
             End(false);
+        else
+            QTimer::singleShot(kStartPatience, m_page, [this, url = m_requested] {
+                // Or it has stopped the new one with the old, before it began.
+                if (m_isStartAwaited && url == m_requested)
+                    m_page->load(url);
+            });
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         // What was refused or became a mail is no page that failed.

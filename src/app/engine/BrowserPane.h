@@ -139,6 +139,7 @@ private:
     BuiltAddresses m_built;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
+    QUrl m_requested;              ///< of the last load that was handed to the engine
     bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
     double m_zoom = 1;
