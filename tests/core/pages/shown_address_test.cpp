@@ -47,7 +47,7 @@ constexpr ShownCase kShownCases[] = {
     {"data:text/html,https://bank.example/",       Own,       "data:",    "",                     "text/html,https://bank.example/"},
     {"javascript:https://bank.example/",           Own,       "javascript:", "",                  "https://bank.example/"},
     {"javascript://bank.example/%0aalert(1)",      Own,       "javascript://", "bank.example",    "/%0aalert(1)"},
-    {"/home/me/report.html",                       Own,       "",         "",                     "/home/me/report.html"},
+    {"/folders/t/report.html",                     Own,       "",         "",                     "/folders/t/report.html"},
     {"",                                           Own,       "",         "",                     ""},
 };
 // clang-format on
