@@ -1,5 +1,7 @@
 #include "probe/Prober.h"
 
+#include "app/base/SendOnce.h"
+
 #include <QNetworkReply>
 #include <QTimer>
 
@@ -49,7 +51,8 @@ void Prober::AskNext(const QString& host) {
     request.setMaximumRedirectsAllowed(kRedirectLimit);
     request.setRawHeader("User-Agent", QByteArray::fromStdString(probe.userAgent));
     request.setRawHeader("Accept", "*/*");
-    QNetworkReply* reply = m_network.get(request);
+    // A source counts its questions, and is asked here as the program asks it.
+    QNetworkReply* reply = probe.source ? SendOnce(m_network, request) : m_network.get(request);
     const auto take = [this, reply, probe, host](bool isTooLate) {
         Take(*reply, probe, isTooLate);
         QTimer::singleShot(m_pause, this, [this, host] { AskNext(host); });

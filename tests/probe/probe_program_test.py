@@ -64,8 +64,11 @@ with tempfile.TemporaryDirectory() as folder:
         line = next(line for line in lines if f"sources.{key} " in line)
         assert line.startswith("doubtful") and "the source refuses programs" in line, line
     assert lines[-1] == "3 good, 7 doubtful, 1 bad", lines[-1]
-    assert sorted(path.split("?")[0] for path, _ in asked) == sorted(
-        ["/quote/MSFT", "/missing", "/mine/msft", "/menu", *(f"/{key}" for key in sources)])
+    paths = [path.split("?")[0] for path, _ in asked]
+    of_sources = {f"/{key}" for key in sources}
+    assert sorted(path for path in paths if path in of_sources) == sorted(of_sources), asked
+    # For a page the network library may ask again when the connection ends with the answer.
+    assert set(paths) - of_sources == {"/quote/MSFT", "/missing", "/mine/msft", "/menu"}, asked
     assert all("Tallowmere" in agent for _, agent in asked), asked
     assert run("--sites", folder / "none.toml", "--profile", folder).returncode == 2
 

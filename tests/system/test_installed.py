@@ -40,7 +40,7 @@ class Installed(driver.SystemTest):
         dialog = program.application.find(role="alert")
         text = dialog.find(name=None, role="label").name
         self.assertIn(str(prefix / "share/tallowmere"), text)
-        driver.press("Return")
+        dialog.find(role="push button").click()
         self.assertEqual(program.wait_for_end(), 2)
         self.assertIn(str(prefix / "share/tallowmere"), program.errors())
 

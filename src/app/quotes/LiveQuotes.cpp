@@ -1,5 +1,6 @@
 #include "app/quotes/LiveQuotes.h"
 
+#include "app/base/SendOnce.h"
 #include "core/quotes/source_text.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
@@ -26,31 +27,6 @@ bool HasAnswered(const QNetworkReply& reply) {
     const bool isOfServer =
         error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError;
     return error == QNetworkReply::NoError || isAboutContent || isOfServer;
-}
-
-/// A body of no bytes that cannot be read a second time.
-class UnrepeatableBody : public QIODevice {
-public:
-    explicit UnrepeatableBody(QObject* parent) : QIODevice(parent) { open(ReadOnly | Unbuffered); }
-    bool isSequential() const override { return true; }
-    bool atEnd() const override { return true; }
-    bool reset() override { return false; }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char*, qint64) override { return -1; }
-};
-
-/// Sends a request that goes out once. By itself Qt repeats one whose connection broke before the
-/// answer, which to a server that hangs up on too many requests is one more; it does not repeat a
-/// request with a body that it cannot read again.
-QNetworkReply* SendOnce(QNetworkAccessManager& network, QNetworkRequest request) {
-    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
-    request.setHeader(QNetworkRequest::ContentLengthHeader, 0);
-    auto* body = new UnrepeatableBody(&network);
-    QNetworkReply* reply = network.sendCustomRequest(request, "GET", body);
-    body->setParent(reply);
-    return reply;
 }
 
 /// Where an answer leads on to; never from an encrypted address to one that is not.
