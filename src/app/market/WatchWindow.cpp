@@ -22,6 +22,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QTextDocument>
 #include <QValidator>
 
@@ -57,6 +58,19 @@ QByteArray PdfOf(const QString& html) {
     document.setHtml(html);
     document.print(&writer);
     return bytes;
+}
+
+// What the main window's menu has keys for.
+void AddPageKeys(BrowserPane& pane) {
+    const auto add = [&pane](const QKeySequence& keys, auto method) {
+        auto* shortcut = new QShortcut(keys, pane.window());
+        QObject::connect(shortcut, &QShortcut::activated, &pane, method);
+    };
+    add(QKeySequence::Find, &BrowserPane::Find);
+    add(QKeySequence(u"Ctrl++"_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+="_s), &BrowserPane::ZoomIn);
+    add(QKeySequence(u"Ctrl+-"_s), &BrowserPane::ZoomOut);
+    add(QKeySequence(u"Ctrl+0"_s), &BrowserPane::ZoomReset);
 }
 
 } // namespace
@@ -107,6 +121,7 @@ void WatchWindow::Connect() {
     connect(&m_form, &frmWiz::SecondsLeft, this, &WatchWindow::SettleSeconds);
     connect(m_form.txtsecs, &QLineEdit::returnPressed, this, &WatchWindow::SettleSeconds);
     connect(m_form.Web, &BrowserPane::DocumentComplete, this, &WatchWindow::OnLoaded);
+    AddPageKeys(*m_form.Web);
     connect(m_form.mnuExport, &QAction::triggered, this, &WatchWindow::Export);
     connect(&m_form, &frmWiz::Closing, this, &WatchWindow::Stop);
 }

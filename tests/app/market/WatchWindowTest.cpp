@@ -216,6 +216,17 @@ private Q_SLOTS:
         QVERIFY(Await([&] { return form.Web->LocationURL() == u"h.example/third"_s; }));
     }
 
+    void ItsPageIsSearchedWithTheKeysOfTheMainWindow() {
+        Window window;
+        frmWiz& form = window.Watch();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        const auto* bar = form.findChild<QWidget*>(u"FindBar"_s);
+        QVERIFY(!bar->isVisible());
+        QTest::keyClick(&form, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(bar->isVisible());
+    }
+
     void ManyWindowsKeepTheirOwnPagesAndWaits() {
         Window window;
         const frmWiz& first = window.Watch(u"A|h.example/a"_s);
