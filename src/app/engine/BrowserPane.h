@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/engine/BuiltAddresses.h"
+#include "core/pages/page_zoom.h"
 
 #include <QPointer>
 #include <QUrl>
@@ -9,7 +10,6 @@
 #include <functional>
 
 class QWebEngineLoadingInfo;
-class QWebEngineView;
 
 namespace tallowmere {
 
@@ -18,7 +18,9 @@ class FindBar;
 class LocationLine;
 class PageQuestion;
 class PaneNotice;
+class PageView;
 class PanePage;
+class PasswordLookout;
 class Prompts;
 
 /// An embedded browser pane: `Web`, `WebB`, `WebTick` and the one of the watch window. Addresses
@@ -67,9 +69,6 @@ public:
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
 
-    /// Gives the pane keys of its own for searching and zooming, for a window without a menu bar
-    /// that has them.
-    void AddShortcuts();
     /// Calls `then` when the page has frames that hold nothing: sites refused to be framed, or
     /// could not be reached. To be asked when the page is complete.
     void WhenFramesAreEmpty(std::function<void()> then);
@@ -96,8 +95,8 @@ private:
     void EndQuestions();
     void Load(const QString& address);
     void LoadAsBuilt();
-    void AwaitNetwork();
-    void TellOfFailure(const QString& title, const QString& text, const QUrl& url);
+    void TellOfFailure(const QString& title, const QString& text, const QUrl& url,
+                       const QString& address);
     void Begin(const QString& address);
     void End(bool isLoaded);
     void OnLoading(const QWebEngineLoadingInfo& info);
@@ -106,34 +105,29 @@ private:
     void OnCommit();
     void OnCrash();
     void OnStorm();
+    void GiveUpPage();
     void OnWindowWanted(const QUrl& url);
     void TellOfEmptyAnswer(int status);
-    void ShowContextMenu(QPoint position);
+    bool IsPageShown() const;
     void ShowPage();
+    void HidePage();
     void Refuse(const QString& address);
-    void SetZoom(double factor);
+    void ApplyZoom();
     QUrl RealUrl() const;
     void ShowLocation();
-    void LookForPassword();
-    QString TextOf(const QUrl& url) const;
-
-    enum class Shown { Page, Failure, Refusal, Crash, Storm };
 
     EngineProfile& m_profile;
     Prompts& m_prompts;
     QPointer<PanePage> m_page;
     QPointer<BrowserPane> m_newWindowTarget;
-    QWebEngineView* m_view = nullptr;
+    PageView* m_view = nullptr;
     PaneNotice* m_notice;
     FindBar* m_findBar;
     LocationLine* m_location;
+    PasswordLookout* m_passwords;
     PageQuestion* m_question;
 
     bool m_hasLocation = true;
-    bool m_isLooking = false; ///< for a box that takes a password
-    QUrl m_passwordUrl;       ///< of a page without encryption that has one
-    Shown m_shown = Shown::Page;
-    QString m_failedAddress;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
     QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
     BuiltAddresses m_built;
@@ -142,7 +136,7 @@ private:
     QUrl m_requested;              ///< of the last load that was handed to the engine
     bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
-    double m_zoom = 1;
+    PageZoom m_zoom;
 };
 
 } // namespace tallowmere

@@ -9,6 +9,7 @@
 #include "app/engine/PortalScheme.h"
 #include "app/engine/RequestRedirector.h"
 #include "core/pages/download_name.h"
+#include "core/portal/generated_pages.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,6 +82,23 @@ void EngineProfile::LetPass(const QUrl& url) {
 bool EngineProfile::MayAskFor(const QWebEngineDownloadRequest& download) const {
     auto* page = qobject_cast<PanePage*>(download.page());
     return !page || page->MayAskForDownload();
+}
+
+QUrl EngineProfile::UrlOf(const QString& address) const {
+    const std::string page(GeneratedPageIn(m_programFolder.toStdString(), address.toStdString()));
+    if (!page.empty())
+        return PortalAddress::Page(page);
+    QUrl url = UrlFromAddress(address);
+    const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
+    if (!isWeb && !PortalAddress::IsHelp(url) && url != QUrl(u"about:blank"_s))
+        return {};
+    return url;
+}
+
+QString EngineProfile::AddressOf(const QUrl& url) const {
+    if (PortalAddress::IsPage(url))
+        return m_programFolder + url.path(QUrl::FullyDecoded);
+    return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
 }
 
 void EngineProfile::AskForDownload(QWebEngineDownloadRequest* download) {

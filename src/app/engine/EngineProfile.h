@@ -29,7 +29,11 @@ public:
     const WebAccess& Access() const { return m_access; }
     /// The next page that a pane asks for at the host of `url` is loaded as its address stands.
     void LetPass(const QUrl& url);
-    const QString& ProgramFolder() const { return m_programFolder; }
+    /// Where the engine finds what `address` names: a page of the web, or of the program's own,
+    /// which goes by the path of its file. Invalid for what is not shown here.
+    QUrl UrlOf(const QString& address) const;
+    /// The address, as built, that stands for one which the engine names: the other way round.
+    QString AddressOf(const QUrl& url) const;
 
 Q_SIGNALS:
     /// How a download goes, for a status line: "Saving <file>", "Saved <file>".

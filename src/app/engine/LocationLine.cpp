@@ -1,8 +1,11 @@
 #include "app/engine/LocationLine.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/QtText.h"
+#include "app/base/WebAccess.h"
 
 #include <QPainter>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -30,9 +33,17 @@ QSize LocationLine::sizeHint() const {
     return {0, fontMetrics().height() + 1};
 }
 
-void LocationLine::Show(const ShownAddress& address, const QString& built, bool asksForPassword) {
-    m_address = address;
-    m_built = LineStart(built);
+void LocationLine::Show(const QUrl& url, const QString& built, bool asksForPassword) {
+    m_address = ShowAddress(url.toEncoded().toStdString());
+    bool isAnother = StandsForAnother(UrlFromAddress(built).toEncoded().toStdString(),
+                                      url.toEncoded().toStdString());
+    if (url.scheme() == PortalAddress::Scheme()) {
+        // The private scheme says nothing to anybody; a page of the folder is known by its name.
+        const bool isOfTheFolder = PortalAddress::IsPage(url);
+        m_address = {Safety::Own, {}, {}, isOfTheFolder ? FromQt(url.fileName()) : std::string()};
+        isAnother = !isOfTheFolder && !PortalAddress::IsHelp(url);
+    }
+    m_built = isAnother ? LineStart(built) : QString();
     m_asksForPassword = asksForPassword;
     const QString where = ToQt(m_address.scheme + m_address.host + m_address.rest);
     QString text = SafetyText() + u' ' + where;

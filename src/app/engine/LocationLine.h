@@ -14,9 +14,9 @@ class LocationLine : public QWidget {
 public:
     explicit LocationLine(QWidget* parent);
 
-    /// Shows where the pane is. `built` is the address that led there, empty where it is the same;
+    /// Shows where the pane is, as the engine has it. `built` is the address that led there;
     /// `asksForPassword` says whether the page has a box for one.
-    void Show(const ShownAddress& address, const QString& built, bool asksForPassword);
+    void Show(const QUrl& url, const QString& built, bool asksForPassword);
 
     QSize sizeHint() const override;
 

@@ -6,6 +6,7 @@
 #include "core/links/web_address.h"
 
 #include <QLabel>
+#include <QNetworkInformation>
 #include <QPushButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -81,8 +82,14 @@ PaneNotice::PaneNotice(QWidget* parent) : QFrame(parent) {
             [this] { Q_EMIT AddressChosen(ArchiveAddress(m_builtAddress)); });
 }
 
-void PaneNotice::Tell(const QString& title, const QString& text, const QString& address,
+void PaneNotice::Clear() {
+    m_why = Reason::None;
+    hide();
+}
+
+void PaneNotice::Tell(Reason why, const QString& title, const QString& text, const QString& address,
                       Offer offer, const QString& builtAddress) {
+    m_why = why;
     m_shownAddress = address;
     m_builtAddress = builtAddress.isEmpty() ? address : builtAddress;
     m_title->setText(title);
@@ -95,6 +102,49 @@ void PaneNotice::Tell(const QString& title, const QString& text, const QString& 
     m_tryAgain->setVisible(offer != Offer::Nothing);
     m_search->setVisible(offer == Offer::TryAgainOrSearch);
     m_archive->setVisible(offer == Offer::TryAgainOrSearch);
+    show();
+}
+
+void PaneNotice::TellOfFailure(const QString& title, const QString& text, const QString& address,
+                               const QString& builtAddress) {
+    Tell(Reason::Failure, title, text, address, Offer::TryAgainOrSearch, builtAddress);
+    AwaitNetwork();
+}
+
+void PaneNotice::AwaitNetwork() {
+    using Feature = QNetworkInformation::Feature;
+    if (!QNetworkInformation::loadBackendByFeatures(Feature::Reachability))
+        return;
+    QNetworkInformation* network = QNetworkInformation::instance();
+    network->disconnect(this);
+    connect(network, &QNetworkInformation::reachabilityChanged, this,
+            [this](QNetworkInformation::Reachability reachability) {
+                if (reachability == QNetworkInformation::Reachability::Online &&
+                    m_why == Reason::Failure)
+                    Q_EMIT TryAgain();
+            });
+}
+
+void PaneNotice::TellOfCrash(const QString& address, bool wasLoading) {
+    Tell(wasLoading ? Reason::Failure : Reason::Crash, tr("This page crashed"),
+         tr("The program goes on. Refresh or \"Try again\" brings the page back."), address,
+         Offer::TryAgain);
+}
+
+void PaneNotice::TellOfStorm(const QString& address) {
+    Tell(Reason::Storm, tr("This page was stopped"),
+         tr("It showed or asked something five times within ten seconds. \"Try again\" "
+            "loads it anew."),
+         address, Offer::TryAgain);
+}
+
+void PaneNotice::TellOfRefusal(const QString& address) {
+    const bool isMeantForTheWeb = WithScheme(address.toStdString()).starts_with("http");
+    Tell(Reason::Refusal, tr("This address is not shown"),
+         isMeantForTheWeb ? tr("No site can have this name.")
+                          : tr("Only pages of the web (http and https) and the program's own pages "
+                               "are shown here."),
+         address, Offer::Nothing);
 }
 
 } // namespace tallowmere

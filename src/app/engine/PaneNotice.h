@@ -14,12 +14,30 @@ class PaneNotice : public QFrame {
 public:
     explicit PaneNotice(QWidget* parent);
 
-    enum class Offer { TryAgain, TryAgainOrSearch, Nothing };
+    /// Why the page cannot be shown; `None` while the notice is not there.
+    enum class Reason { None, Failure, Refusal, Crash, Storm };
+    Reason Why() const { return m_why; }
+    /// Whether the page that was to be shown is not there, so that loading it again begins with
+    /// `Address`.
+    bool HasLostPage() const { return m_why == Reason::Failure || m_why == Reason::Storm; }
+    /// Whether a page that nothing happened to is still behind the notice.
+    bool CoversIntactPage() const { return m_why == Reason::Failure || m_why == Reason::Refusal; }
+    /// The address of the page that is not there, as it was built.
+    QString Address() const { return m_builtAddress; }
 
-    /// Shows what happened and the address it happened to; and the one that was built, where that
-    /// led to this one.
-    void Tell(const QString& title, const QString& text, const QString& address, Offer offer,
-              const QString& builtAddress = {});
+    /// Takes the notice away.
+    void Clear();
+    /// The page could not be loaded: `title` and `text` say why. `address` is the one that was
+    /// asked for, `builtAddress` the one that led there, empty where it is the same. When the
+    /// machine comes back to the network, TryAgain is raised.
+    void TellOfFailure(const QString& title, const QString& text, const QString& address,
+                       const QString& builtAddress = {});
+    /// The page's process ended while it was shown, or while it was loaded.
+    void TellOfCrash(const QString& address, bool wasLoading);
+    /// The page asked so much that it was stopped.
+    void TellOfStorm(const QString& address);
+    /// The address is none that is shown here.
+    void TellOfRefusal(const QString& address);
 
 Q_SIGNALS:
     void TryAgain();
@@ -29,6 +47,12 @@ Q_SIGNALS:
     void AddressChosen(const QString& address);
 
 private:
+    enum class Offer { TryAgain, TryAgainOrSearch, Nothing };
+    void Tell(Reason why, const QString& title, const QString& text, const QString& address,
+              Offer offer, const QString& builtAddress = {});
+    void AwaitNetwork();
+
+    Reason m_why = Reason::None;
     QLabel* m_title;
     QLabel* m_text;
     QLabel* m_address;

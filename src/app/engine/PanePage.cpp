@@ -47,6 +47,10 @@ PanePage::PanePage(EngineProfile& profile, Prompts& prompts)
             });
 }
 
+bool PanePage::IsForeign(const QUrl& url) {
+    return !url.isEmpty() && PassageOf(FromQt(url.scheme()), {}) != Passage::Shown;
+}
+
 bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     // A script clicks links too; the user's clicks come with the pointer or the keyboard.
     const Traveller traveller{isMainFrame, type == NavigationTypeLinkClicked && IsUserActive()};

@@ -35,6 +35,9 @@ public:
     /// Ends the page; one that waits for an answer ends when that is there.
     void End();
 
+    /// Whether `url` is none that a page is shown from: it is refused, or becomes a mail.
+    static bool IsForeign(const QUrl& url);
+
     /// Whether a load has been accepted and its page has not arrived yet.
     bool IsUnderWay() const { return m_isUnderWay; }
 

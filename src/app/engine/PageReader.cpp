@@ -1,0 +1,69 @@
+#include "app/engine/PageReader.h"
+
+#include <QPointer>
+#include <QVariant>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+
+namespace tallowmere {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Ask(QWebEnginePage& page, const QObject* owner, const QString& script,
+         std::function<void(bool)> then) {
+    page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                       [guard = QPointer(owner), then = std::move(then)](const QVariant& answer) {
+                           if (guard)
+                               then(answer.toBool());
+                       });
+}
+
+} // namespace
+
+void PageReader::ReadText(QWebEnginePage& page, const QObject* owner,
+                          std::function<void(const QString&)> then) {
+    page.toPlainText([guard = QPointer(owner), then = std::move(then)](const QString& text) {
+        if (guard)
+            then(text);
+    });
+}
+
+void PageReader::IfEmpty(QWebEnginePage& page, const QObject* owner, std::function<void()> then) {
+    page.toHtml([guard = QPointer(owner), then = std::move(then)](const QString& html) {
+        if (guard && html == u"<html><head></head><body></body></html>")
+            then();
+    });
+}
+
+// No message of the engine tells of every refusal; but a frame that got no page stays at the blank
+// one that it began with, which, unlike a page of another site, may be looked at.
+void PageReader::IfFramesAreEmpty(QWebEnginePage& page, const QObject* owner,
+                                  std::function<void()> then) {
+    const QString script = u"Array.from(document.getElementsByTagName('iframe')).some(frame => {"
+                           "  try { return frame.contentWindow.location.href === 'about:blank' }"
+                           "  catch (refusal) { return false }"
+                           "})"_s;
+    Ask(page, owner, script, [then = std::move(then)](bool isEmpty) {
+        if (isEmpty)
+            then();
+    });
+}
+
+void PageReader::AskForPasswordBox(QWebEnginePage& page, const QObject* owner,
+                                   std::function<void(bool)> then) {
+    const QString script =
+        u"(function has(root) {"
+        "  if (root.querySelector('input[type=password]')) return true;"
+        "  for (const e of root.querySelectorAll('*')) {"
+        "    if (e.shadowRoot && has(e.shadowRoot)) return true;"
+        "    try { if (e.contentDocument && has(e.contentDocument)) return true }"
+        "    catch (refusal) {}"
+        "  }"
+        "  return false"
+        "})(document)"_s;
+    Ask(page, owner, script, std::move(then));
+}
+
+} // namespace tallowmere

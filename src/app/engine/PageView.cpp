@@ -1,0 +1,43 @@
+#include "app/engine/PageView.h"
+
+#include "app/engine/FindBar.h"
+#include "app/engine/PanePage.h"
+#include "app/engine/UserInput.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <QWebEngineFindTextResult>
+
+namespace tallowmere {
+
+PageView::PageView(PanePage& page, FindBar& findBar, QWidget* parent)
+    : QWebEngineView(&page, parent), m_input(new UserInput(this)) {
+    page.SetUserInput(m_input);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, &PageView::ShowMenu);
+    connect(&findBar, &FindBar::Wanted, this,
+            [this, &findBar](const QString& text, bool isBackward) {
+                Find(findBar, text, isBackward);
+            });
+    connect(&findBar, &FindBar::Closed, this, [this] { setFocus(); });
+}
+
+void PageView::Find(FindBar& bar, const QString& text, bool isBackward) {
+    page()->findText(text, isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
+                     [bar = QPointer(&bar)](const QWebEngineFindTextResult& result) {
+                         if (bar)
+                             bar->ShowMatch(result.activeMatch(), result.numberOfMatches());
+                     });
+}
+
+void PageView::ShowMenu(QPoint position) {
+    QMenu* menu = createStandardContextMenu();
+    for (const auto action :
+         {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewWindow,
+          QWebEnginePage::OpenLinkInNewTab, QWebEnginePage::OpenLinkInNewBackgroundTab})
+        menu->removeAction(page()->action(action));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(mapToGlobal(position));
+}
+
+} // namespace tallowmere
