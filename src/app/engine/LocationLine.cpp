@@ -69,11 +69,14 @@ QString LocationLine::SafetyText() const {
     return tr("Own page");
 }
 
-// What follows the host, as far as there is room.
-QString LocationLine::Behind() const {
-    if (IsWarning())
-        return u" \u2013 "_s + tr("others can read a password that is typed here");
-    return ToQt(m_address.rest);
+// What follows the host in `room` pixels.
+QString LocationLine::Behind(int room) const {
+    if (!IsWarning())
+        return ToQt(m_address.rest);
+    const QString whole = u" \u2013 "_s + tr("others can read a password that is typed here");
+    if (fontMetrics().horizontalAdvance(whole) <= room)
+        return whole;
+    return u" \u2013 "_s + tr("others can read the password");
 }
 
 int LocationLine::DrawLock(QPainter& painter, int x) const {
@@ -114,7 +117,7 @@ void LocationLine::paintEvent(QPaintEvent*) {
     };
     if (m_address.safety == Safety::Encrypted) {
         x += DrawLock(painter, x) + kGap;
-    } else {
+    } else if (!IsWarning()) { // which says as much
         draw(SafetyText(), m_address.safety == Safety::Open ? bold : font(), Qt::ElideRight, right);
         x += kGap;
     }
@@ -125,7 +128,7 @@ void LocationLine::paintEvent(QPaintEvent*) {
     const QString stands = m_built.isEmpty() ? QString() : tr("stands for %1").arg(m_built);
     const int wanted = fontMetrics().horizontalAdvance(stands) + 2 * kGap;
     const int left = right - x;
-    const QString behind = Behind();
+    const QString behind = Behind(left);
     const int behindWidth = fontMetrics().horizontalAdvance(behind);
     const int standsWidth =
         stands.isEmpty() ? 0 : std::min(wanted, std::max(left - behindWidth, left / 2));

@@ -26,7 +26,7 @@ protected:
 private:
     bool IsWarning() const { return m_asksForPassword && m_address.safety == Safety::Open; }
     QString SafetyText() const;
-    QString Behind() const;
+    QString Behind(int room) const;
     int DrawLock(QPainter& painter, int x) const;
 
     ShownAddress m_address;
