@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs ./run or ./test on a bare Debian of another release: ./dev base NAME [run|test [ARGUMENT...]]
+# Runs ./run, ./test or ./dev package on a bare Debian of another release:
+#   ./dev base NAME [run|test|package [ARGUMENT...]]
 # The bare system is made once, under build/base; what is committed is cloned into it. Its log, its
 # pictures and what ctest wrote come back to build/base.
 # shellcheck disable=SC2016 # the formats of other programs have dollar signs, too
@@ -40,17 +41,22 @@ CloneTree() {
 }
 
 # Started in a process and mount namespace of its own: mounts and processes end with it, however
-# it ends.
+# it ends. The root is changed for good, as a container's is: the kernel gives nobody behind a mere
+# chroot the namespaces that the web engine's sandbox is made of.
 Enter() {
     local root=$1 variable passed=()
     shift
+    mount --bind "$root" "$root"
     mount -t proc proc "$root/proc"
     mount --bind /dev "$root/dev"
     mount -t tmpfs tmpfs "$root/dev/shm"
     for variable in CMAKE_BUILD_PARALLEL_LEVEL CTEST_PARALLEL_LEVEL http_proxy https_proxy; do
         [[ -z ${!variable-} ]] || passed+=("$variable=${!variable}")
     done
-    exec chroot "$root" /usr/bin/env -i HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
+    cd "$root"
+    pivot_root . mnt
+    umount -l /mnt
+    exec /usr/bin/env -i HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "${passed[@]}" \
         /bin/bash -c 'cd /tree && exec "$@"' base "$@" </dev/null
 }
@@ -73,19 +79,21 @@ fi
 name=${1-}
 what=${2-run}
 shift $(($# < 2 ? $# : 2))
-[[ $name =~ ^(bookworm|trixie|forky)$ && $what =~ ^(run|test)$ ]] ||
-    Fail "which base? ./dev base bookworm|trixie|forky [run|test [ARGUMENT...]]"
+[[ $name =~ ^(bookworm|trixie|forky)$ && $what =~ ^(run|test|package)$ ]] ||
+    Fail "which base? ./dev base bookworm|trixie|forky [run|test|package [ARGUMENT...]]"
 ((EUID == 0)) || Fail "a bare system is made and entered by root: sudo ./dev base $name $what"
 root=$PWD/build/base/$name
 
 [[ -d $root ]] || MakeBase
 CloneTree
 log=build/base/$name-$what.log
+command=(./"$what")
+[[ $what != package ]] || command=(./dev package)
 Say "./$what on $name; log: $log"
 began=$SECONDS
 code=0
 unshare --mount --propagation private --pid --fork --kill-child \
-    bash scripts/base.sh --enter "$root" "./$what" "$@" 2>&1 | tee "$log" || code=$?
+    bash scripts/base.sh --enter "$root" "${command[@]}" "$@" 2>&1 | tee "$log" || code=$?
 BringBack
 {
     Say "./$what on $name ended with $code after $((SECONDS - began)) s, on"

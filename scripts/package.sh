@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the Debian package for the system that it runs on, and checks it: ./dev package
+# Builds the Debian package for the system that it runs on, checks it, and drives the program in it
+# from outside: ./dev package
 # What comes out lies in build/package.
 # shellcheck source=scripts/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -32,5 +33,12 @@ Say "no path of the build in the program"
 ! grep -aF "$PWD" "$root/usr/bin/tallowmere" || Fail "the program holds a path of the build"
 Say "lintian"
 lintian --allow-root --fail-on error,warning "$deb"
+Say "the program in the package, from outside"
+Install "${displayPackages[@]}"
+AllowRoot
+for test in tests/system/test_*.py; do
+    Say "$test"
+    "$python" -B "$test" "$root/usr/bin/tallowmere"
+done
 Say "$deb"
 dpkg-deb -f "$deb" Version Depends Installed-Size

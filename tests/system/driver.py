@@ -473,6 +473,18 @@ class SystemTest(unittest.TestCase):
         path.write_text(text)
         return path
 
+    def install(self):
+        """Puts a copy of the program under a folder of the test, as it would be put under /usr;
+        that folder. What is tested may be such a copy already."""
+        binary = Path(SystemTest.binary).resolve()
+        prefix = self.folder / "prefix"
+        if (binary.parent / "cmake_install.cmake").exists():
+            subprocess.run(["cmake", "--install", binary.parent, "--prefix", prefix], check=True,
+                           capture_output=True)
+        else:
+            shutil.copytree(binary.parent.parent, prefix, symlinks=True)
+        return prefix
+
     def start(self, profile="profile", more_hosts="", web="direct"):
         """Starts the program with every site at the server; it is stopped when the test ends. What
         follows the hosts may go on with other tables."""

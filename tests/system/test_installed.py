@@ -1,21 +1,11 @@
 """An installed copy: it works from where it was put, and says so when its tables are not there."""
 
 import shutil
-import subprocess
-from pathlib import Path
 
 import driver
 
 
 class Installed(driver.SystemTest):
-    def install(self):
-        """The program as `cmake --install` puts it, under a folder of the test; the program."""
-        build = Path(driver.SystemTest.binary).resolve().parent
-        prefix = self.folder / "prefix"
-        subprocess.run(["cmake", "--install", str(build), "--prefix", str(prefix)], check=True,
-                       capture_output=True)
-        return prefix
-
     def test_a_copy_finds_its_tables(self):
         prefix = self.install()
         program = driver.Program(prefix / "bin/tallowmere", "--web", "sample",
