@@ -11,6 +11,8 @@ namespace tallowmere {
 namespace {
 
 constexpr std::size_t kLongestShown = 2000;
+constexpr std::size_t kLongestHost = 255; // no name is longer
+constexpr std::size_t kLongestScheme = 50;
 
 std::string WithoutUsualPort(std::string_view host, std::string_view port) {
     const std::size_t colon = host.rfind(':');
@@ -19,17 +21,23 @@ std::string WithoutUsualPort(std::string_view host, std::string_view port) {
     return ToLower(isUsual || isEmpty ? host.substr(0, colon) : host);
 }
 
-} // namespace
+/// The end of a text, which is what tells one host from another, no character torn.
+std::string_view EndOf(std::string_view text, std::size_t bytes) {
+    return text.size() <= bytes ? text : text.substr(FrontOf(text, text.size() - bytes + 3).size());
+}
 
-ShownAddress ShowAddress(std::string_view address) {
-    const std::string clean = WithoutHiddenCharacters(FrontOf(Trim(address), kLongestShown), '?');
-    const std::string_view text = clean;
+/// The parts of an address, of any length.
+ShownAddress PartsOf(std::string_view text) {
     ShownAddress shown;
     const std::size_t colon = text.find(':');
     const std::string scheme = SchemeOf(text);
-    if (scheme.empty() || !text.substr(colon).starts_with("://")) {
-        shown.scheme = scheme.empty() ? std::string() : scheme + ":";
-        shown.rest = text.substr(scheme.empty() ? 0 : colon + 1);
+    if (scheme.empty() || scheme.size() > kLongestScheme) {
+        shown.rest = text;
+        return shown;
+    }
+    if (!text.substr(colon).starts_with("://")) {
+        shown.scheme = scheme + ":";
+        shown.rest = text.substr(colon + 1);
         return shown;
     }
     shown.scheme = scheme + "://";
@@ -41,10 +49,19 @@ ShownAddress ShowAddress(std::string_view address) {
     std::string_view host = behind.substr(0, hostEnd);
     if (const std::size_t at = host.rfind('@'); at != std::string_view::npos)
         host.remove_prefix(at + 1);
-    shown.host = WithoutUsualPort(host, scheme == "https" ? "443" : "80");
+    shown.host = EndOf(WithoutUsualPort(host, scheme == "https" ? "443" : "80"), kLongestHost);
     shown.rest = behind.substr(hostEnd);
     if (shown.rest == "/")
         shown.rest.clear();
+    return shown;
+}
+
+} // namespace
+
+ShownAddress ShowAddress(std::string_view address) {
+    // Whole, so that a name or a password that is long enough does not push the host out.
+    ShownAddress shown = PartsOf(Trim(WithoutHiddenCharacters(address, '?')));
+    shown.rest = FrontOf(shown.rest, kLongestShown - shown.scheme.size() - shown.host.size());
     return shown;
 }
 

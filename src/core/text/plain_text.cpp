@@ -14,14 +14,18 @@ struct Range {
 constexpr Range kHidden[] = {
     {0x0000, 0x001F}, {0x007F, 0x009F}, // controls
     {0x00AD, 0x00AD},                   // soft hyphen
+    {0x034F, 0x034F},                   // grapheme joiner
     {0x061C, 0x061C},                   // Arabic letter mark
-    {0x180E, 0x180E},                   // Mongolian vowel separator
+    {0x115F, 0x1160},                   // Hangul fillers, which look like blanks
+    {0x180B, 0x180F},                   // Mongolian selectors and vowel separator
     {0x200B, 0x200F},                   // without a width, marks of direction
     {0x2028, 0x202E},                   // separators, embeddings and overrides of direction
     {0x2060, 0x206F},                   // word joiner, invisible operators, isolates
+    {0x3164, 0x3164},                   // Hangul filler
     {0xFEFF, 0xFEFF},                   // byte order mark
-    {0xFFF9, 0xFFFB},                   // annotation marks
-    {0xE0000, 0xE007F},                 // tags
+    {0xFFA0, 0xFFA0},                   // Hangul filler of half a width
+    {0xFFF0, 0xFFFB},                   // annotation marks, and room for more
+    {0xE0000, 0xE0FFF},                 // tags, selectors, and room for more
 };
 // clang-format on
 

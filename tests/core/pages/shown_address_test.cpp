@@ -68,6 +68,23 @@ TEST(AnAddress, IsCutWhereNobodyReadsOn) {
     EXPECT_LE(shown.rest.size(), 2000U);
 }
 
+TEST(AnAddress, NamesItsHostHoweverLongANameOrPasswordStandsBeforeIt) {
+    for (const std::size_t length : {1'900U, 2'000U, 100'000U}) {
+        const ShownAddress shown = ShowAddress("https://bank.example." + std::string(length, 'x') +
+                                               "@evil.test/" + std::string(length, 'y'));
+        EXPECT_EQ(shown.host, "evil.test") << length;
+        EXPECT_EQ(shown.scheme, "https://") << length;
+    }
+}
+
+TEST(AnAddress, ShowsTheEndOfAHostThatIsLongerThanAny) {
+    const ShownAddress shown =
+        ShowAddress("https://bank.example." + std::string(3'000, 'x') + ".evil.test/a");
+    EXPECT_TRUE(shown.host.ends_with("x.evil.test")) << shown.host;
+    EXPECT_LE(shown.host.size(), 255U);
+    EXPECT_EQ(shown.rest, "/a");
+}
+
 struct StandsCase {
     std::string_view built;
     std::string_view real;

@@ -25,6 +25,9 @@ constexpr HiddenCase kHiddenCases[] = {
     {"a\xE2\x80\x8B" "b\xEF\xBB\xBF" "c",      "abc",          "abc"},        // no width
     {"a\xD8\x9C" "b",                          "ab",           "ab"},         // Arabic letter mark
     {"a\xF3\xA0\x81\x81" "b",                  "ab",           "ab"},         // a tag
+    {"a\xF3\xA0\x84\x80" "b",                  "ab",           "ab"},         // a selector
+    {"a\xE3\x85\xA4" "b\xE1\x85\x9F" "c",      "abc",          "abc"},        // fillers
+    {"a\xCD\x8F" "b\xEF\xBF\xB0" "c",          "abc",          "abc"},        // no width either
     {"\xE9t\xE9",                              "?t?",          "?t?"},        // no UTF-8
     {"\xC0\xAF" "x\xE2\x80",                   "??x??",        "??x??"},      // overlong; cut short
     {"\xED\xA0\x80" "x",                       "???x",         "???x"},       // a surrogate
