@@ -5,6 +5,7 @@
 #include "app/forms/frmMain.h"
 #include "app/portfolio/Portfolios.h"
 #include "core/portfolio/portfolio_text.h"
+#include "core/portfolio/ticker_list.h"
 #include "core/shell/conversion.h"
 #include "core/shell/settings_store.h"
 
@@ -73,10 +74,12 @@ void PortfolioCommands::CopyTicker(int target) {
 void PortfolioCommands::MoveTicker(int target) {
     const std::string ticker = FromQt(m_form.List1->SelectedText());
     const int index = m_form.List1->ListIndex();
+    std::vector<std::string> kept = m_portfolios.ListedTickers();
+    if (index >= 0)
+        kept.erase(kept.begin() + index);
+    m_portfolios.StoreMove(target, JoinTickerList(kept), ticker + "|");
     if (index >= 0)
         m_form.List1->RemoveItem(index);
-    m_portfolios.SaveCurrentList();
-    Append(target, ticker + "|");
 }
 
 void PortfolioCommands::CopyPortfolio(int target) {
@@ -84,10 +87,8 @@ void PortfolioCommands::CopyPortfolio(int target) {
 }
 
 void PortfolioCommands::MovePortfolio(int target) {
-    const std::string list = CurrentList();
+    m_portfolios.StoreMove(target, "", CurrentList());
     m_form.List1->Clear();
-    m_portfolios.StoreList(m_portfolios.Current(), "");
-    Append(target, list);
 }
 
 void PortfolioCommands::Rename() {

@@ -49,6 +49,14 @@ void Portfolios::StoreList(int number, std::string_view tickers) {
     m_settings.SaveSetting("Settings", NumberedKey("Stocks", number), tickers);
 }
 
+void Portfolios::StoreMove(int target, const std::string& kept, const std::string& moved) {
+    if (target == m_current)
+        return StoreList(target, kept + moved);
+    m_settings.SaveSettings("Settings",
+                            {{NumberedKey("Stocks", m_current), kept},
+                             {NumberedKey("Stocks", target), StoredList(target).append(moved)}});
+}
+
 QString Portfolios::PortfolioName(int number) const {
     return ToQt(m_settings.GetSetting("Settings", NumberedKey("PortName", number),
                                       NumberedKey("Portfolio #", number)));
@@ -137,10 +145,10 @@ void Portfolios::RemoveSelectedTicker() {
 void Portfolios::ClearList() {
     if (!m_prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s))
         return;
-    RemoveNotes(m_programFolder, TickersFoundNowhere(ListedTickers(), OtherLists()),
-                kTickerNotesFile);
-    m_form.List1->Clear();
+    const std::vector<std::string> tickers = ListedTickers();
     StoreList(m_current, "");
+    m_form.List1->Clear();
+    RemoveNotes(m_programFolder, TickersFoundNowhere(tickers, OtherLists()), kTickerNotesFile);
 }
 
 } // namespace tallowmere

@@ -47,6 +47,10 @@ public:
     std::string StoredList(int number) const;
     void StoreList(int number, std::string_view tickers);
 
+    /// Leaves the current portfolio with the tickers `kept` and puts `moved` behind those of
+    /// another, in one write: no ticker is lost on its way.
+    void StoreMove(int target, const std::string& kept, const std::string& moved);
+
     QString PortfolioName(int number) const;
 
     /// Paints the number labels and the caption in the colours of their area; the current

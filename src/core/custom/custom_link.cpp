@@ -27,14 +27,27 @@ std::uint32_t LoadColor(const SettingsStore& settings, std::string_view prefix, 
     return ToColor(UsableSetting(settings, kSettingsSection, KeyOf(prefix, slot)));
 }
 
-void Save(SettingsStore& settings, std::string_view prefix, int slot, std::string_view value) {
-    settings.SaveSetting(kSettingsSection, KeyOf(prefix, slot), value);
+using Values = std::vector<std::pair<std::string, std::string>>;
+
+void Put(Values& values, std::string_view prefix, int slot, std::string_view value) {
+    values.emplace_back(KeyOf(prefix, slot), value);
+}
+
+void PutColors(Values& values, int slot, ColorPair colors) {
+    Put(values, kFore, slot, FromColor(colors.text));
+    Put(values, kBack, slot, FromColor(colors.background));
 }
 
 std::uint32_t AreaColor(const SettingsStore& settings, const std::string& key,
                         std::uint32_t fallback) {
     const std::string text = settings.GetSetting(kColorsSection, key, FromColor(fallback));
     return CheckValue(SettingKind::Color, text).empty() ? ToColor(text) : fallback;
+}
+
+void PutUnused(Values& values, const SettingsStore& settings, int slot) {
+    Put(values, kAddress, slot, "");
+    Put(values, kTitle, slot, kEmptyCustomCaption);
+    PutColors(values, slot, CustomAreaColors(settings));
 }
 
 } // namespace
@@ -77,29 +90,37 @@ CustomLinkRecord LoadCustomLink(const SettingsStore& settings, int slot) {
             {LoadColor(settings, kFore, slot), LoadColor(settings, kBack, slot)}};
 }
 
+// A record is written at once: no crash and no full disk leaves the address of one link under the
+// title of another, and none comes between a link's old place and its new one.
+
 void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& record) {
-    Save(settings, kAddress, slot, record.address);
-    Save(settings, kTitle, slot, record.title);
-    SaveLinkColors(settings, slot, StorableColors(record.colors));
+    Values values;
+    Put(values, kAddress, slot, record.address);
+    Put(values, kTitle, slot, record.title);
+    PutColors(values, slot, StorableColors(record.colors));
+    settings.SaveSettings(kSettingsSection, values);
 }
 
 void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors) {
-    Save(settings, kFore, slot, FromColor(colors.text));
-    Save(settings, kBack, slot, FromColor(colors.background));
+    Values values;
+    PutColors(values, slot, colors);
+    settings.SaveSettings(kSettingsSection, values);
 }
 
 void ResetCustomLink(SettingsStore& settings, int slot) {
-    Save(settings, kAddress, slot, "");
-    Save(settings, kTitle, slot, kEmptyCustomCaption);
-    SaveLinkColors(settings, slot, CustomAreaColors(settings));
+    Values values;
+    PutUnused(values, settings, slot);
+    settings.SaveSettings(kSettingsSection, values);
 }
 
 void MoveCustomLink(SettingsStore& settings, int from, int to) {
     if (from == to || !IsCustomSlot(from) || !IsCustomSlot(to))
         return;
+    Values values;
     for (const std::string_view prefix : {kAddress, kTitle, kFore, kBack})
-        Save(settings, prefix, to, Load(settings, prefix, from));
-    ResetCustomLink(settings, from);
+        Put(values, prefix, to, Load(settings, prefix, from));
+    PutUnused(values, settings, from);
+    settings.SaveSettings(kSettingsSection, values);
 }
 
 } // namespace tallowmere

@@ -1,4 +1,5 @@
 #include "app/portfolio/Portfolios.h"
+#include "support/FullDisk.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -89,6 +90,25 @@ private Q_SLOTS:
         QCOMPARE(session.Stored("Stocks10"), u"IBM|"_s);
         QTest::mouseClick(session.Form().lblListNum[10], Qt::LeftButton);
         QCOMPARE(session.Form().List1->Items(), QStringList{u"IBM"_s});
+    }
+
+    void ATickerIsNotLostOnItsWayToAnotherPortfolio() {
+        for (const char* command : {"mnuMovePort10", "mnuMoveAllPort10"}) {
+            TestSession session;
+            Fill(session);
+            auto& application = static_cast<Application&>(*qApp);
+            application.SetPrompts(&session.prompts);
+            {
+                // There is room for the list without the ticker, none for the other list.
+                const FullDisk disk(std::filesystem::file_size(session.Folder() / "settings.ini"));
+                QTimer::singleShot(0, Item(session, command), &QAction::trigger);
+                QTRY_COMPARE(session.prompts.messages.size(), 1);
+            }
+            application.SetPrompts(nullptr);
+            QCOMPARE(session.Stored("Stocks1"), u"AOL|IBM|MSFT|"_s);
+            QCOMPARE(session.Stored("Stocks10"), u"<absent>"_s);
+            QCOMPARE(session.Form().List1->Count(), 3);
+        }
     }
 
     void TheOnlyTickerMovedLeavesAnEmptyPortfolio() {
