@@ -1,0 +1,153 @@
+#!/usr/bin/env python3
+"""Plays the same short session in the whole program again and again, and each time one write of its
+own files fails: no space, or a broken disk. The program lives and says so, every file is whole, and
+the next start works.
+
+faults.py [--runs N] FAILING_WRITES PROGRAM
+"""
+
+import argparse
+import errno
+import os
+import random
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import crash
+import driver
+
+ERRORS = {"no space": errno.ENOSPC, "a broken disk": errno.EIO}
+# What the engine keeps for itself is none of the program's files.
+FOLDERS_OF_OTHERS = "engine"
+
+
+class Session:
+    """Somebody who enters tickers, writes a note, moves a ticker, records a multi-link, copies a
+    colour and ends the program."""
+
+    def __init__(self, program, spots, watched):
+        self.program, self.said = program, 0
+        player = crash.Player(program, spots, watched, None, random.Random(1))
+        self.steps = [lambda: player.enter(1), lambda: player.enter(2), lambda: player.note(3),
+                      lambda: player.record(None), lambda: player.color(None),
+                      lambda: player.record_anew(4), lambda: self.move(player)]
+
+    def move(self, player):
+        driver.press("alt+1")
+        player.click(player.spots.ticker)
+        driver.press("alt+t", "Up", "Up", "Up", "Right", "Down", "Return", "Escape", "Escape")
+
+    def boxes(self, main):
+        """Closes what the program has to say; how many boxes that were."""
+        count, quiet_since = 0, time.monotonic()
+        while time.monotonic() - quiet_since < 0.5 and self.program.process.poll() is None:
+            if driver.xdotool("getactivewindow") not in ("", main) and \
+                    len(self.program.windows() or ()) > 1:
+                driver.press("Return")
+                count += 1
+                quiet_since = time.monotonic()
+        return count
+
+    def play(self):
+        main = self.program.window_id()
+        # The first writes are those of the start.
+        self.said += self.boxes(main)
+        for step in self.steps:
+            step()
+            self.said += self.boxes(main)
+            assert self.program.process.poll() is None, \
+                f"the program died: {self.program.errors()}"
+        self.program.ask_to_close()
+        # A close that cannot store everything asks first.
+        self.said += self.boxes(main)
+        return self.program.wait_for_end()
+
+
+def run(options, folder, spots, at, error):
+    """One session; the writes, what was said, and the profile."""
+    profile = folder / f"profile-{at}-{error}"
+    profile.mkdir()
+    log = folder / f"writes-{at}-{error}"
+    log.touch()
+    watched = crash.Watched(profile)
+    orders = {"LD_PRELOAD": str(options.library), "FAILING_WRITES_UNDER": f"{profile}/",
+              "FAILING_WRITES_NOT": f"{profile}/{FOLDERS_OF_OTHERS}",
+              "FAILING_WRITES_AT": str(at), "FAILING_WRITES_ERROR": str(error),
+              "FAILING_WRITES_LOG": str(log)}
+    os.environ.update(orders)
+    try:
+        program = driver.Program(options.program, "--web", "sample", profile=profile)
+    finally:
+        for name in orders:
+            del os.environ[name]
+    try:
+        driver.wait_for(program.windows, "the window")
+        session = Session(program, spots, watched)
+        code = session.play()
+        assert code == 0, f"it ended with {code}: {program.errors()}"
+        said = session.said + program.errors().count("Cannot ")
+    finally:
+        program.stop()
+    watched.check()
+    return log.read_text().splitlines(), said, watched
+
+
+def state(watched):
+    """What a user would miss."""
+    text, notes, places, _ = watched._on_disk()
+    return places, notes, sorted(page.name for page in watched.folder.glob("*.mlnk")), \
+        watched._pairs(text)
+
+
+def starts_again(options, watched):
+    with driver.Program(options.program, "--web", "sample", profile=watched.folder) as program:
+        driver.wait_for(program.windows, "the window of the next start")
+        assert program.process.poll() is None, program.errors()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--runs", type=int, default=20)
+    parser.add_argument("library", type=Path)
+    parser.add_argument("program", type=Path)
+    options = parser.parse_args()
+    options.library, options.program = options.library.resolve(), options.program.resolve()
+    with driver.desktop((1600, 1000)), tempfile.TemporaryDirectory(prefix="faults-") as name:
+        folder = Path(name)
+        first = folder / "first"
+        first.mkdir()
+        crash.Watched(first)
+        spots = crash.learn(options, first)
+        for name in ("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "QTWEBENGINE_CHROMIUM_FLAGS"):
+            os.environ.pop(name)
+        writes, _, clean = run(options, folder, spots, 0, 0)
+        print(f"a session makes {len(writes)} writes: {len(state(clean)[0])} tickers, "
+              f"{len(state(clean)[1])} bytes of notes, {len(state(clean)[2])} multi-links",
+              flush=True)
+        told = unchanged = failed = 0
+        kinds = list(ERRORS.items())
+        for number in range(options.runs):
+            at = 1 + number * len(writes) // options.runs
+            way, error = kinds[number % len(kinds)]
+            try:
+                lines, said, watched = run(options, folder, spots, at, error)
+                starts_again(options, watched)
+                failing = next((line for line in lines if line.endswith(" FAILS")), "none")
+                same = state(watched) == state(clean)
+                told += said > 0
+                unchanged += same
+                if not same and not said:
+                    failed += 1
+                    print(f"{way} at {failing}: something is missing, and nobody was told")
+            except AssertionError as problem:
+                failed += 1
+                print(f"{way} at write {at}: {problem}", flush=True)
+        print(f"{options.runs} sessions of the whole program, each with one failing write: "
+              f"{told} said so, {unchanged} ended as without it, {failed} failed")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
