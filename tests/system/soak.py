@@ -14,6 +14,7 @@ program, so that nobody outside sees its windows reload.
 """
 
 import argparse
+import contextlib
 import json
 import os
 import random
@@ -153,24 +154,46 @@ class User:
 
     def watch_page(self, server, number, is_live):
         """Opens a page about a ticker that nothing else is about, and a watch window of it; gives
-        the address of the page, as far as it can be seen from outside."""
+        the window and, as far as it can be seen from outside, the address of the page."""
+        for _ in range(8):
+            path = self.try_page(server, number, is_live)
+            if path is None:
+                continue
+            before = self.program.windows() or set()
+            asked = server.count(path)
+            self.click(self.watch)
+            with contextlib.suppress(AssertionError):
+                window = driver.wait_for(lambda: self.new_window(before), "the window", 8)
+                if is_live:
+                    server.wait_for_request(path, asked + 1)
+                return window, path
+        raise AssertionError("no watch window opens")
+
+    def try_page(self, server, number, is_live):
+        """A window that has just started may not take a click yet."""
         self.to_front()
         driver.press("alt+5")
         self.click(self.tickers[number % len(WATCHED)])
         asked = len(server.paths())
         self.click(self.watchable[number // len(WATCHED)])
         ticker = WATCHED[number % len(WATCHED)]
-        path = driver.wait_for(
-            lambda: next((path for path in server.paths()[asked:]
-                          if ticker in path.upper() and "symbols=" not in path), None),
-            f"the page about {ticker}") if is_live else None
-        before = self.program.windows() or set()
-        self.click(self.watch)
-        if is_live:
-            server.wait_for_request(path, times=2)
-        driver.wait_for(lambda: len((self.program.windows() or set()) - before) >= 1 and
-                        active_window() not in before, "the watch window")
-        return path
+
+        def page():
+            return next((path for path in server.paths()[asked:]
+                         if ticker in path.upper() and "symbols=" not in path), None)
+        if not is_live:
+            return ""
+        with contextlib.suppress(AssertionError):
+            return driver.wait_for(page, f"the page about {ticker}", 8)
+        return None
+
+    def new_window(self, before):
+        """A further window that is neither a tool tip nor a box with a message."""
+        for window in (self.program.windows() or set()) - before:
+            _, _, width, height = driver.geometry(window)
+            if width > 250 and height > 250:
+                return window
+        return None
 
     def act(self):
         self.to_front()
@@ -275,10 +298,10 @@ def soak(options, mode):
             user = User(program, chance)
             # Where the seconds are in a watch window, and how many keys lead there.
             user.begin(program)
-            user.watch_page(server, 0, is_live)
+            window, _ = user.watch_page(server, 0, is_live)
             box = program.application.find(name="Refresh (Secs)", role="text")
             left, top, width, height = box.extents
-            frame = driver.geometry(active_window())
+            frame = driver.geometry(window)
             seconds = (left - frame[0] + width // 2, top - frame[1] + height // 2)
             program.process.kill()
         for name in ("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "QTWEBENGINE_CHROMIUM_FLAGS"):
@@ -286,13 +309,13 @@ def soak(options, mode):
         with driver.Program(options.program, *arguments, profile=profile) as program:
             driver.wait_for(program.windows, "the window")
             user.begin(program)
-            # A window takes clicks once it is painted.
-            driver.screenshot_at_rest(profile / "first.png", user.main)
             server.forget()
             paths = []
             for number in range(options.windows):
-                paths.append(user.watch_page(server, number, is_live))
-                place = driver.geometry(active_window())
+                window, path = user.watch_page(server, number, is_live)
+                paths.append(path)
+                driver.xdotool("windowactivate", window)
+                place = driver.geometry(window)
                 user.click((place[0] + seconds[0], place[1] + seconds[1]))
                 driver.press("ctrl+a")
                 driver.type_text("30")
