@@ -50,10 +50,10 @@ int EasterInMarch(int year) {
 }
 
 /// A holiday of a fixed date is kept on the Friday before a Saturday and on the Monday after a
-/// Sunday.
+/// Sunday. On those two nobody trades anyway.
 bool IsKept(int holiday, int day, int weekday) {
-    return (day == holiday && weekday != 0 && weekday != 6) ||
-           (day == holiday - 1 && weekday == 5) || (day == holiday + 1 && weekday == 1);
+    return day == holiday || (day == holiday - 1 && weekday == 5) ||
+           (day == holiday + 1 && weekday == 1);
 }
 
 bool IsHoliday(int year, int month, int day, int weekday) {

@@ -48,6 +48,12 @@ TEST(SettingsText, ReadsWhatPeopleWrite) {
         EXPECT_EQ(Value(c.text, "Settings", "Tips"), c.value) << c.text;
 }
 
+TEST(SettingsText, AQuoteThatDoesNotEndIsAPlainCharacter) {
+    EXPECT_EQ(Value("[\"Set]\\\nTips=True\n", "\"Set", "Tips"), "True");
+    EXPECT_EQ(Value("[Settings]\n\"Tips\\=True\n", "Settings", "\"Tips\\"), "True");
+    EXPECT_EQ(Value("[Settings]\nTips=\"True\\\n", "Settings", "Tips"), "\"True\\");
+}
+
 TEST(SettingsText, ReadsWhatDamageHasLeft) {
     const std::string zeros(4096, '\0');
     EXPECT_EQ(Value(zeros, "Settings", "Tips"), "(absent)");
