@@ -36,7 +36,7 @@ LATE = 2.0  # seconds
 WARM = 10  # minutes
 MOST_GROWTH = 0.05
 WATCHED = ("WAAA", "WBBB", "WCCC", "WDDD", "WEEE")
-WATCHED_LINKS = ("Yahoo! Research Sheet", "360 Day History", "Yahoo! Message Board",
+WATCHED_LINKS = ("Yahoo! Research Sheet", "Upgrade & Downgrade History", "Yahoo! Profile Sheet",
                  "ZACKS Research")
 PORTFOLIOS = ("MSFT|AOL|IBM|", "GE|KO|", "INTC|CSCO|ORCL|DELL|", "", "|".join(WATCHED) + "|")
 # Above the list of links that are about the ticker, and of those about the market.
