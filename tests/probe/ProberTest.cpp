@@ -57,7 +57,7 @@ private Q_SLOTS:
         QCOMPARE(answers[u"moved"_s].finalAddress, page);
         QCOMPARE(answers[u"data"_s].response.contentType, std::string("application/json"));
         QCOMPARE(answers[u"missing"_s].response.status, 404);
-        QVERIFY(server.LastHead().contains("User-Agent: Tester/1.0 (me)\r\n"));
+        QCOMPARE(server.LastHeader("User-Agent"), "Tester/1.0 (me)");
     }
 
     void AHostIsAskedOneAtATimeWithAPause() {

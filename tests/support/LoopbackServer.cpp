@@ -70,6 +70,15 @@ void LoopbackServer::Attend(QTcpSocket* socket) {
     });
 }
 
+QByteArray LoopbackServer::LastHeader(const QByteArray& name) const {
+    for (const QByteArray& line : m_lastHead.split('\n')) {
+        const qsizetype colon = line.indexOf(':');
+        if (colon > 0 && line.left(colon).compare(name, Qt::CaseInsensitive) == 0)
+            return line.mid(colon + 1).trimmed();
+    }
+    return {};
+}
+
 void LoopbackServer::Answer(QTcpSocket* socket, const QByteArray& head) {
     m_lastHead = head;
     const QString line = QString::fromLatin1(head.left(head.indexOf("\r\n")));

@@ -55,6 +55,8 @@ public:
     }
     /// The whole head of the last request.
     const QByteArray& LastHead() const { return m_lastHead; }
+    /// A header of the last request by its name, in whatever case either is written.
+    QByteArray LastHeader(const QByteArray& name) const;
     /// Forgets the recorded requests.
     void Clear() { m_requests.clear(); }
 

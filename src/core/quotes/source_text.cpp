@@ -89,9 +89,9 @@ std::vector<std::string> ReadCsvLine(std::string_view line) {
 std::optional<nlohmann::json> ReadJson(std::string_view text) {
     if (text.size() > kMaximumAnswer || !IsShallow(text))
         return std::nullopt;
-    auto value = nlohmann::json::parse(text, nullptr, false);
-    if (value.is_discarded())
-        return std::nullopt;
+    std::optional value(nlohmann::json::parse(text, nullptr, false));
+    if (value->is_discarded())
+        value.reset();
     return value;
 }
 

@@ -104,7 +104,9 @@ private Q_SLOTS:
         for (const QString& address :
              {u"127.0.0.1:1/"_s, u"nowhere.invalid"_s, QString(), u"file:///etc/hosts"_s,
               u"https://"_s + bench.server.Address(u"/tls"_s)}) {
-            QTimer::singleShot(50ms, &bench.server, [&] {
+            QTimer hangUp;
+            hangUp.start(20ms);
+            QObject::connect(&hangUp, &QTimer::timeout, &bench.server, [&] {
                 // A web server that is spoken to in TLS hangs up.
                 for (QTcpSocket* socket : bench.server.findChildren<QTcpSocket*>())
                     socket->close();

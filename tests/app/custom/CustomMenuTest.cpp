@@ -25,13 +25,13 @@ private:
         return Menu(session).findChild<QAction*>(u"mnuCustLnk"_s + QString::number(item));
     }
 
-    /// Pops the menu of a slot up and clicks one of its items.
+    /// Pops the menu of a slot up and chooses one of its items.
     static void Choose(TestSession& session, int slot, int item) {
         QTest::mouseClick(session.Link(slot), Qt::RightButton);
         QMenu& menu = Menu(session);
         QVERIFY(menu.isVisible());
-        QTest::mouseClick(&menu, Qt::LeftButton, {},
-                          menu.actionGeometry(Item(session, item)).center());
+        menu.setActiveAction(Item(session, item));
+        QTest::keyClick(&menu, Qt::Key_Return);
     }
 
     static void StoreLink(TestSession& session, int slot, const char* title, const char* fore,

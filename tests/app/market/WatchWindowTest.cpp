@@ -382,7 +382,7 @@ private Q_SLOTS:
         QVERIFY(Await([&] { return window.prompts.messages.size() == 2; }));
         QVERIFY(window.prompts.messages[1].startsWith(u"Quorvane: "_s));
         static_cast<Application*>(qApp)->SetPrompts(nullptr);
-        window.prompts.files = {std::nullopt};
+        window.prompts.files << std::nullopt;
         form.mnuExport->trigger();
         QCOMPARE(window.prompts.messages.size(), 3);
     }
