@@ -8,7 +8,7 @@ namespace tallowmere {
 /// Who wants to go somewhere.
 struct Traveller {
     bool isMainFrame = true;      ///< else one of the frames of a page
-    bool isLinkOfTheUser = false; ///< the user clicked a link; no script, form or redirect
+    bool isLinkOfTheUser = false; ///< the user clicked this link; no script, form or redirect
 };
 
 /// What becomes of it.
