@@ -15,6 +15,7 @@
 #include "core/text/runtime_error.h"
 
 #include <cstdio>
+#include <filesystem>
 
 using namespace tallowmere;
 
@@ -62,19 +63,41 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
     return application.IsEnding() ? 0 : QApplication::exec();
 }
 
+bool IsText(const QByteArray& bytes) {
+    return QString::fromLocal8Bit(bytes).toLocal8Bit() == bytes;
+}
+
+/// What says where the user's folders lie and cannot be read as text; null when all can be.
+const char* UnreadablePlace() {
+    for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+        if (!IsText(qgetenv(name)))
+            return name;
+    std::error_code error;
+    const std::filesystem::path here = std::filesystem::current_path(error);
+    return error || IsText(QByteArray::fromStdString(here.string())) ? nullptr
+                                                                     : "the current folder";
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
-        if (arguments.last().toLocal8Bit() != argv[i]) {
+        if (!IsText(argv[i])) {
             std::fprintf(stderr,
                          "tallowmere: argument %d is no text (UTF-8): folders and files of such "
                          "names cannot be used\n",
                          i);
             return kWrongStart;
         }
+    }
+    if (const char* place = UnreadablePlace()) {
+        std::fprintf(stderr,
+                     "tallowmere: %s is no text (UTF-8): folders and files of such names cannot be "
+                     "used\n",
+                     place);
+        return kWrongStart;
     }
     const CommandLine commandLine = CommandLine::Parse(arguments);
     if (commandLine.outcome != CommandLine::Outcome::Run) {

@@ -1,5 +1,6 @@
 """The command line, the first start, the second start and the end of the built program."""
 
+import os
 import signal
 import subprocess
 import threading
@@ -53,6 +54,71 @@ class CommandLine(driver.SystemTest):
     def test_a_host_that_is_no_text_is_named_with_its_line(self):
         path = self.sites("[hosts]\n\nquote = 5\n")
         self.assertIn(f"{path}:3: ", self.refused("--profile", self.folder, "--sites", path))
+
+
+class FoldersThatAreNoText(driver.SystemTest):
+    """A folder whose name is no text is refused in words, and nothing is made in its place."""
+
+    def refused(self, *arguments, **options):
+        result = subprocess.run([os.path.abspath(driver.SystemTest.binary), "--web", "sample",
+                                 *arguments],
+                                capture_output=True, timeout=30, stdin=subprocess.DEVNULL,
+                                **options)
+        errors = result.stderr.decode(errors="replace")
+        self.assertEqual((result.returncode, result.stdout), (2, b""), errors)
+        self.assertRegex(errors, r"^tallowmere: .*no text \(UTF-8\).*\n$")
+        return errors
+
+    def no_text(self):
+        folder = os.fsencode(self.folder) + b"/caf\xe9"
+        os.mkdir(folder)
+        return folder
+
+    def nothing_made(self, folder):
+        self.assertEqual(os.listdir(folder), [])
+        self.assertEqual(os.listdir(os.fsencode(self.folder)), [os.path.basename(folder)])
+
+    def test_a_profile(self):
+        folder = self.no_text()
+        self.refused("--profile", folder)
+        self.nothing_made(folder)
+
+    def test_a_table_of_sites(self):
+        folder = self.no_text()
+        self.refused("--profile", self.folder / "profile", "--sites", folder + b"/sites.toml")
+        self.nothing_made(folder)
+
+    def test_a_profile_below_the_current_folder(self):
+        folder = self.no_text()
+        self.refused("--profile", "profile", cwd=folder)
+        self.nothing_made(folder)
+
+    def test_the_users_own_folders(self):
+        folder = self.no_text()
+        for variable in ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"):
+            known = {name: value for name, value in os.environb.items()
+                     if not name.startswith(b"XDG_")}
+            errors = self.refused(env=known | {os.fsencode(variable): folder})
+            self.assertIn(variable, errors)
+            self.nothing_made(folder)
+
+
+class RemoteDebugging(driver.SystemTest):
+    def lines(self):
+        program = self.start()
+        program.main_window()
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_for_end(), 0, program.errors())
+        return [line for line in program.errors().splitlines() if "tallowmere: " in line]
+
+    def test_it_is_told_in_one_line(self):
+        os.environ["QTWEBENGINE_REMOTE_DEBUGGING"] = "127.0.0.1:0"
+        self.addCleanup(os.environ.pop, "QTWEBENGINE_REMOTE_DEBUGGING", None)
+        self.assertEqual(self.lines(),
+                         ["tallowmere: QTWEBENGINE_REMOTE_DEBUGGING is set to 127.0.0.1:0: every "
+                          "program of this machine can read and steer the panes"])
+        del os.environ["QTWEBENGINE_REMOTE_DEBUGGING"]
+        self.assertEqual(self.lines(), [])
 
 
 class OneProgramPerProfile(driver.SystemTest):
