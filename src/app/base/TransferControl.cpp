@@ -21,7 +21,10 @@ constexpr int kFirstRefusal = 400; // statuses from here on are errors
 
 TransferControl::TransferControl(const WebAccess& access, QObject* parent,
                                  std::chrono::milliseconds stallLimit)
-    : QObject(parent), m_access(access), m_stallLimit(stallLimit) {}
+    : QObject(parent), m_access(access), m_stallLimit(stallLimit) {
+    m_httpsPatience.setSingleShot(true);
+    connect(&m_httpsPatience, &QTimer::timeout, this, &TransferControl::AskPlainly);
+}
 
 TransferControl::~TransferControl() {
     if (m_reply)
@@ -39,7 +42,7 @@ void TransferControl::Open(const QString& address) {
     m_wasRefused = false;
 
     QUrl url = UrlFromAddress(address);
-    if (const auto target = m_access.Resolve(url, AddressUse::Reading))
+    if (const auto target = m_access.ResolveByTables(url, AddressUse::Reading))
         url = *target;
     if (url.scheme() == PortalAddress::Scheme()) {
         const auto take = [guard = QPointer(this), transfer = m_transfer](const auto& answer) {
@@ -53,17 +56,81 @@ void TransferControl::Open(const QString& address) {
         End(true);
         return;
     }
+    m_redirects = 0;
+    AskBySchemes(url);
+}
+
+// By https first, where http need not be.
+void TransferControl::AskBySchemes(const QUrl& url) {
+    const auto secure = m_access.Secure(url);
+    m_plain = secure ? url : QUrl();
+    if (secure && !m_access.Https().IsSecure(secure->host()))
+        m_httpsPatience.start(m_access.Https().Patience());
+    Send(secure.value_or(url));
+}
+
+void TransferControl::Send(const QUrl& url) {
     m_proxy.ApplyTo(m_network);
     QNetworkRequest request(url);
     request.setMaximumRedirectsAllowed(kRedirectLimit);
     request.setTransferTimeout(static_cast<int>(m_stallLimit.count()));
     request.setHeader(QNetworkRequest::UserAgentHeader,
                       u"Mozilla/5.0 Tallowmere/" TALLOWMERE_VERSION ""_s);
+    if (m_access.Mode() == WebMode::Live)
+        request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                             QNetworkRequest::UserVerifiedRedirectPolicy);
     m_reply = m_network.get(request);
+    connect(m_reply, &QNetworkReply::redirected, this, &TransferControl::Follow);
+    connect(m_reply, &QNetworkReply::encrypted, this, &TransferControl::NoteAnswer);
     connect(m_reply, &QNetworkReply::metaDataChanged, this,
             [this] { Q_EMIT StateChanged(kResponseReceived); });
     connect(m_reply, &QNetworkReply::readyRead, this, &TransferControl::OnData);
     connect(m_reply, &QNetworkReply::finished, this, &TransferControl::OnFinished);
+}
+
+// Where a server sends the program on, too, it asks by https first; from there it never goes back,
+// unless https was but a try.
+void TransferControl::Follow(const QUrl& url) {
+    if (m_access.Mode() != WebMode::Live)
+        return;
+    const bool isBack = m_reply->url().scheme() == u"https" && url.scheme() == u"http";
+    const auto secure = m_access.Secure(url);
+    if (isBack && !m_plain.isEmpty() && (!secure || *secure == m_reply->url()))
+        AskPlainly();
+    else if (++m_redirects > kRedirectLimit || (isBack && !secure))
+        End(true);
+    else if (secure) {
+        DropReply();
+        AskBySchemes(url);
+    } else {
+        Q_EMIT m_reply->redirectAllowed();
+    }
+}
+
+void TransferControl::NoteAnswer() {
+    m_httpsPatience.stop();
+    if (!m_plain.isEmpty())
+        m_access.Https().NoteSecure(m_plain.host());
+}
+
+// Whoever does not answer by https is asked by http, as the address says.
+void TransferControl::AskPlainly() {
+    m_httpsPatience.stop();
+    DropReply();
+    m_data.clear();
+    m_received = 0;
+    const QUrl plain = std::exchange(m_plain, QUrl());
+    Send(plain);
+    m_access.Https().NotePlain(plain.host());
+}
+
+void TransferControl::DropReply() {
+    if (!m_reply)
+        return;
+    m_reply->disconnect(this);
+    m_reply->abort();
+    m_reply->deleteLater();
+    m_reply = nullptr;
 }
 
 QByteArray TransferControl::OpenURL(const QString& address) {
@@ -127,16 +194,15 @@ void TransferControl::OnFinished() {
                              m_reply->error() != QNetworkReply::OperationCanceledError;
     if (!hasAnswered)
         m_data.clear();
-    End(!hasAnswered);
+    if (!hasAnswered && !m_plain.isEmpty() && MayLackHttps(*m_reply))
+        AskPlainly();
+    else
+        End(!hasAnswered);
 }
 
 void TransferControl::End(bool hasFailed) {
-    if (m_reply) {
-        m_reply->disconnect(this);
-        m_reply->abort();
-        m_reply->deleteLater();
-        m_reply = nullptr;
-    }
+    m_httpsPatience.stop();
+    DropReply();
     m_isBusy = false;
     m_hasFailed = hasFailed;
     Q_EMIT Finished();

@@ -6,6 +6,8 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
+#include <QUrl>
 
 #include <chrono>
 #include <optional>
@@ -67,6 +69,12 @@ Q_SIGNALS:
     void Finished();
 
 private:
+    void Send(const QUrl& url);
+    void AskBySchemes(const QUrl& url);
+    void AskPlainly();
+    void DropReply();
+    void Follow(const QUrl& url);
+    void NoteAnswer();
     void OnAnswer(const std::optional<PortalAnswer>& answer);
     void OnData();
     void OnFinished();
@@ -76,6 +84,9 @@ private:
     std::chrono::milliseconds m_stallLimit;
     QNetworkAccessManager m_network;
     QPointer<QNetworkReply> m_reply;
+    QUrl m_plain; ///< the http address that is asked for when https gets no answer
+    QTimer m_httpsPatience;
+    int m_redirects = 0;
     ProxySetting m_proxy;
     QByteArray m_data; ///< what arrived and was not given yet
     qint64 m_received = 0;

@@ -1,6 +1,7 @@
 #include "app/base/WebAccess.h"
 
 #include "app/base/PortalAddress.h"
+#include "core/links/https_first.h"
 #include "core/links/web_address.h"
 
 namespace tallowmere {
@@ -37,6 +38,20 @@ void WebAccess::SetPortal(PortalFunction portal) {
 }
 
 std::optional<QUrl> WebAccess::Resolve(const QUrl& url, AddressUse use) const {
+    const std::optional<QUrl> led = ResolveByTables(url, use);
+    const std::optional<QUrl> secure = Secure(led.value_or(url));
+    return secure ? secure : led;
+}
+
+std::optional<QUrl> WebAccess::Secure(const QUrl& url) const {
+    if (m_mode != WebMode::Live || url.scheme() != u"http" || m_https->IsPlain(url.host()))
+        return {};
+    const auto secure = HttpsInstead(url.toEncoded().toStdString());
+    return secure ? std::optional(QUrl::fromEncoded(QByteArray::fromStdString(*secure)))
+                  : std::nullopt;
+}
+
+std::optional<QUrl> WebAccess::ResolveByTables(const QUrl& url, AddressUse use) const {
     if (!IsWebUrl(url))
         return {};
     if (m_mode == WebMode::Sample)
@@ -55,7 +70,7 @@ std::optional<QUrl> WebAccess::Resolve(const QUrl& url, AddressUse use) const {
 QUrl WebAccess::ResolveOutside(const QUrl& url) const {
     if (m_mode != WebMode::Live)
         return url;
-    return Resolve(url, AddressUse::Outside).value_or(url);
+    return ResolveByTables(url, AddressUse::Outside).value_or(url);
 }
 
 void WebAccess::Ask(const QUrl& portalUrl, Asker asker, PortalReply reply) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/HttpsHosts.h"
 #include "app/base/WebMode.h"
 #include "core/portal/portal_answer.h"
 #include "core/sites/site_resolver.h"
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -35,7 +37,8 @@ public:
     /// "portal:" leads to the portal.
     using Resolver = std::function<std::string(const std::string&, AddressUse)>;
 
-    explicit WebAccess(WebMode mode) : m_mode(mode) {}
+    explicit WebAccess(WebMode mode, std::chrono::milliseconds patience = HttpsHosts::kPatience)
+        : m_mode(mode), m_https(std::make_unique<HttpsHosts>(patience)) {}
 
     WebMode Mode() const { return m_mode; }
     void SetPortal(PortalFunction portal);
@@ -47,11 +50,21 @@ public:
     void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
 
     /// Where an http(s) address leads instead; nothing when it is loaded as it stands. In sample
-    /// mode every such address leads to the portal.
+    /// mode every such address leads to the portal; in live mode a site of the web is asked by
+    /// https, wherever its address comes from.
     std::optional<QUrl> Resolve(const QUrl& url, AddressUse use) const;
+    /// Where the tables alone lead it.
+    std::optional<QUrl> ResolveByTables(const QUrl& url, AddressUse use) const;
+    /// The https address that is asked for instead of an http address; nothing when it is asked
+    /// for as it stands.
+    std::optional<QUrl> Secure(const QUrl& url) const;
+
+    /// Which sites answer by https.
+    HttpsHosts& Https() const { return *m_https; }
 
     /// Where a browser outside of the program goes for an http(s) address: in live mode to today's,
-    /// never to the portal.
+    /// never to the portal. Whether it tries https first is its own affair, as is what it does
+    /// then.
     QUrl ResolveOutside(const QUrl& url) const;
 
     /// Asks the portal for an address of its scheme. `reply` is called once, at once or later, and
@@ -66,6 +79,7 @@ private:
     LatePortalFunction m_portal;
     QString m_helpFolder;
     Resolver m_resolver;
+    std::unique_ptr<HttpsHosts> m_https;
 };
 
 /// Whether an address has the scheme http or https.

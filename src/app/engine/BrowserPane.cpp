@@ -13,6 +13,7 @@
 #include "app/engine/PanePage.h"
 #include "app/engine/PasswordLookout.h"
 #include "app/engine/UserInput.h"
+#include "core/links/https_first.h"
 #include "core/links/load_errors.h"
 
 #include <QEventLoop>
@@ -47,6 +48,14 @@ BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* pare
     m_notice->hide();
     connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_passwords, &PasswordLookout::Found, this, &BrowserPane::ShowLocation);
+    connect(&profile.Access().Https(), &HttpsHosts::FoundPlain, this, [this](const QString& host) {
+        if (AskPlainly(host))
+            return;
+        AskPartsPlainly(host);
+        // What is asked for before it stands in the page is found there in the end.
+        if (m_isBusy)
+            m_plainHosts << host;
+    });
     connect(m_notice, &PaneNotice::TryAgain, this, &BrowserPane::Refresh);
     connect(m_notice, &PaneNotice::AsBuilt, this, &BrowserPane::LoadAsBuilt);
     connect(m_notice, &PaneNotice::AddressChosen, this, &BrowserPane::Navigate);
@@ -65,6 +74,7 @@ void BrowserPane::EnsurePage() {
     m_page = new PanePage(m_profile, m_prompts);
     m_view = new PageView(*m_page, *m_findBar, this);
     // A page may make its boxes later than it is complete, but before somebody types into them.
+    connect(m_view, &PageView::SiteDataWanted, &m_profile, &EngineProfile::SiteDataWanted);
     connect(&m_view->Input(), &UserInput::Happened, this,
             [this] { m_passwords->Look(*m_page, RealUrl()); });
     static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_view, 1);
@@ -83,6 +93,8 @@ void BrowserPane::EnsurePage() {
     connect(m_page, &PanePage::WindowWanted, this, &BrowserPane::OnWindowWanted);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &BrowserPane::OnLoading);
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int progress) {
+        if (const QUrl url = RealUrl(); url.scheme() == u"https")
+            m_profile.Access().Https().NoteSecure(url.host());
         ShowLocation();
         if (m_isBusy)
             Q_EMIT ProgressChange(progress, kProgressMaximum);
@@ -131,6 +143,7 @@ void BrowserPane::Load(const QString& address) {
         return;
     }
     EnsurePage();
+    m_isAskingPlainly = false;
     EndQuestions();
     m_page->BeginAnew();
     m_page->Leave();
@@ -237,6 +250,9 @@ void BrowserPane::End(bool isLoaded) {
     m_isBusy = false;
     m_pendingAddress.clear();
     m_passwords->Forget();
+    for (const QString& host : std::exchange(m_plainHosts, {}))
+        if (isLoaded)
+            AskPartsPlainly(host);
     ShowLocation();
     if (m_page)
         m_passwords->Look(*m_page, RealUrl());
@@ -249,6 +265,7 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
         m_isStartAwaited = false;
+        m_isAskingPlainly = false;
         ShowPage();
         if (!m_isBusy)
             Begin(m_profile.AddressOf(info.url()));
@@ -260,14 +277,12 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
         // The engine is late: that was the load before, in whose place another one is to begin.
+        if (m_isAskingPlainly && !m_isStartAwaited)
+            break;
         if (!m_isStartAwaited)
             End(false);
         else
-            QTimer::singleShot(kStartPatience, m_page, [this, url = m_requested] {
-                // Or it has stopped the new one with the old, before it began.
-                if (m_isStartAwaited && url == m_requested)
-                    m_page->load(url);
-            });
+            LoadAgainUnlessBegun();
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         // What was refused or became a mail is no page that failed.
@@ -316,7 +331,81 @@ void BrowserPane::OnWindowWanted(const QUrl& url) {
         target, [target, address] { target->Navigate(address); }, Qt::QueuedConnection);
 }
 
+// The address that was built says http; only the way to it is tried by https first. What a form
+// holds is not sent a second time.
+bool BrowserPane::AskPlainly(const QString& host) {
+    if (!m_isBusy || !m_page || m_page->IsSendingForm() || m_page->Wanted().host() != host)
+        return false;
+    QUrl plain = m_page->Wanted();
+    plain.setScheme(u"http"_s);
+    const QString address =
+        m_pendingAddress.isEmpty() ? m_profile.AddressOf(plain) : m_pendingAddress;
+    m_isAskingPlainly = true;
+    // The engine may be in the middle of telling that the load failed.
+    QMetaObject::invokeMethod(
+        this,
+        [this, address, navigation = m_navigation, isAsBuilt = m_isAsBuilt] {
+            if (navigation != m_navigation)
+                return;
+            if (isAsBuilt)
+                m_profile.LetPass(UrlFromAddress(address));
+            Load(address);
+            m_isAsBuilt = isAsBuilt;
+            m_isAskingPlainly = true;
+            LoadAgainUnlessBegun();
+        },
+        Qt::QueuedConnection);
+    return true;
+}
+
+// Frames that got no answer are asked for again; a page whose pictures, scripts or styles are
+// missing has to be loaded again as a whole.
+void BrowserPane::AskPartsPlainly(const QString& host) {
+    if (!m_page || !IsPageShown())
+        return;
+    // A mark on each, which the page does not see, keeps it from being asked for twice.
+    const QString script =
+        u"(host => {"
+        "  const isOf = address => {"
+        "    try { const url = new URL(address, document.baseURI);"
+        "      return url.protocol === 'http:' && url.hostname === host }"
+        "    catch (nothing) { return false }"
+        "  };"
+        "  for (const part of document.querySelectorAll('iframe[src],frame[src]'))"
+        "    if (isOf(part.src) && part.askedPlainly !== part.src) {"
+        "      part.askedPlainly = part.src;"
+        "      part.src = part.src"
+        "    }"
+        "  return [...document.querySelectorAll('img[src],script[src]')].some(e => isOf(e.src)) ||"
+        "    [...document.querySelectorAll('link[rel~=stylesheet]')].some(e => isOf(e.href))"
+        "})('%1')"_s;
+    m_page->runJavaScript(script.arg(QString::fromLatin1(QUrl::toAce(host))),
+                          QWebEngineScript::ApplicationWorld,
+                          [guard = QPointer(this), navigation = m_navigation](const QVariant& is) {
+                              if (guard && guard->m_navigation == navigation && is.toBool())
+                                  guard->Refresh();
+                          });
+}
+
+// The engine may have stopped the new load with the old one, before it began.
+void BrowserPane::LoadAgainUnlessBegun() {
+    QTimer::singleShot(kStartPatience, m_page, [this, url = m_requested] {
+        if (m_isStartAwaited && url == m_requested)
+            m_page->load(url);
+    });
+}
+
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
+    // That was the try by https, which was given up before.
+    if (m_isAskingPlainly)
+        return;
+    HttpsHosts& https = m_profile.Access().Https();
+    const QString host = m_page->Wanted().host();
+    if (MayLackHttps(error.toStdString()) && https.WasAsked(host) && !https.IsPlain(host)) {
+        https.NotePlain(host);
+        if (m_isAskingPlainly)
+            return;
+    }
     const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url,
@@ -328,7 +417,7 @@ void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
 void BrowserPane::TellOfFailure(const QString& title, const QString& text, const QUrl& url,
                                 const QString& address) {
     const QUrl built = UrlFromAddress(address);
-    const auto today = m_profile.Access().Resolve(built, AddressUse::Page);
+    const auto today = m_profile.Access().ResolveByTables(built, AddressUse::Page);
     const bool isLed = today && IsWebUrl(*today) && !m_isAsBuilt;
     const QUrl tried = isLed && url == built ? *today : url;
     m_notice->TellOfFailure(title, text, isLed ? m_profile.AddressOf(tried) : address,

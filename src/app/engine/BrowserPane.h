@@ -97,6 +97,9 @@ private:
     void LoadAsBuilt();
     void TellOfFailure(const QString& title, const QString& text, const QUrl& url,
                        const QString& address);
+    bool AskPlainly(const QString& host);
+    void LoadAgainUnlessBegun();
+    void AskPartsPlainly(const QString& host);
     void Begin(const QString& address);
     void End(bool isLoaded);
     void OnLoading(const QWebEngineLoadingInfo& info);
@@ -133,7 +136,9 @@ private:
     BuiltAddresses m_built;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
-    QUrl m_requested;              ///< of the last load that was handed to the engine
+    bool m_isAskingPlainly = false; ///< a load by http is to take the place of one by https
+    QStringList m_plainHosts; ///< found while a page is being loaded that may hold parts of theirs
+    QUrl m_requested;         ///< of the last load that was handed to the engine
     bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
     PageZoom m_zoom;

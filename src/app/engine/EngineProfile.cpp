@@ -4,11 +4,15 @@
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
+#include "app/engine/MailClicks.h"
 #include "app/engine/PagePermissions.h"
 #include "app/engine/PanePage.h"
 #include "app/engine/PortalScheme.h"
 #include "app/engine/RequestRedirector.h"
+#include "app/engine/SiteData.h"
+#include "app/engine/SiteQuota.h"
 #include "core/pages/download_name.h"
+#include "core/pages/site_data.h"
 #include "core/portal/generated_pages.h"
 
 #include <QDir>
@@ -21,11 +25,15 @@
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 
+#include <mutex>
+
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kCacheSize = 250'000'000;
 
 void ApplySettings(QWebEngineSettings& settings) {
     // Together these two would let a local page read any file of the user and send it out.
@@ -49,21 +57,44 @@ void MakePrivateFolder(const QString& path) {
 
 } // namespace
 
+/// Which sites get cookies. The engine asks from a thread of its own.
+struct EngineProfile::CookieRule {
+    std::mutex mutex;
+    std::vector<std::string> crossing;
+
+    bool Allows(const QWebEngineCookieStore::FilterRequest& request) {
+        // Who is framed or called in by another site has no business with who the user is.
+        if (!request.thirdParty)
+            return true;
+        const std::scoped_lock lock(mutex);
+        return MayCrossSites(FromQt(request.firstPartyUrl.host()), FromQt(request.origin.host()),
+                             crossing);
+    }
+};
+
 EngineProfile::EngineProfile(const QString& storageFolder, const QString& programFolder,
                              const WebAccess& access, Prompts& prompts, QObject* parent)
     : QObject(parent), m_access(access), m_prompts(prompts), m_programFolder(programFolder),
+      m_cookieRule(std::make_shared<CookieRule>()),
       m_engine(std::make_unique<QWebEngineProfile>(u"tallowmere"_s)) {
     MakePrivateFolder(storageFolder);
+    SiteData::ClearWhatIsDue(storageFolder);
+    BoundSiteStorage(storageFolder);
     m_engine->setPersistentStoragePath(storageFolder);
     m_engine->setCachePath(storageFolder + u"/cache"_s);
     m_engine->setHttpCacheType(QWebEngineProfile::DiskHttpCache);
     m_engine->setPersistentCookiesPolicy(QWebEngineProfile::ForcePersistentCookies);
     PagePermissions::RememberForThisRun(*m_engine);
     ApplySettings(*m_engine->settings());
-    // Who is framed or called in by another site has no business with who the user is.
+    m_engine->setHttpCacheMaximumSize(kCacheSize);
     m_engine->cookieStore()->setCookieFilter(
-        [](const QWebEngineCookieStore::FilterRequest& request) { return !request.thirdParty; });
+        [rule = m_cookieRule](const QWebEngineCookieStore::FilterRequest& request) {
+            return rule->Allows(request);
+        });
+    m_mails = std::make_unique<MailClicks>(*m_engine);
+    m_sites = std::make_unique<SiteData>(*m_engine, storageFolder);
     m_redirector = new RequestRedirector(access, this);
+    connect(m_redirector, &RequestRedirector::PageAsked, m_sites.get(), &SiteData::Note);
     m_engine->setUrlRequestInterceptor(m_redirector);
     m_engine->installUrlSchemeHandler(PortalAddress::Scheme().toLatin1(),
                                       new PortalScheme(access, programFolder, this));
@@ -73,6 +104,11 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
 
 EngineProfile::~EngineProfile() {
     qDeleteAll(findChildren<QWebEnginePage*>(Qt::FindDirectChildrenOnly));
+}
+
+void EngineProfile::LetCrossSites(const std::vector<std::string>& sites) {
+    const std::scoped_lock lock(m_cookieRule->mutex);
+    m_cookieRule->crossing = sites;
 }
 
 void EngineProfile::LetPass(const QUrl& url) {

@@ -4,14 +4,18 @@
 #include <QPointer>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 
 namespace tallowmere {
 
+class MailClicks;
 class Prompts;
 class RequestRedirector;
+class SiteData;
 class WebAccess;
 
 /// The one profile of all panes: what sites store lives in it and survives a restart, and what
@@ -34,6 +38,12 @@ public:
     QUrl UrlOf(const QString& address) const;
     /// The address, as built, that stands for one which the engine names: the other way round.
     QString AddressOf(const QUrl& url) const;
+    /// Which links to mails are clicked.
+    const MailClicks& Mails() const { return *m_mails; }
+    /// What sites keep.
+    SiteData& Sites() { return *m_sites; }
+    /// The sites that get cookies when other sites call them in, and whose pages' others do.
+    void LetCrossSites(const std::vector<std::string>& sites);
 
 Q_SIGNALS:
     /// How a download goes, for a status line: "Saving <file>", "Saved <file>".
@@ -43,6 +53,8 @@ Q_SIGNALS:
     void PageWanted();
     /// The user agreed to write a mail that a page asks for: a clean "mailto:" address.
     void MailWanted(const QString& address);
+    /// The user wants to see what a site keeps.
+    void SiteDataWanted(const QString& host);
 
 private:
     void AskForDownload(QWebEngineDownloadRequest* download);
@@ -52,7 +64,11 @@ private:
     const WebAccess& m_access;
     Prompts& m_prompts;
     QString m_programFolder;
+    struct CookieRule;
+    std::shared_ptr<CookieRule> m_cookieRule;
     std::unique_ptr<QWebEngineProfile> m_engine;
+    std::unique_ptr<MailClicks> m_mails;
+    std::unique_ptr<SiteData> m_sites; ///< ends before the engine
     RequestRedirector* m_redirector;
 };
 

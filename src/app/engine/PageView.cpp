@@ -1,5 +1,6 @@
 #include "app/engine/PageView.h"
 
+#include "app/base/WebAccess.h"
 #include "app/engine/FindBar.h"
 #include "app/engine/PanePage.h"
 #include "app/engine/UserInput.h"
@@ -7,6 +8,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QWebEngineFindTextResult>
+#include <QWebEngineHistory>
 
 namespace tallowmere {
 
@@ -36,6 +38,13 @@ void PageView::ShowMenu(QPoint position) {
          {QWebEnginePage::ViewSource, QWebEnginePage::OpenLinkInNewWindow,
           QWebEnginePage::OpenLinkInNewTab, QWebEnginePage::OpenLinkInNewBackgroundTab})
         menu->removeAction(page()->action(action));
+    // The page's own address is already that of the next one while this one still stands there.
+    const QUrl shown = history()->currentItem().url();
+    if (IsWebUrl(shown)) {
+        menu->addSeparator();
+        menu->addAction(tr("&Data of %1...").arg(shown.host()),
+                        [this, shown] { Q_EMIT SiteDataWanted(shown.host()); });
+    }
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(mapToGlobal(position));
 }

@@ -18,6 +18,10 @@ public:
     /// What the user does to the page.
     UserInput& Input() { return *m_input; }
 
+Q_SIGNALS:
+    /// The user wants to see what the site of this host keeps.
+    void SiteDataWanted(const QString& host);
+
 private:
     void Find(FindBar& bar, const QString& text, bool isBackward);
     void ShowMenu(QPoint position);

@@ -22,7 +22,8 @@ namespace tallowmere {
 using namespace Qt::StringLiterals;
 
 PanePage::PanePage(EngineProfile& profile, Prompts& prompts)
-    : QWebEnginePage(&profile.Engine(), &profile), m_prompts(prompts) {
+    : QWebEnginePage(&profile.Engine(), &profile), m_prompts(prompts),
+      m_mailClicks(profile.Mails()) {
     m_clock.start();
     connect(this, &QWebEnginePage::urlChanged, this, [this] { m_isUnderWay = false; });
     connect(this, &QWebEnginePage::loadFinished, this, [this] {
@@ -52,8 +53,7 @@ bool PanePage::IsForeign(const QUrl& url) {
 }
 
 bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
-    // A script clicks links too; the user's clicks come with the pointer or the keyboard.
-    const Traveller traveller{isMainFrame, type == NavigationTypeLinkClicked && IsUserActive()};
+    const Traveller traveller{isMainFrame, IsClicked(url)};
     switch (PassageOf(FromQt(url.scheme()), traveller)) {
     case Passage::Mail:
         AskForMail(url);
@@ -75,8 +75,13 @@ bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, boo
         BeginAnew();
     if (isPagesOwn)
         Q_EMIT Starting(url, &cancel);
-    if (!cancel)
+    if (!cancel) {
         m_isUnderWay = true;
+        m_wanted = url;
+        // A redirect takes the form along.
+        m_isForm =
+            type == NavigationTypeFormSubmitted || (m_isForm && type == NavigationTypeRedirect);
+    }
     return !cancel;
 }
 
@@ -122,15 +127,23 @@ void PanePage::AskForMail(const QUrl& url) {
     QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
 }
 
+// A script clicks links too; the user's clicks come with the pointer or the keyboard.
+bool PanePage::IsClicked(const QUrl& url) {
+    return url.scheme() == u"mailto" && IsUserActive() && m_mail.Take(url);
+}
+
 void PanePage::OpenWindow(QWebEngineNewWindowRequest& request) {
     // A window that nobody asked for is dropped.
     if (!request.isUserInitiated())
         return;
     // A link that opens a window for its mail is a link all the same.
-    if (request.requestedUrl().scheme() == u"mailto")
-        AskForMail(request.requestedUrl());
+    const QUrl url = request.requestedUrl();
+    if (IsClicked(url))
+        AskForMail(url);
+    else if (PassageOf(FromQt(url.scheme()), {}) == Passage::Refused)
+        Refuse(url, true);
     else
-        Q_EMIT WindowWanted(request.requestedUrl());
+        Q_EMIT WindowWanted(url);
 }
 
 std::tuple<int, QUrl, QDateTime> PanePage::Current() const {
@@ -258,7 +271,10 @@ bool PanePage::javaScriptPrompt(const QUrl& origin, const QString& text, const Q
 }
 
 // What the scripts of outside pages complain about is of no use to anybody here.
-void PanePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
-                                        const QString&) {}
+void PanePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& text, int,
+                                        const QString&) {
+    if (const QUrl mail = m_mailClicks.Read(text); !mail.isEmpty())
+        m_mail.Note(mail);
+}
 
 } // namespace tallowmere

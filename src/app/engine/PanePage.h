@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/engine/MailClicks.h"
 #include "app/engine/PageQuestion.h"
 #include "core/pages/page_talk.h"
 
@@ -38,6 +39,9 @@ public:
     /// Whether `url` is none that a page is shown from: it is refused, or becomes a mail.
     static bool IsForeign(const QUrl& url);
 
+    /// Where the page went last, after every redirect so far, and whether it sent a form there.
+    const QUrl& Wanted() const { return m_wanted; }
+    bool IsSendingForm() const { return m_isForm; }
     /// Whether a load has been accepted and its page has not arrived yet.
     bool IsUnderWay() const { return m_isUnderWay; }
 
@@ -79,6 +83,7 @@ private:
     /// Shows `ask` in the pane and waits for the answer, while the program goes on.
     PageReply AskAndWait(PageAsk ask);
     void Refuse(const QUrl& url, bool isMainFrame);
+    bool IsClicked(const QUrl& url);
     void AskForMail(const QUrl& url);
     void OpenWindow(QWebEngineNewWindowRequest& request);
     void AskForPermission(const QUrl& origin, const QString& wish,
@@ -88,6 +93,8 @@ private:
     std::tuple<int, QUrl, QDateTime> Current() const;
 
     Prompts& m_prompts;
+    const MailClicks& m_mailClicks;
+    ClickedMail m_mail;
     QPointer<UserInput> m_input;
     QPointer<PageQuestion> m_question;
     PageTalk m_talk;
@@ -98,6 +105,8 @@ private:
     /// The page that the user leaves: its place, its address and when it came.
     std::optional<std::tuple<int, QUrl, QDateTime>> m_left;
     bool m_isUnderWay = false;
+    QUrl m_wanted;
+    bool m_isForm = false;
 };
 
 } // namespace tallowmere

@@ -1,7 +1,9 @@
 #include "app/engine/RequestRedirector.h"
 
 #include "app/base/PortalAddress.h"
+#include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
+#include "core/pages/site_data.h"
 
 namespace tallowmere {
 
@@ -21,6 +23,20 @@ bool RequestRedirector::IsPartOfForeignPage(const QWebEngineUrlRequestInfo& info
            info.initiator().scheme() != PortalAddress::Scheme();
 }
 
+/// Whether a page is asked for, or a frame of a page of its own site; others keep nothing.
+bool RequestRedirector::MayKeepData(const QWebEngineUrlRequestInfo& info) {
+    return info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame ||
+           (info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeSubFrame &&
+            MayBeOneSite(FromQt(info.requestUrl().host()), FromQt(info.firstPartyUrl().host())));
+}
+
+void RequestRedirector::AskSecurely(QWebEngineUrlRequestInfo& info, const QUrl& secure) {
+    m_access.Https().Ask(secure);
+    // It may have been one time too many.
+    if (!m_access.Https().IsPlain(secure.host()))
+        info.redirect(secure);
+}
+
 void RequestRedirector::interceptRequest(QWebEngineUrlRequestInfo& info) {
     const QUrl url = info.requestUrl();
     const QString scheme = url.scheme();
@@ -31,15 +47,23 @@ void RequestRedirector::interceptRequest(QWebEngineUrlRequestInfo& info) {
         return;
     }
     if (Passes(info)) {
-        m_passing.clear();
+        // The tables do not lead it; that a site is asked by https holds for it all the same.
+        const auto secure = m_access.Secure(url);
+        m_passing = secure.value_or(QUrl());
+        if (secure)
+            AskSecurely(info, *secure);
         return;
     }
-    const auto target = m_access.Resolve(url, AddressUse::Page);
+    const auto target = m_access.ResolveByTables(url, AddressUse::Page);
     // What the portal knows and whom it asks for more is no matter of the web's pages.
     if (target.value_or(url).scheme() == PortalAddress::Scheme() && IsPartOfForeignPage(info))
         info.block(true);
+    else if (const auto secure = m_access.Secure(target.value_or(url)))
+        AskSecurely(info, *secure);
     else if (target)
         info.redirect(*target);
+    else if (MayKeepData(info))
+        Q_EMIT PageAsked(url);
 }
 
 } // namespace tallowmere

@@ -19,8 +19,14 @@ public:
 
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
+Q_SIGNALS:
+    /// A page or a frame is asked for, where it lies today.
+    void PageAsked(const QUrl& url);
+
 private:
     bool Passes(const QWebEngineUrlRequestInfo& info) const;
+    static bool MayKeepData(const QWebEngineUrlRequestInfo& info);
+    void AskSecurely(QWebEngineUrlRequestInfo& info, const QUrl& secure);
     static bool IsPartOfForeignPage(const QWebEngineUrlRequestInfo& info);
 
     const WebAccess& m_access;

@@ -100,6 +100,7 @@ void MainMenus::BuildCommands() {
     findInPage = Command(u"findInPage"_s, u"&Find in Page..."_s, u"Ctrl+F"_s);
     copyBuilt = Command(u"copyBuilt"_s, u"Copy Built &Address"_s);
     sites = Command(u"sites"_s, u"S&ites..."_s);
+    siteData = Command(u"siteData"_s, u"Site &Data..."_s);
     help = Command(u"help"_s, u"&Help"_s, u"F1"_s);
     about = Command(u"about"_s, u"&About Tallowmere"_s);
     for (int n = 1; n <= 10; ++n)
@@ -179,7 +180,7 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
     QMenu* tools = bar.addMenu(u"T&ools"_s);
     addLinks(tools, kTools);
     tools->addSeparator();
-    tools->addAction(sites);
+    tools->addActions({sites, siteData});
 
     QMenu* helpMenu = bar.addMenu(u"&Help"_s);
     helpMenu->addActions({help, about});

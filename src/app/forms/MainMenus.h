@@ -62,6 +62,7 @@ public:
     QAction* findInPage;
     QAction* copyBuilt;
     QAction* sites;
+    QAction* siteData;
     QAction* help;
     QAction* about;
     std::array<QAction*, 11> selectPortfolio{};

@@ -28,8 +28,8 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
              transfers),
       tools(form, settings, setup.tables.sites, setup.prompts, setup.clock,
             setup.folders.programFolder, links),
-      sites(new SiteControllers(form, setup.clock, links.recording, setup.tables, setup.web,
-                                userSites, web, *links.panes)) {
+      sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
+                                setup.tables, userSites, web, profile, *links.panes)) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
     QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);

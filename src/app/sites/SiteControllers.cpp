@@ -5,6 +5,7 @@
 #include "app/engine/BrowserPane.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
+#include "app/sites/SiteDataKeeper.h"
 #include "app/sites/SiteEditor.h"
 #include "app/sites/Tables.h"
 #include "app/sites/UserSites.h"
@@ -27,20 +28,21 @@ QString TextOfProblems(const std::vector<std::string>& problems) {
 
 } // namespace
 
-SiteControllers::SiteControllers(frmMain& form, const Clock& clock, const RecordingState& recording,
-                                 const Tables& tables, WebMode mode, UserSites& userSites,
-                                 WebAccess& web, PaneDeck& panes)
+SiteControllers::SiteControllers(frmMain& form, SettingsStore& settings, Prompts& prompts,
+                                 const Clock& clock, const RecordingState& recording,
+                                 const Tables& tables, UserSites& userSites, WebAccess& web,
+                                 EngineProfile& profile, PaneDeck& panes)
     : QObject(&form),
-      editor(new SiteEditor(form, clock, recording, tables, mode, userSites, panes)),
-      m_pane(*form.Web), m_tables(tables), m_mode(mode), m_userSites(userSites), m_web(web),
-      m_panes(panes) {
+      editor(new SiteEditor(form, clock, recording, tables, web.Mode(), userSites, panes)),
+      data(new SiteDataKeeper(form, settings, prompts, profile)), m_pane(*form.Web),
+      m_tables(tables), m_userSites(userSites), m_web(web), m_panes(panes) {
     LeadAddresses();
     connect(&userSites, &UserSites::Changed, this, &SiteControllers::LeadAddresses);
     connect(&userSites, &UserSites::ProblemsFound, this, &SiteControllers::TellProblems);
 }
 
 void SiteControllers::LeadAddresses() {
-    if (m_mode == WebMode::Live)
+    if (m_web.Mode() == WebMode::Live)
         m_web.SetResolver(MakeResolver(m_tables));
 }
 

@@ -47,6 +47,7 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"Settings", "First",         0,   0, SettingKind::Text,      "",               "OK once the program was started"},
     {"Settings", "FRT",           0,   0, SettingKind::Text,      "",               "Done once an account for real-time quotes was offered"},
     {"Settings", "OldEngine",     0,   0, SettingKind::Text,      "",               "security patches of the web engine whose age is not told any more"},
+    {"Settings", "CookieSites",   0,   0, SettingKind::Text,      "",               "sites that may use cookies across sites, each followed by a bar"},
     {"Settings", "Custom",      101, 170, SettingKind::Text,      "",               "target of custom link n"},
     {"Settings", "CustomT",     101, 170, SettingKind::Text,      "< Custom >",     "caption of custom link n"},
     {"Settings", "CustomF",     101, 170, SettingKind::Color,     "0",              "text colour of custom link n, 0: that of its area"},

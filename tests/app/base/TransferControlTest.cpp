@@ -3,6 +3,7 @@
 #include "app/base/WebAccess.h"
 #include "core/text/runtime_error.h"
 #include "support/LoopbackServer.h"
+#include "support/TlsProxy.h"
 
 #include <QSignalSpy>
 #include <QTcpSocket>
@@ -28,7 +29,80 @@ struct Bench {
 
 class TransferControlTest : public QObject {
     Q_OBJECT
+private:
+    /// What a transfer in live mode gets from the stand-in of the web.
+    static QByteArray Fetch(const TlsProxy& web, const QString& address) {
+        const WebAccess access(WebMode::Live, 500ms);
+        TransferControl control(access, nullptr, 5s);
+        control.SetProxy(web.Address({}));
+        control.SetAccessType(ProxySetting::kNamedProxy);
+        return control.OpenURL(address);
+    }
+
 private Q_SLOTS:
+    void ASiteIsAskedByHttpsFirst() {
+        TlsProxy web;
+        if (!web.HasCertificate())
+            QSKIP("openssl makes the certificate, and is not installed");
+        web.SpeakHttps(u"good.example"_s);
+        web.Serve(u"/a"_s, "secure");
+        web.Serve(u"http://good.example/a"_s, "plain");
+        QCOMPARE(Fetch(web, u"good.example/a"_s), QByteArray("secure"));
+        QCOMPARE(web.Requests(), QStringList{u"GET /a"_s});
+        web.Serve(u"http://good.example:8080/a"_s, "port");
+        QCOMPARE(Fetch(web, u"good.example:8080/a"_s), QByteArray("port"));
+    }
+
+    void ASiteWithoutHttpsIsAskedByHttp_data() {
+        QTest::addColumn<int>("ending");
+        QTest::newRow("hangs up") << int(Ending::HangUp);
+        QTest::newRow("refuses") << int(Ending::Length);
+        QTest::newRow("is silent") << int(Ending::Silent);
+    }
+    void ASiteWithoutHttpsIsAskedByHttp() {
+        QFETCH(const int, ending);
+        TlsProxy web;
+        web.ServeTunnel(u"plain.example"_s, CannedPage{"", Ending(ending), 502});
+        web.Serve(u"http://plain.example/a"_s, "plain");
+        const WebAccess access(WebMode::Live, 500ms);
+        TransferControl control(access, nullptr, 5s);
+        control.SetProxy(web.Address({}));
+        control.SetAccessType(ProxySetting::kNamedProxy);
+        QCOMPARE(control.OpenURL(u"plain.example/a"_s), QByteArray("plain"));
+        QVERIFY(web.Tunnels().contains(u"plain.example:443"_s));
+        QVERIFY(access.Https().IsPlain(u"plain.example"_s));
+        QVERIFY(!access.Secure(QUrl(u"http://plain.example/a"_s)));
+        QCOMPARE(control.OpenURL(u"plain.example/a"_s), QByteArray("plain"));
+    }
+
+    void ASlowAnswerByHttpsIsWaitedFor() {
+        TlsProxy web;
+        if (!web.HasCertificate())
+            QSKIP("openssl makes the certificate, and is not installed");
+        web.SpeakHttps(u"late.example"_s);
+        web.Serve(u"/late"_s, CannedPage{"", Ending::Silent});
+        const WebAccess access(WebMode::Live, 100ms);
+        TransferControl control(access, nullptr, 1s);
+        control.SetProxy(web.Address({}));
+        control.SetAccessType(ProxySetting::kNamedProxy);
+        QCOMPARE(control.OpenURL(u"late.example/late"_s), QByteArray());
+        QVERIFY(access.Https().IsSecure(u"late.example"_s));
+    }
+
+    void ARedirectIsAskedByHttpsToo() {
+        TlsProxy web;
+        if (!web.HasCertificate())
+            QSKIP("openssl makes the certificate, and is not installed");
+        web.Redirect(u"http://plain.example/a"_s, u"http://good.example/b"_s);
+        web.SpeakHttps(u"good.example"_s);
+        web.Serve(u"/b"_s, "secure");
+        QCOMPARE(Fetch(web, u"plain.example/a"_s), QByteArray("secure"));
+        web.SpeakHttps(u"back.example"_s);
+        web.Redirect(u"/c"_s, u"http://back.example/c"_s);
+        web.Serve(u"http://back.example/c"_s, "back");
+        QCOMPARE(Fetch(web, u"back.example/c"_s), QByteArray("back"));
+    }
+
     void ADocumentIsGivenWholeHoweverItIsSent_data() {
         QTest::addColumn<int>("ending");
         QTest::newRow("with its length") << int(Ending::Length);
