@@ -1,6 +1,7 @@
 #include "app/base/HttpsHosts.h"
 
 #include "app/base/ProxySetting.h"
+#include "core/links/https_first.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
@@ -44,6 +45,11 @@ void HttpsHosts::Ask(const QUrl& secure) {
         m_plain.insert(host);
     else if (isNew && !IsSecure(host))
         Try(host);
+}
+
+void HttpsHosts::NoteFailure(const QString& host, const QString& errorName) {
+    if (m_asked.contains(host) && MayLackHttps(errorName.toStdString()))
+        NotePlain(host);
 }
 
 void HttpsHosts::NotePlain(const QString& host) {

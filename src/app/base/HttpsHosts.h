@@ -29,8 +29,6 @@ public:
 
     bool IsPlain(const QString& host) const { return m_plain.contains(host); }
     bool IsSecure(const QString& host) const { return m_secure.contains(host); }
-    /// Whether `host` was asked by https although its address says http.
-    bool WasAsked(const QString& host) const { return m_asked.contains(host); }
 
     /// A page asks for `secure` in place of an http address. A site that is not known yet is tried
     /// beside it, because the engine does not say when a part of a page fails; one that keeps
@@ -41,6 +39,9 @@ public:
     void NoteSecure(const QString& host) { m_secure.insert(host); }
     /// The host does not; it is asked by http from now on.
     void NotePlain(const QString& host);
+    /// A page of the host failed, with the engine's name for why: the same, if that may mean that
+    /// it does not speak https, and it was asked so although its address says http.
+    void NoteFailure(const QString& host, const QString& errorName);
 
 Q_SIGNALS:
     /// What was asked of this host by https may be asked again.

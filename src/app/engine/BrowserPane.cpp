@@ -5,7 +5,6 @@
 #include "app/base/WebAccess.h"
 #include "app/engine/EngineProfile.h"
 #include "app/engine/FindBar.h"
-#include "app/engine/LocationLine.h"
 #include "app/engine/PageQuestion.h"
 #include "app/engine/PageReader.h"
 #include "app/engine/PageView.h"
@@ -13,13 +12,10 @@
 #include "app/engine/PanePage.h"
 #include "app/engine/PasswordLookout.h"
 #include "app/engine/UserInput.h"
-#include "core/links/https_first.h"
 #include "core/links/load_errors.h"
 
-#include <QEventLoop>
 #include <QScopedValueRollback>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 
@@ -31,21 +27,11 @@ namespace {
 
 constexpr int kProgressMaximum = 100;
 constexpr auto kStartPatience = std::chrono::seconds(1);
-constexpr auto kLongestWait = std::chrono::minutes(1);
 
 } // namespace
 
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
-    : QWidget(parent), m_profile(profile), m_prompts(prompts), m_notice(new PaneNotice(this)),
-      m_findBar(new FindBar(this)), m_location(new LocationLine(this)),
-      m_passwords(new PasswordLookout(this)), m_question(new PageQuestion(this)) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_notice, 1);
-    layout->addWidget(m_findBar);
-    layout->addWidget(m_location);
-    m_notice->hide();
+    : PaneFrame(parent), m_profile(profile), m_prompts(prompts) {
     connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_passwords, &PasswordLookout::Found, this, &BrowserPane::ShowLocation);
     connect(&profile.Access().Https(), &HttpsHosts::FoundPlain, this, [this](const QString& host) {
@@ -72,13 +58,12 @@ void BrowserPane::EnsurePage() {
     if (m_page)
         return;
     m_page = new PanePage(m_profile, m_prompts);
-    m_view = new PageView(*m_page, *m_findBar, this);
+    SetView(new PageView(*m_page, *m_findBar, this));
     // A page may make its boxes later than it is complete, but before somebody types into them.
     connect(m_view, &PageView::SiteDataWanted, &m_profile, &EngineProfile::SiteDataWanted);
     connect(&m_view->Input(), &UserInput::Happened, this,
             [this] { m_passwords->Look(*m_page, RealUrl()); });
-    static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_view, 1);
-    if (m_hasLocation)
+    if (HasLocation())
         m_page->SetQuestion(m_question);
     connect(m_page, &PanePage::Stormed, this, &BrowserPane::OnStorm);
     connect(m_page, &PanePage::Starting, this, &BrowserPane::OnPageStarting);
@@ -107,11 +92,7 @@ void BrowserPane::EnsurePage() {
         else if (!m_isBusy)
             Q_EMIT StatusTextChange(LocationURL());
     });
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
-            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
-                if (status != QWebEnginePage::NormalTerminationStatus)
-                    OnCrash();
-            });
+    connect(m_page, &PanePage::Crashed, this, &BrowserPane::OnCrash);
 }
 
 void BrowserPane::EndQuestions() {
@@ -209,19 +190,6 @@ void BrowserPane::Refresh() {
         m_pendingAddress = LocationURL();
         m_page->triggerAction(QWebEnginePage::Reload);
     }
-}
-
-void BrowserPane::WaitWhileBusy() {
-    if (!m_isBusy)
-        return;
-    QEventLoop loop;
-    connect(this, &BrowserPane::DocumentComplete, &loop, [this, &loop] {
-        if (!m_isBusy)
-            loop.quit();
-    });
-    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
-    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
-    loop.exec();
 }
 
 QString BrowserPane::LocationURL() const {
@@ -363,28 +331,10 @@ bool BrowserPane::AskPlainly(const QString& host) {
 void BrowserPane::AskPartsPlainly(const QString& host) {
     if (!m_page || !IsPageShown())
         return;
-    // A mark on each, which the page does not see, keeps it from being asked for twice.
-    const QString script =
-        u"(host => {"
-        "  const isOf = address => {"
-        "    try { const url = new URL(address, document.baseURI);"
-        "      return url.protocol === 'http:' && url.hostname === host }"
-        "    catch (nothing) { return false }"
-        "  };"
-        "  for (const part of document.querySelectorAll('iframe[src],frame[src]'))"
-        "    if (isOf(part.src) && part.askedPlainly !== part.src) {"
-        "      part.askedPlainly = part.src;"
-        "      part.src = part.src"
-        "    }"
-        "  return [...document.querySelectorAll('img[src],script[src]')].some(e => isOf(e.src)) ||"
-        "    [...document.querySelectorAll('link[rel~=stylesheet]')].some(e => isOf(e.href))"
-        "})('%1')"_s;
-    m_page->runJavaScript(script.arg(QString::fromLatin1(QUrl::toAce(host))),
-                          QWebEngineScript::ApplicationWorld,
-                          [guard = QPointer(this), navigation = m_navigation](const QVariant& is) {
-                              if (guard && guard->m_navigation == navigation && is.toBool())
-                                  guard->Refresh();
-                          });
+    PageReader::AskForPartsAgain(*m_page, this, host, [this, navigation = m_navigation] {
+        if (m_navigation == navigation)
+            Refresh();
+    });
 }
 
 // The engine may have stopped the new load with the old one, before it began.
@@ -396,16 +346,11 @@ void BrowserPane::LoadAgainUnlessBegun() {
 }
 
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
-    // That was the try by https, which was given up before.
+    if (!m_isAskingPlainly)
+        m_profile.Access().Https().NoteFailure(m_page->Wanted().host(), error);
+    // That was the try by https, which is given up.
     if (m_isAskingPlainly)
         return;
-    HttpsHosts& https = m_profile.Access().Https();
-    const QString host = m_page->Wanted().host();
-    if (MayLackHttps(error.toStdString()) && https.WasAsked(host) && !https.IsPlain(host)) {
-        https.NotePlain(host);
-        if (m_isAskingPlainly)
-            return;
-    }
     const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url,
@@ -461,19 +406,13 @@ void BrowserPane::Refuse(const QString& address) {
     HidePage();
 }
 
-bool BrowserPane::IsPageShown() const {
-    return m_notice->Why() == PaneNotice::Reason::None;
-}
-
 void BrowserPane::HidePage() {
-    if (m_view)
-        m_view->hide();
+    HideView();
     ShowLocation();
 }
 
 void BrowserPane::ShowPage() {
-    m_notice->Clear();
-    m_view->show();
+    ShowView();
     ShowLocation();
 }
 
@@ -493,12 +432,7 @@ QString BrowserPane::RealAddress() const {
 }
 
 void BrowserPane::ShowLocation() {
-    const QUrl url = RealUrl();
-    const bool isShown =
-        m_hasLocation && IsPageShown() && !url.isEmpty() && url != QUrl(u"about:blank"_s);
-    m_location->setVisible(isShown);
-    if (isShown)
-        m_location->Show(url, LocationURL(), m_passwords->IsAskedBy(url));
+    ShowPlace(RealUrl(), LocationURL());
 }
 
 void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {
@@ -508,31 +442,6 @@ void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {
                                          if (m_navigation == navigation)
                                              then();
                                      });
-}
-
-void BrowserPane::Find() {
-    if (m_page && IsPageShown())
-        m_findBar->Open();
-}
-
-void BrowserPane::ZoomIn() {
-    m_zoom.In();
-    ApplyZoom();
-}
-
-void BrowserPane::ZoomOut() {
-    m_zoom.Out();
-    ApplyZoom();
-}
-
-void BrowserPane::ZoomReset() {
-    m_zoom.Reset();
-    ApplyZoom();
-}
-
-void BrowserPane::ApplyZoom() {
-    if (m_page)
-        m_page->setZoomFactor(m_zoom.Factor());
 }
 
 } // namespace tallowmere

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "app/engine/BuiltAddresses.h"
-#include "core/pages/page_zoom.h"
+#include "app/engine/PaneFrame.h"
 
 #include <QPointer>
 #include <QUrl>
-#include <QWidget>
 
 #include <functional>
 
@@ -14,19 +13,13 @@ class QWebEngineLoadingInfo;
 namespace tallowmere {
 
 class EngineProfile;
-class FindBar;
-class LocationLine;
-class PageQuestion;
-class PaneNotice;
-class PageView;
 class PanePage;
-class PasswordLookout;
 class Prompts;
 
 /// An embedded browser pane: `Web`, `WebB`, `WebTick` and the one of the watch window. Addresses
 /// go in and come out as text, as they were built, wherever they lead today. The engine behind it
 /// is started by the first navigation.
-class BrowserPane : public QWidget {
+class BrowserPane : public PaneFrame {
     Q_OBJECT
 public:
     BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent = nullptr);
@@ -47,10 +40,6 @@ public:
     bool Busy() const { return m_isBusy; }
     /// Whether the navigation that BeforeNavigate2 tells of was started by the page itself.
     bool IsPagesOwnWish() const { return m_isInPageHook; }
-    /// Keeps the window alive until no page is being loaded, for a minute at most, or the pane is
-    /// gone.
-    void WaitWhileBusy();
-
     /// The address of what the pane shows, as built: no stand-in and no redirect changes it. Where
     /// the user followed links it is the page's own. Empty before the first page.
     QString LocationURL() const;
@@ -58,10 +47,6 @@ public:
     /// The address of what the pane shows, as the engine has it after every redirect: one that
     /// works in any browser. For a page of the program's own, which has none, that of LocationURL.
     QString RealAddress() const;
-    /// Leaves out the line that says where the pane is; for a strip without room for it.
-    /// Without it no page of the strip asks anything either: there is no room for that.
-    void LeaveOutLocation() { m_hasLocation = false; }
-
     /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
     /// later, and is not when the pane goes before.
     void ReadText(std::function<void(const QString&)> receive) const;
@@ -72,12 +57,6 @@ public:
     /// Calls `then` when the page has frames that hold nothing: sites refused to be framed, or
     /// could not be reached. To be asked when the page is complete.
     void WhenFramesAreEmpty(std::function<void()> then);
-
-    /// Opens the search bar.
-    void Find();
-    void ZoomIn();
-    void ZoomOut();
-    void ZoomReset();
 
 Q_SIGNALS:
     /// Raised once for every navigation that `Navigate` or the page itself starts, with the address
@@ -111,11 +90,9 @@ private:
     void GiveUpPage();
     void OnWindowWanted(const QUrl& url);
     void TellOfEmptyAnswer(int status);
-    bool IsPageShown() const;
     void ShowPage();
     void HidePage();
     void Refuse(const QString& address);
-    void ApplyZoom();
     QUrl RealUrl() const;
     void ShowLocation();
 
@@ -123,14 +100,6 @@ private:
     Prompts& m_prompts;
     QPointer<PanePage> m_page;
     QPointer<BrowserPane> m_newWindowTarget;
-    PageView* m_view = nullptr;
-    PaneNotice* m_notice;
-    FindBar* m_findBar;
-    LocationLine* m_location;
-    PasswordLookout* m_passwords;
-    PageQuestion* m_question;
-
-    bool m_hasLocation = true;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
     QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
     BuiltAddresses m_built;
@@ -141,7 +110,6 @@ private:
     QUrl m_requested;         ///< of the last load that was handed to the engine
     bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
-    PageZoom m_zoom;
 };
 
 } // namespace tallowmere

@@ -1,6 +1,7 @@
 #include "app/engine/PageReader.h"
 
 #include <QPointer>
+#include <QUrl>
 #include <QVariant>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -49,6 +50,31 @@ void PageReader::IfFramesAreEmpty(QWebEnginePage& page, const QObject* owner,
         if (isEmpty)
             then();
     });
+}
+
+void PageReader::AskForPartsAgain(QWebEnginePage& page, const QObject* owner, const QString& host,
+                                  std::function<void()> then) {
+    // A mark on each, which the page does not see, keeps it from being asked for twice.
+    const QString script =
+        u"(host => {"
+        "  const isOf = address => {"
+        "    try { const url = new URL(address, document.baseURI);"
+        "      return url.protocol === 'http:' && url.hostname === host }"
+        "    catch (nothing) { return false }"
+        "  };"
+        "  for (const part of document.querySelectorAll('iframe[src],frame[src]'))"
+        "    if (isOf(part.src) && part.askedPlainly !== part.src) {"
+        "      part.askedPlainly = part.src;"
+        "      part.src = part.src"
+        "    }"
+        "  return [...document.querySelectorAll('img[src],script[src]')].some(e => isOf(e.src)) ||"
+        "    [...document.querySelectorAll('link[rel~=stylesheet]')].some(e => isOf(e.href))"
+        "})('%1')"_s;
+    Ask(page, owner, script.arg(QString::fromLatin1(QUrl::toAce(host))),
+        [then = std::move(then)](bool isMissing) {
+            if (isMissing)
+                then();
+        });
 }
 
 void PageReader::AskForPasswordBox(QWebEnginePage& page, const QObject* owner,

@@ -22,6 +22,11 @@ public:
     /// could not be reached. To be asked when the page is complete.
     static void IfFramesAreEmpty(QWebEnginePage& page, const QObject* owner,
                                  std::function<void()> then);
+    /// Has the frames of the page that come from `host` by http loaded again, each once; `then` is
+    /// called when there are pictures, scripts or styles of it, which come only with the whole
+    /// page.
+    static void AskForPartsAgain(QWebEnginePage& page, const QObject* owner, const QString& host,
+                                 std::function<void()> then);
     /// `then` is told whether the page has a box for a password, also in a frame of its own site.
     static void AskForPasswordBox(QWebEnginePage& page, const QObject* owner,
                                   std::function<void(bool)> then);

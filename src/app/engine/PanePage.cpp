@@ -42,6 +42,11 @@ PanePage::PanePage(EngineProfile& profile, Prompts& prompts)
             [this](const QUrl& url, QAuthenticator* authenticator) {
                 AskForSignIn(WebAccess::AsBuilt(url).host(), *authenticator);
             });
+    connect(this, &QWebEnginePage::renderProcessTerminated, this,
+            [this](RenderProcessTerminationStatus status) {
+                if (status != NormalTerminationStatus)
+                    Q_EMIT Crashed();
+            });
     connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
             [this](const QUrl&, QAuthenticator* authenticator, const QString& proxy) {
                 AskForSignIn(proxy, *authenticator);

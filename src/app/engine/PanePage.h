@@ -64,6 +64,8 @@ Q_SIGNALS:
     void Refused(const QUrl& url, bool isWholePage);
     /// The page asks more than anybody can answer; its script has to be stopped.
     void Stormed();
+    /// The process that shows the page ended otherwise than it was told to.
+    void Crashed();
     /// The user agreed to write a mail: a clean "mailto:" address.
     void MailWanted(const QString& address);
 

@@ -5,6 +5,7 @@
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PaneWait.h"
 #include "app/forms/frmMain.h"
 #include "app/links/Accounts.h"
 #include "app/links/PaneDeck.h"
@@ -218,7 +219,7 @@ bool LinkDispatch::ShowWhole(const QString& address) {
     bool isLeft = false;
     const auto leaving = connect(m_form.Web, &BrowserPane::BeforeNavigate2, this,
                                  [&isLeft](const QString&, bool*) { isLeft = true; });
-    m_form.Web->WaitWhileBusy();
+    WaitWhileBusy(*m_form.Web);
     disconnect(leaving);
     return alive && !isLeft;
 }

@@ -1,4 +1,5 @@
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PaneWait.h"
 #include "app/forms/StripPanel.h"
 #include "app/market/IndexStrip.h"
 #include "core/text/files.h"
@@ -65,7 +66,7 @@ public:
     /// Loads an address in the main pane and gives the page as it came.
     QString PageOf(const QString& address) {
         Form().Web->Navigate(address);
-        Form().Web->WaitWhileBusy();
+        WaitWhileBusy(*Form().Web);
         QString html;
         bool isThere = false;
         Form().Web->findChild<QWebEngineView*>()->page()->toHtml([&](const QString& text) {
@@ -316,7 +317,7 @@ private Q_SLOTS:
         window.Store("WSCTick", "True");
         window.Open();
         BrowserPane* strip = window.Form().WebTick;
-        strip->WaitWhileBusy();
+        WaitWhileBusy(*strip);
         QString text;
         strip->ReadText([&](const QString& shown) { text = shown; });
         QTRY_VERIFY2(text.contains(u"MSFT "_s + PriceText(Host::Cnbc)), qUtf8Printable(text));

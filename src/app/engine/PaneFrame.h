@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/pages/page_zoom.h"
+
+#include <QWidget>
+
+class QUrl;
+
+namespace tallowmere {
+
+class FindBar;
+class LocationLine;
+class PageQuestion;
+class PageView;
+class PaneNotice;
+class PasswordLookout;
+
+/// What a pane is made of: the view of its page or what is told in its place, the bar for searching
+/// it, the line that says where it is, and the sheet on which the page speaks.
+class PaneFrame : public QWidget {
+    Q_OBJECT
+public:
+    explicit PaneFrame(QWidget* parent);
+
+    /// Leaves out the line that says where the pane is; for a strip without room for it.
+    /// Without it no page of the strip asks anything either: there is no room for that.
+    void LeaveOutLocation() { m_hasLocation = false; }
+
+    /// Opens the search bar.
+    void Find();
+    void ZoomIn();
+    void ZoomOut();
+    void ZoomReset();
+
+protected:
+    bool HasLocation() const { return m_hasLocation; }
+    bool IsPageShown() const;
+    void SetView(PageView* view);
+    void ApplyZoom();
+    /// Shows the view in the place of whatever is told.
+    void ShowView();
+    void HideView();
+    /// Says where the pane is: `url` as the engine has it, `built` what led there.
+    void ShowPlace(const QUrl& url, const QString& built);
+
+    PageView* m_view = nullptr;
+    PaneNotice* m_notice;
+    FindBar* m_findBar;
+    PasswordLookout* m_passwords;
+    PageQuestion* m_question;
+
+private:
+    LocationLine* m_location;
+    bool m_hasLocation = true;
+    PageZoom m_zoom;
+};
+
+} // namespace tallowmere
