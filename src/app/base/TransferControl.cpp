@@ -70,6 +70,7 @@ void TransferControl::AskBySchemes(const QUrl& url) {
 }
 
 void TransferControl::Send(const QUrl& url) {
+    m_asked = url;
     m_proxy.ApplyTo(m_network);
     QNetworkRequest request(url);
     request.setMaximumRedirectsAllowed(kRedirectLimit);
@@ -93,9 +94,10 @@ void TransferControl::Send(const QUrl& url) {
 void TransferControl::Follow(const QUrl& url) {
     if (m_access.Mode() != WebMode::Live)
         return;
-    const bool isBack = m_reply->url().scheme() == u"https" && url.scheme() == u"http";
+    const QUrl from = std::exchange(m_asked, url);
+    const bool isBack = from.scheme() == u"https" && url.scheme() == u"http";
     const auto secure = m_access.Secure(url);
-    if (isBack && !m_plain.isEmpty() && (!secure || *secure == m_reply->url()))
+    if (isBack && !m_plain.isEmpty() && (!secure || *secure == from))
         AskPlainly();
     else if (++m_redirects > kRedirectLimit || (isBack && !secure))
         End(true);

@@ -85,6 +85,7 @@ private:
     QNetworkAccessManager m_network;
     QPointer<QNetworkReply> m_reply;
     QUrl m_plain; ///< the http address that is asked for when https gets no answer
+    QUrl m_asked; ///< after every redirect so far; the reply itself names it before or after
     QTimer m_httpsPatience;
     int m_redirects = 0;
     ProxySetting m_proxy;
