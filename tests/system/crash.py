@@ -177,7 +177,7 @@ class Player:
         deadline = time.monotonic() + LONGEST_LIFE
         while self.program.process.poll() is None and time.monotonic() < deadline:
             now = self.program.windows() or set()
-            if len(now - before) == 1 and driver.xdotool("getactivewindow") in now - before:
+            if len(now - before) == 1 and driver.active_window() in now - before:
                 return True
         return False
 

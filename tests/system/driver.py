@@ -311,6 +311,12 @@ def xdotool(*arguments):
     return result.stdout.strip()
 
 
+def active_window():
+    """The id of the window that has the keys; empty while none has."""
+    found = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)
+    return found.stdout.strip() if found.returncode == 0 else ""
+
+
 def move_pointer(left, top):
     """Moves the pointer and waits until it is there; xdotool would wait long for one that is."""
     if f"x:{left} y:{top} " not in xdotool("getmouselocation"):

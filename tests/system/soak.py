@@ -102,12 +102,6 @@ def write_profile(profile, server):
     return sites
 
 
-def active_window():
-    """The window that has the keys; empty while none has."""
-    found = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)
-    return found.stdout.strip()
-
-
 class User:
     """Somebody at the main window. Where things are is learned with the help of the accessibility
     tree from a first program; the one that is watched runs without it, as most do."""
@@ -143,7 +137,7 @@ class User:
         """Puts the main window in front and closes what else took the keys."""
         for _ in range(20):
             driver.xdotool("windowactivate", self.main)
-            if active_window() == self.main:
+            if driver.active_window() == self.main:
                 return
             driver.press("Escape")
         raise AssertionError("a window stays in front")
@@ -163,11 +157,12 @@ class User:
             asked = server.count(path)
             self.click(self.watch)
             with contextlib.suppress(AssertionError):
-                window = driver.wait_for(lambda: self.new_window(before), "the window", 8)
+                window = driver.wait_for(lambda: self.new_window(before), "the window", 20)
                 if is_live:
                     server.wait_for_request(path, asked + 1)
                 return window, path
-        raise AssertionError("no watch window opens")
+        driver.screenshot(driver.SCREENSHOTS / "soak.png")
+        raise AssertionError("no watch window opens, see build/screenshots/soak.png")
 
     def try_page(self, server, number, is_live):
         """A window that has just started may not take a click yet."""
@@ -184,7 +179,7 @@ class User:
         if not is_live:
             return ""
         with contextlib.suppress(AssertionError):
-            return driver.wait_for(page, f"the page about {ticker}", 8)
+            return driver.wait_for(page, f"the page about {ticker}", 20)
         return None
 
     def new_window(self, before):
