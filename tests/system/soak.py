@@ -384,7 +384,7 @@ def main():
         counts = ", ".join(f"{number} {name}" for name, number in
                            sorted(last.get("counts", {}).items()))
         print(f"{mode}: {options.windows} watch windows; {counts}: "
-              f"{'; '.join(wrong) if wrong else 'nothing grew, nothing was late'}")
+              f"{'; '.join(wrong) if wrong else 'nothing grew, no reload was seen to be late'}")
     return 1 if failed else 0
 
 
