@@ -9,6 +9,7 @@
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/PageReplies.h"
+#include "support/PaintedPage.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
@@ -65,10 +66,7 @@ struct Bench {
     }
     /// A real click into the page; a page that was never clicked may not make history.
     void ClickPage() {
-        // A click on a page that was not painted yet hits nothing.
-        Run(u"requestAnimationFrame(() => requestAnimationFrame(() => { painted = 1 }))"_s);
-        [[maybe_unused]] const bool isPainted =
-            Await([this] { return Run(u"typeof painted"_s) == u"number"_s; });
+        QVERIFY(AwaitPaint(*Page()));
         QWidget* view = pane.findChild<QWebEngineView*>()->focusProxy();
         QTest::mouseClick(view, Qt::LeftButton, {}, {100, 100});
     }

@@ -5,6 +5,7 @@
 #include "app/engine/PanePage.h"
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
+#include "support/PaintedPage.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
@@ -42,8 +43,9 @@ private:
             return Await([this] { return !pane.Busy(); });
         }
         void Click() {
-            QWidget* view = pane.findChild<QWebEngineView*>()->focusProxy();
-            QTest::mouseClick(view, Qt::LeftButton, {}, {100, 100});
+            auto* view = pane.findChild<QWebEngineView*>();
+            [[maybe_unused]] const bool isPainted = view->isVisible() && AwaitPaint(*view->page());
+            QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, {100, 100});
         }
         bool IsRefused() { return pane.findChild<PaneNotice*>()->isVisible(); }
 
