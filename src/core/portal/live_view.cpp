@@ -110,7 +110,8 @@ std::optional<ShownQuote> LiveView::Find(std::string_view symbol) const {
     if (kept.stale || worth != Freshness::Current)
         shown.age = quote.time == 0 ? "no time" : AgeText(quote.time, m_now);
     shown.when = Origin(kept, quote.time, worth, m_now);
-    if (quote.delayed)
+    // An age says more than that there may be one.
+    if (quote.delayed && shown.age.empty())
         shown.when += ", may be delayed";
     if (quote.doubtful)
         shown.when += ", doubtful: moved by half or more";

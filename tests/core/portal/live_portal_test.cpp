@@ -289,6 +289,16 @@ TEST_F(LivePortalTest, PassesNoTagOfASourceOn) {
             << address;
 }
 
+TEST_F(LivePortalTest, SaysThatAQuoteMayBeDelayedWhereItDoesNotSayByHowMuch) {
+    m_rows[".NYA"] = ReplaceAll(CnbcRow(".NYA", "21,000.50", "-12.25"), "\"true\"", "\"false\"");
+    const std::string address = "quote.yahoo.com" + IndexQuery();
+    EXPECT_EQ(ReadIndexNote(Get(address), IndexTable()[0]),
+              "Nov 20, 2026 4:00 PM ET, Quotes Inc, may be delayed");
+    m_now = kFridayClose + 2 * 86400 + 20 * 3600;
+    EXPECT_EQ(ReadIndexNote(Get(address), IndexTable()[0]),
+              "Nov 20, 2026 4:00 PM ET, Quotes Inc, stale: 2 d old");
+}
+
 TEST_F(LivePortalTest, SaysHowOldAStaleIndexIsAndThatOfAnEarlierDay) {
     EXPECT_EQ(ReadIndexAge(Get("quote.yahoo.com" + IndexQuery()), IndexTable()[1]), "");
     // Monday noon: the source still tells Friday's close.
