@@ -52,6 +52,8 @@ private:
             Store("First", "OK");
             Store("Stocks1", tickers);
             Start();
+            // What becomes of the start page is told in the status line, too.
+            [[maybe_unused]] const bool isThere = Await([this] { return !Form().Web->Busy(); });
             Record();
         }
 
