@@ -7,6 +7,7 @@
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/PageReplies.h"
+#include "support/PaneRun.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
@@ -30,24 +31,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One run of the program on a profile folder that outlives it.
-struct Run {
-    explicit Run(const QString& folder)
-        : profile(folder + u"/engine"_s, folder, access, prompts), pane(profile, prompts) {
-        pane.resize(400, 300);
-        pane.show();
-    }
-    bool Show(const QString& address) {
-        pane.Navigate(address);
-        return Await([this] { return !pane.Busy(); });
-    }
+struct Run : PaneRun {
+    using PaneRun::PaneRun;
+
     QString Title() { return profile.findChild<PanePage*>()->title(); }
     void Script(const QString& script) { profile.findChild<PanePage*>()->runJavaScript(script); }
-
-    TestPrompts prompts;
-    WebAccess access{WebMode::Direct};
-    EngineProfile profile;
-    BrowserPane pane;
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "app/engine/PanePage.h"
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
+#include "support/PaneRun.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
@@ -19,16 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Run {
-    explicit Run(const QString& folder)
-        : profile(folder + u"/engine"_s, folder, access, prompts), pane(profile, prompts) {
-        pane.resize(400, 300);
-        pane.show();
-    }
-    bool Show(const QString& address) {
-        pane.Navigate(address);
-        return Await([this] { return !pane.Busy(); });
-    }
+struct Run : PaneRun {
+    using PaneRun::PaneRun;
+
     /// What the page that is shown gives for an expression, which may be a promise.
     QString Value(const QString& expression) {
         auto* page = profile.findChild<PanePage*>();
@@ -48,10 +42,6 @@ struct Run {
     }
 
     int asked = 0;
-    TestPrompts prompts;
-    WebAccess access{WebMode::Direct};
-    EngineProfile profile;
-    BrowserPane pane;
 };
 
 } // namespace
