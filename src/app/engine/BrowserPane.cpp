@@ -149,19 +149,20 @@ void BrowserPane::GoBack() {
     if (m_notice->CoversIntactPage() && m_page && m_page->history()->count() > 0)
         ShowPage();
     else if (m_page)
-        m_page->triggerAction(QWebEnginePage::Back);
+        m_page->Walk().GoBack();
 }
 
 void BrowserPane::GoForward() {
     EndQuestions();
     if (m_page)
-        m_page->triggerAction(QWebEnginePage::Forward);
+        m_page->Walk().GoForward();
 }
 
 void BrowserPane::Stop() {
     EndQuestions();
     if (!m_page || !m_isBusy)
         return;
+    m_page->Walk().Forget();
     m_page->triggerAction(QWebEnginePage::Stop);
     // A load that the engine has not begun yet ends without a word from it.
     m_isStartAwaited = false;

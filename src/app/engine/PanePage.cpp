@@ -78,8 +78,10 @@ bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, boo
     bool cancel = false;
     if (isPagesOwn && IsUserActive())
         BeginAnew();
-    if (isPagesOwn)
+    if (isPagesOwn) {
+        m_walk.Forget();
         Q_EMIT Starting(url, &cancel);
+    }
     if (!cancel) {
         m_isUnderWay = true;
         m_wanted = url;
@@ -96,6 +98,7 @@ void PanePage::SetUserInput(UserInput* input) {
 }
 
 void PanePage::BeginAnew() {
+    m_walk.Forget();
     m_talk.Forget();
     m_downloads.Forget();
 }

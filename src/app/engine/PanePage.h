@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/engine/HistoryWalk.h"
 #include "app/engine/MailClicks.h"
 #include "app/engine/PageQuestion.h"
 #include "core/pages/page_talk.h"
@@ -47,6 +48,8 @@ public:
 
     /// What the user does on this page is seen there.
     void SetUserInput(UserInput* input);
+    /// Where the user goes back and forward.
+    HistoryWalk& Walk() { return m_walk; }
     /// The user goes to another page: what this one did is not held against that.
     void BeginAnew();
     /// Until another page has come nothing is heard of this one, which would keep it from coming.
@@ -99,6 +102,7 @@ private:
     ClickedMail m_mail;
     QPointer<UserInput> m_input;
     QPointer<PageQuestion> m_question;
+    HistoryWalk m_walk{*this};
     PageTalk m_talk;
     PageDownloads m_downloads;
     QElapsedTimer m_clock;

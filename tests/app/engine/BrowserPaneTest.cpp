@@ -104,6 +104,45 @@ private Q_SLOTS:
         QCOMPARE(bench.pane.LocationURL(), QString());
     }
 
+    // Whether the second step comes before, while or after the page of the first arrives.
+    void TwoStepsAreTwoStepsHoweverQuick() {
+        Bench bench;
+        for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
+            bench.server.Serve(path, "<title>page</title>");
+            QVERIFY(bench.Show(bench.server.Address(path)));
+        }
+        for (int gap = 0; gap < 40; gap += 2) {
+            for (const bool isBack : {true, false}) {
+                const auto step = [&] { isBack ? bench.pane.GoBack() : bench.pane.GoForward(); };
+                step();
+                QTest::qWait(gap);
+                step();
+                // The engine names a page before it is there: the page itself is asked.
+                const QString last = isBack ? u"/one"_s : u"/three"_s;
+                QTRY_VERIFY2(bench.Run(u"location.pathname"_s) == last && !bench.pane.Busy(),
+                             qPrintable(u"%1 ms apart"_s.arg(gap)));
+                QCOMPARE(bench.pane.LocationURL(), bench.server.Address(last));
+            }
+        }
+    }
+
+    void TheNextPageIsNotLeftForAStepThatWasOwed() {
+        Bench bench;
+        for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
+            bench.server.Serve(path, "<title>page</title>");
+            QVERIFY(bench.Show(bench.server.Address(path)));
+        }
+        bench.pane.GoBack();
+        bench.pane.GoBack();
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
+        // Past the ends of the history there is nothing to go to.
+        bench.pane.GoForward();
+        bench.pane.GoForward();
+        QVERIFY(!bench.pane.Busy());
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
+    }
+
     void APageThatEndsLeavesThePaneAsBeforeItsFirstNavigation() {
         Bench bench;
         bench.server.Serve(u"/hung"_s, {"<title>hung", Ending::Silent});

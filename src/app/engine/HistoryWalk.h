@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+
+#include <optional>
+
+class QWebEnginePage;
+
+namespace tallowmere {
+
+/// The steps back and forward through what a page showed before. The engine loses count when a step
+/// is wanted while the page of the step before arrives: what is wanted is remembered here, and
+/// looked after when a page is there.
+class HistoryWalk : public QObject {
+    Q_OBJECT
+public:
+    /// It ends with the page.
+    explicit HistoryWalk(QWebEnginePage& page);
+
+    void GoBack();
+    void GoForward();
+    /// The page is wanted elsewhere: no step is owed any more.
+    void Forget();
+
+private:
+    void Step(int by);
+    void Arrive();
+
+    QWebEnginePage& m_page;
+    std::optional<int> m_target; ///< index in the history of a step that is under way
+    bool m_isOwed = false;       ///< it was begun while another step was under way
+};
+
+} // namespace tallowmere
