@@ -14,7 +14,9 @@
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace tallowmere {
 
@@ -33,25 +35,28 @@ constexpr auto kPatience = std::chrono::seconds(10);
 // It runs in an empty page that has the site's origin and nothing else of the site.
 constexpr auto kClear = R"(
 (async () => {
-    const attempt = async action => { try { await action() } catch (refusal) {} };
+    let left = false;
+    const attempt = async action => { try { await action() } catch (refusal) { left = true } };
     await attempt(() => localStorage.clear());
     await attempt(async () => {
         for (const base of await indexedDB.databases())
-            await new Promise(done => {
+            await new Promise((done, fail) => {
                 const wish = indexedDB.deleteDatabase(base.name);
-                wish.onsuccess = wish.onerror = wish.onblocked = done;
+                wish.onsuccess = done;
+                wish.onerror = wish.onblocked = fail;
             });
     });
+    // Sites without https have neither of the following.
     await attempt(async () => {
-        for (const name of await caches.keys())
+        for (const name of await self.caches?.keys() ?? [])
             await caches.delete(name);
     });
     await attempt(async () => {
-        const files = await navigator.storage.getDirectory();
-        for await (const name of files.keys())
+        const files = await navigator.storage?.getDirectory?.();
+        for await (const name of files?.keys() ?? [])
             await files.removeEntry(name, {recursive: true});
     });
-    document.title = 'cleared';
+    document.title = left ? 'left' : 'cleared';
 })()
 )";
 
@@ -67,16 +72,13 @@ bool IsOf(const QString& origin, const QString& site) {
     return IsOfSite(FromQt(QUrl(origin).host()), FromQt(site));
 }
 
-QStringList ReadLines(const QString& path) {
+QString ReadText(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.read(kMegabyte)).split(u'\n', Qt::SkipEmptyParts);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(kMegabyte)) : QString();
 }
 
-QSet<QString> ReadOrigins(const QString& folder) {
-    const QStringList origins = ReadLines(folder + kOrigins);
-    return {origins.begin(), origins.end()};
+QStringList ReadLines(const QString& path) {
+    return ReadText(path).split(u'\n', Qt::SkipEmptyParts);
 }
 
 void WriteLines(const QString& path, const QStringList& lines) {
@@ -85,6 +87,18 @@ void WriteLines(const QString& path, const QStringList& lines) {
     } catch (const RuntimeError& error) {
         std::fprintf(stderr, "tallowmere: %s\n", error.what());
     }
+}
+
+// Lines are added one by one: what follows the last end of line was cut off by a crash.
+QSet<QString> ReadOrigins(const QString& folder) {
+    QString text = ReadText(folder + kOrigins);
+    const qsizetype whole = text.lastIndexOf(u'\n') + 1;
+    if (whole < text.size()) {
+        text.truncate(whole);
+        WriteLines(folder + kOrigins, {text});
+    }
+    const QStringList origins = text.split(u'\n', Qt::SkipEmptyParts);
+    return {origins.begin(), origins.end()};
 }
 
 /// The folders of single sites among the engine's stores.
@@ -266,15 +280,18 @@ void SiteData::ClearNext() {
         return;
     if (m_toClear.isEmpty()) {
         Q_EMIT Changed();
-        Q_EMIT Cleared();
+        Q_EMIT Cleared(std::exchange(m_left, {}));
         return;
     }
-    m_cleared.insert(m_toClear.first());
-    const QUrl origin(m_toClear.takeFirst() + u'/');
+    const QString origin = m_toClear.takeFirst();
     m_page = new QWebEnginePage(&m_profile, this);
-    const auto goOn = [this, page = m_page] {
+    const auto goOn = [this, origin, page = m_page](bool isCleared) {
         if (m_page != page)
             return;
+        if (isCleared)
+            m_cleared.insert(origin);
+        else
+            m_left << origin;
         m_page = nullptr;
         page->deleteLater();
         ClearNext();
@@ -282,13 +299,13 @@ void SiteData::ClearNext() {
     connect(m_page, &QWebEnginePage::loadFinished, m_page,
             [page = m_page] { page->runJavaScript(QString::fromLatin1(kClear)); });
     connect(m_page, &QWebEnginePage::titleChanged, m_page, [goOn](const QString& title) {
-        if (title == "cleared"_L1)
-            goOn();
+        if (title == "cleared"_L1 || title == "left"_L1)
+            goOn(title == "cleared"_L1);
     });
-    QTimer::singleShot(kPatience, m_page, goOn);
+    QTimer::singleShot(kPatience, m_page, [goOn] { goOn(false); });
     // With an icon of its own it does not ask the site for one, which might set a cookie.
     m_page->setHtml(u"<!doctype html><title>clearing</title><link rel=icon href='data:,'>"_s,
-                    origin);
+                    QUrl(origin + u'/'));
 }
 
 } // namespace tallowmere

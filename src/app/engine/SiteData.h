@@ -48,8 +48,9 @@ public:
 
 Q_SIGNALS:
     void Changed();
-    /// What can be cleared at once is cleared.
-    void Cleared();
+    /// What can be cleared at once is cleared, but for what the origins named in `left` store: the
+    /// engine refused, did not answer within ten seconds, or a page has a database open.
+    void Cleared(const QStringList& left);
 
 private:
     QStringList Stores() const;
@@ -64,6 +65,7 @@ private:
     QSet<QString> m_origins; ///< of pages that were shown, in this run and before
     QSet<QString> m_cleared; ///< origins that were not shown since; the engine keeps empty stores
     QStringList m_toClear;   ///< origins whose stores are to be cleared
+    QStringList m_left;      ///< origins whose stores could not be cleared, of the same wish
     QWebEnginePage* m_page = nullptr;
 };
 

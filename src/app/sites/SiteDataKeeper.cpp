@@ -11,6 +11,7 @@
 #include "core/text/runtime_error.h"
 
 #include <QSignalBlocker>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -35,7 +36,11 @@ SiteDataKeeper::SiteDataKeeper(frmMain& form, SettingsStore& settings, Prompts& 
     connect(&m_settle, &QTimer::timeout, this, &SiteDataKeeper::List);
     connect(form.menus->siteData, &QAction::triggered, this, [this] { Show({}); });
     connect(&profile, &EngineProfile::SiteDataWanted, this, &SiteDataKeeper::Show);
-    connect(&profile.Sites(), &SiteData::Cleared, this, [this] { Tell(m_done); });
+    connect(&profile.Sites(), &SiteData::Cleared, this, [this](const QStringList& left) {
+        Tell(left.isEmpty() ? m_done
+                            : tr("Not cleared: what %1 stores. Close its pages and try again")
+                                  .arg(QUrl(left.first()).host()));
+    });
     connect(&profile.Sites(), &SiteData::Changed, this, [this] {
         if (m_window)
             m_settle.start();

@@ -135,6 +135,39 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_folder.path() + u"/engine/clear-at-start.txt"_s));
     }
 
+    void WhatAPageHasOpenIsToldToBeLeft() {
+        Run run(m_folder.path());
+        QVERIFY(run.Show(One()));
+        const QString open =
+            u"new Promise(done => { const wish = indexedDB.open('base');"
+            "wish.onsuccess = () => { window.base = wish.result; done('open') } })"_s;
+        QCOMPARE(run.Value(open), u"open"_s);
+        const auto clear = [&] {
+            QSignalSpy cleared(&run.profile.Sites(), &SiteData::Cleared);
+            run.profile.Sites().Clear(u"127.0.0.1"_s);
+            return cleared.wait(20'000) ? cleared[0][0].toStringList() : QStringList{u"none"_s};
+        };
+        const QString origin = u"http://127.0.0.1:%1"_s.arg(m_server.serverPort());
+        QCOMPARE(clear(), QStringList{origin});
+        QVERIFY(run.Sites().contains(u"127.0.0.1"_s));
+        QCOMPARE(run.Value(u"base.close()"_s), u"undefined"_s);
+        QCOMPARE(clear(), QStringList());
+    }
+
+    void ALineThatWasCutOffNamesNoSite() {
+        QVERIFY(QDir().mkpath(m_folder.path() + u"/engine"_s));
+        QFile file(m_folder.path() + u"/engine/origins.txt"_s);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("https://whole.example\nhttps://cut.exa");
+        file.close();
+        Run run(m_folder.path());
+        QCOMPARE(run.Sites(), QStringList{u"whole.example"_s});
+        QVERIFY(run.Show(One()));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "https://whole.example\nhttp://127.0.0.1:" +
+                                     QByteArray::number(m_server.serverPort()) + '\n');
+    }
+
     void AllOfThemAreCleared() {
         {
             Run run(m_folder.path());
