@@ -2,12 +2,15 @@
 
 #include "app/base/QtText.h"
 #include "app/engine/BrowserPane.h"
+#include "app/engine/Graphics.h"
 #include "app/forms/frmMain.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 #include "core/shell/settings_store.h"
 #include "core/sites/site_table.h"
 #include "core/text/bytes.h"
+
+#include <QEvent>
 
 namespace tallowmere {
 
@@ -26,11 +29,19 @@ TickerStrip::TickerStrip(frmMain& form, SettingsStore& settings, const SiteTable
     m_listChanged.setSingleShot(true);
     m_listChanged.setInterval(kFollowMilliseconds);
     connect(&m_listChanged, &QTimer::timeout, this, &TickerStrip::FollowList);
+    form.installEventFilter(this);
     const auto changed = [this] { m_listChanged.start(); };
     const QAbstractItemModel* list = form.List1->model();
     connect(list, &QAbstractItemModel::modelReset, this, changed);
     connect(list, &QAbstractItemModel::rowsInserted, this, changed);
     connect(list, &QAbstractItemModel::rowsRemoved, this, changed);
+}
+
+// The engine does not know that a window is minimised, and would draw on.
+bool TickerStrip::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange)
+        m_form.WebTick->setVisible(!m_form.isMinimized());
+    return QObject::eventFilter(watched, event);
 }
 
 void TickerStrip::Start() {
@@ -58,7 +69,7 @@ std::string TickerStrip::WithTickers(const std::string& path) {
     if (!path.ends_with(kPath))
         return path;
     m_shownTickers = Tickers();
-    return path + "?s=" + *m_shownTickers;
+    return path + "?s=" + *m_shownTickers + (HasGraphicsCard() ? "" : "&rest=1");
 }
 
 std::string TickerStrip::Tickers() const {

@@ -34,6 +34,9 @@ public:
     /// built-in portal is asked for it. Any other path is given back as it is.
     std::string WithTickers(const std::string& path);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     std::string Tickers() const;
     void FollowList();

@@ -72,27 +72,41 @@ body.strip { margin: 0; max-width: none; padding: 0.2rem 0.5rem; white-space: no
   display: flex; overflow: hidden; }
 .strip .note { flex: none; margin: 0 0.7rem 0 0; padding: 0 0.4rem; }
 .strip .runs { overflow: hidden; flex: 1; }
-.strip .run { display: inline-block; animation: run linear infinite; }
-.strip:hover .run, .strip:focus-within .run { animation-play-state: paused; }
+.strip .run { display: inline-block; will-change: transform; }
+.strip .run[data-rests] { transition: transform 0.2s steps(2); }
 .strip .run > span { display: inline-block; min-width: 100vw; }
 .strip .run > span > span { margin-right: 1.4rem; }
-@keyframes run { to { transform: translateX(-50%); } }
-@media (prefers-reduced-motion: reduce) { .strip .run { animation: none; }
+@media (prefers-reduced-motion: reduce) {
   .strip .runs { overflow-x: auto; } .strip [aria-hidden] { display: none; } }
 @media print { body { max-width: none; padding: 0; font-size: 10pt; } nav { display: none; }
   .note { margin: 0 0 0.5rem; border: 1px solid; } }
 )";
 
-// The run goes by the clock, so that it stands where it stood when the page comes anew. Nothing is
-// loaded while nobody sees it or while somebody is about to click.
-constexpr std::string_view kStripScript = R"(
-const run = document.querySelector(".run");
-const seconds = parseFloat(run.style.animationDuration);
-run.style.animationDelay = -(Date.now() / 1000 % seconds) + "s";
-setInterval(() => {
-  if (!document.hidden && !document.querySelector("body:hover, :focus")) location.reload();
-}, 60000);
-)";
+// The run goes by the clock, so that it stands where it stood when the page comes anew, and by
+// whole pixels, for what does not move is not drawn. Nothing moves or is loaded while nobody sees
+// it or while somebody is about to click.
+constexpr std::string_view kStripScript = R"js(
+const run = document.querySelector(".run"), entries = [...run.firstElementChild.children];
+const seconds = Number(run.dataset.seconds), rests = "rests" in run.dataset;
+const still = matchMedia("(prefers-reduced-motion: reduce)");
+const mustWait = () => document.hidden || document.querySelector("body:hover, :focus");
+const offset = turn => rests
+  ? entries[Math.floor(turn * entries.length)].offsetLeft - entries[0].offsetLeft
+  : Math.floor(turn * run.offsetWidth / 2);
+let shown = 0, paused = 0, last = Date.now();
+const move = () => {
+  const now = Date.now();
+  if (mustWait() || still.matches) paused += now - last;
+  last = now;
+  const left = still.matches ? 0 : offset((now - paused) / 1000 / seconds % 1);
+  if (left === shown) return;
+  run.style.transition = left < shown ? "none" : "";
+  run.style.transform = "translateX(-" + left + "px)";
+  shown = left;
+};
+if (entries.length) setInterval(move, rests ? 250 : 34);
+setInterval(() => { if (!mustWait()) location.reload(); }, 60000);
+)js";
 
 std::string Page(const PageFrame& frame, std::string_view title, std::string_view bodyAttribute,
                  std::string_view note, std::string_view body) {
@@ -113,11 +127,10 @@ std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string
 }
 
 std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
-                      std::size_t seconds) {
-    const std::string duration = std::to_string(std::max<std::size_t>(seconds, 1));
-    std::string body =
-        "<div class=\"runs\"><div class=\"run\" style=\"animation-duration:" + duration +
-        "s\"><span>";
+                      std::size_t seconds, StripPace pace) {
+    std::string body = "<div class=\"runs\"><div class=\"run\" data-seconds=\"" +
+                       std::to_string(std::max<std::size_t>(seconds, 1)) +
+                       (pace == StripPace::Resting ? "\" data-rests" : "\"") + "><span>";
     // The second run is there for the eye and the pointer alone.
     body.append(run).append("</span><span aria-hidden=\"true\">");
     body.append(ReplaceAll(run, "<a ", "<a tabindex=\"-1\" "))

@@ -17,11 +17,15 @@ struct PageFrame {
 /// A whole page around `body`, which is HTML; `title` is plain text.
 std::string HtmlPage(const PageFrame& frame, std::string_view title, std::string_view body);
 
-/// The same as a single line that runs by in `seconds` and starts over without a gap, for a pane
-/// that is not higher than that. It rests under the pointer, for a focused link, and for people who
-/// want nothing to move, who scroll it by hand; it loads itself anew every minute.
+/// How a strip goes by: on and on, or by one entry at a time, which is drawn a few times a turn.
+enum class StripPace { Running, Resting };
+
+/// The same as a single line that goes by in `seconds` and starts over without a gap, for a pane
+/// that is not higher than that; `run` holds an element for each entry. It rests under the pointer,
+/// for a focused link, and for people who want nothing to move, who scroll it by hand; it loads
+/// itself anew every minute.
 std::string HtmlStrip(const PageFrame& frame, std::string_view title, std::string_view run,
-                      std::size_t seconds);
+                      std::size_t seconds, StripPace pace);
 
 /// The text of the one script that HtmlStrip has.
 std::string_view StripScript();

@@ -113,7 +113,8 @@ std::string TickerStripPage(const MarketView& market, const PortalRequest& reque
     std::string run;
     for (const std::string& symbol : symbols)
         run += StripEntry(market, symbol);
-    return HtmlStrip(market.Frame(), "Ticker", run, symbols.size() * kSecondsPerSymbol);
+    return HtmlStrip(market.Frame(), "Ticker", run, symbols.size() * kSecondsPerSymbol,
+                     request.Parameter("rest").empty() ? StripPace::Running : StripPace::Resting);
 }
 
 std::string MarketPage(const MarketView& market, std::string_view title) {

@@ -32,7 +32,8 @@ std::string ProfilePage(const MarketView& market, std::string_view symbol,
 std::string CompanyPage(const MarketView& market, const ShownQuote& quote);
 
 /// The narrow page of the ticker strip, whose symbols run by without end: the indices and the
-/// tickers that are asked for ("s"), or without a query all that the market has for the strip.
+/// tickers that are asked for ("s"), or without a query all that the market has for the strip. They
+/// move on by one at a time when that is asked for ("rest").
 std::string TickerStripPage(const MarketView& market, const PortalRequest& request);
 
 /// The front page of the finance portal, also the streaming portfolio's page. The address is not

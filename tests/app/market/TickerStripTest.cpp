@@ -1,11 +1,15 @@
 #include "app/market/TickerStrip.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/engine/Graphics.h"
+#include "app/engine/PanePage.h"
+#include "core/portal/html_page.h"
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
+#include <QRegularExpression>
 #include <QWebEngineView>
 
 using namespace tallowmere;
@@ -23,7 +27,8 @@ private:
             Start();
         }
         qsizetype Asked(const QString& tickers) {
-            return asked.count(u"h.example/javaticker.html?s="_s + tickers);
+            return asked.count(u"h.example/javaticker.html?s="_s + tickers +
+                               (HasGraphicsCard() ? u""_s : u"&rest=1"_s));
         }
     };
 
@@ -98,6 +103,67 @@ private Q_SLOTS:
         QTRY_VERIFY(!window.Form().WebTick->Busy());
         window.Form().List1->SetItems(tickers);
         QTRY_COMPARE(window.Asked(tickers.first(200).join(u'+')), 1);
+    }
+
+    void ItMovesByWholePixelsOrByWholeEntriesAndOnlyWhileSomebodySeesIt_data() {
+        QTest::addColumn<bool>("rests");
+        QTest::newRow("running") << false;
+        QTest::newRow("resting") << true;
+    }
+    void ItMovesByWholePixelsOrByWholeEntriesAndOnlyWhileSomebodySeesIt() {
+        QFETCH(const bool, rests);
+        std::string entries;
+        for (int n = 0; n < 30; ++n)
+            entries += "<span>entry " + std::to_string(n) + "</span>";
+        LoopbackServer server;
+        server.Serve(u"/javaticker.html"_s, QByteArray::fromStdString(HtmlStrip(
+                                                {}, "Ticker", entries, 15,
+                                                rests ? StripPace::Resting : StripPace::Running)));
+        TestSession session(server.Address({}), WebMode::Direct);
+        session.Store("First", "OK");
+        session.Store("WSCTick", "True");
+        session.Start();
+        BrowserPane& strip = *session.Form().WebTick;
+        QTRY_VERIFY(strip.findChild<QWebEngineView*>() && !strip.Busy());
+        QWebEnginePage* page = strip.findChild<QWebEngineView*>()->page();
+        const auto value = [&](const QString& expression) {
+            QVariant result;
+            page->runJavaScript(expression, [&](const QVariant& given) { result = given; });
+            [[maybe_unused]] const bool isThere = Await([&] { return result.isValid(); });
+            return result;
+        };
+        const auto places = [&](int count) {
+            QSet<int> seen;
+            while (seen.size() < count) {
+                const QString place =
+                    value(u"document.querySelector('.run').style.transform + ' '"_s).toString();
+                const QRegularExpressionMatch match =
+                    QRegularExpression(u"^translateX\\(-(\\d+)px\\) $"_s).match(place);
+                // Not moved yet, which is no offset, or moved by something else.
+                if (!match.hasMatch() && place != u" "_s)
+                    return QSet<int>();
+                if (match.hasMatch())
+                    seen << match.captured(1).toInt();
+            }
+            return seen;
+        };
+        const QSet<int> seen = places(4);
+        QVERIFY(!seen.isEmpty());
+        if (rests) {
+            const QVariantList starts =
+                value(u"[...document.querySelectorAll('.run > :first-child > span')].map("
+                      "entry => entry.offsetLeft)"_s)
+                    .toList();
+            QCOMPARE(starts.size(), 30);
+            for (const int place : seen)
+                QVERIFY(starts.contains(place + starts[0].toInt()));
+        }
+        // Minimised, it is not there to be drawn.
+        session.Form().showMinimized();
+        QTRY_VERIFY(value(u"document.hidden"_s).toBool());
+        session.Form().showNormal();
+        QTRY_VERIFY(!value(u"document.hidden"_s).toBool());
+        places(2);
     }
 
     void ASymbolOpensItsPageInTheMainPane() {

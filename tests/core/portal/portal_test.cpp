@@ -213,6 +213,13 @@ TEST_F(Portal, TheTickerStripRestsForThoseWhoWantNothingToMove) {
                 HasSubstr("prefers-reduced-motion: reduce"));
 }
 
+TEST_F(Portal, TheTickerStripGoesByOneAtATimeWhenThatIsAskedFor) {
+    EXPECT_THAT(Get("ticker.stream.example/javaticker.html?s=msft&rest=1"),
+                AllOf(HasSubstr(">MSFT</a>"), HasSubstr("\" data-rests>")));
+    EXPECT_THAT(Get("ticker.stream.example/javaticker.html?s=msft"),
+                Not(HasSubstr("\" data-rests>")));
+}
+
 TEST_F(Portal, HandsOutTheListsAsTheyAre) {
     EXPECT_EQ(Get("www.quorvane.example/rr.html"), ShippedFile("rr.html"));
     EXPECT_EQ(Get("www.quorvane.example/folder/newsites.html"), ShippedFile("newsites.html"));
