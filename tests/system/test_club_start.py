@@ -24,11 +24,14 @@ class ClubStart(driver.SystemTest):
         driver.type_text("ibm")
         driver.press("Return")
         window.find(role="list item", name="IBM")
-        self.assertEqual(self.server.count("/mine"), 0)
         driver.screenshot(driver.SCREENSHOTS / "club_start.png")
         # The start page comes by itself, long before the club could have timed out.
         self.server.wait_for_request("/mine", seconds=20)
         driver.wait_for(lambda: program.pages() == ["mine"], "the start page")
+        self.assertFalse(ended.is_set())
+        asked = [path.partition("?")[0] for _, path in self.server.requests]
+        self.assertLess(asked.index(next(path for path in asked if path.startswith("/members/"))),
+                        asked.index("/mine"))
         self.server.wait_for_request("/newsites.html", seconds=30)
 
 
