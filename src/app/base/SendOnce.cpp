@@ -9,12 +9,14 @@ namespace tallowmere {
 
 namespace {
 
-/// A body of no bytes that cannot be read a second time: what has one is not sent again.
+/// A body of no bytes that cannot be read a second time: what has one is not sent again. How many
+/// bytes are sent is said by the request; one without a size would be passed over by newer Qt.
 class UnrepeatableBody : public QIODevice {
 public:
     explicit UnrepeatableBody(QObject* parent) : QIODevice(parent) { open(ReadOnly | Unbuffered); }
     bool isSequential() const override { return true; }
     bool atEnd() const override { return true; }
+    qint64 size() const override { return 1; }
     bool reset() override { return false; }
 
 protected:
