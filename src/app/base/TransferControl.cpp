@@ -196,7 +196,11 @@ void TransferControl::OnFinished() {
                              m_reply->error() != QNetworkReply::OperationCanceledError;
     if (!hasAnswered)
         m_data.clear();
-    if (!hasAnswered && !m_plain.isEmpty() && MayLackHttps(*m_reply))
+    // Who secured the connection and is silent then speaks https; newer Qt gives that a name of its
+    // own.
+    const bool isSlow = m_reply->error() == QNetworkReply::TimeoutError &&
+                        m_access.Https().IsSecure(m_plain.host());
+    if (!hasAnswered && !isSlow && !m_plain.isEmpty() && MayLackHttps(*m_reply))
         AskPlainly();
     else
         End(!hasAnswered);
