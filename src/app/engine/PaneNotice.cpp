@@ -119,8 +119,11 @@ void PaneNotice::AwaitNetwork() {
     network->disconnect(this);
     connect(network, &QNetworkInformation::reachabilityChanged, this,
             [this](QNetworkInformation::Reachability reachability) {
+                // A page of the program's own was refused, to a page of the web perhaps; the
+                // network had no part in it.
+                const bool isOfWeb = !UrlFromAddress(m_builtAddress).host().isEmpty();
                 if (reachability == QNetworkInformation::Reachability::Online &&
-                    m_why == Reason::Failure)
+                    m_why == Reason::Failure && isOfWeb)
                     Q_EMIT TryAgain();
             });
 }

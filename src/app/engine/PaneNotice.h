@@ -29,7 +29,7 @@ public:
     void Clear();
     /// The page could not be loaded: `title` and `text` say why. `address` is the one that was
     /// asked for, `builtAddress` the one that led there, empty where it is the same. When the
-    /// machine comes back to the network, TryAgain is raised.
+    /// machine comes back to the network, TryAgain is raised for a page of the web.
     void TellOfFailure(const QString& title, const QString& text, const QString& address,
                        const QString& builtAddress = {});
     /// The page's process ended while it was shown, or while it was loaded.
