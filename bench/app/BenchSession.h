@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/QtText.h"
+#include "app/engine/PortalScheme.h"
 #include "app/forms/frmMain.h"
 #include "app/shell/Session.h"
 #include "app/shell/Subsystems.h"
@@ -11,7 +12,22 @@
 
 #include <functional>
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 namespace tallowmere {
+
+/// What has to be done before the application object exists: no display is needed, and the engine's
+/// sandbox refuses to run for root.
+inline void PrepareBench() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#ifndef _WIN32
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+#endif
+    PortalScheme::Register();
+}
 
 /// A started session on a fresh profile. All sites lie on one host; in sample mode a plain page is
 /// answered to every address.

@@ -1,7 +1,6 @@
 // The largest site menu opened for the first time, from the wish to the painted menu, beside the
 // time of one frame.
 #include "app/BenchSession.h"
-#include "app/engine/PortalScheme.h"
 #include "app/links/SearchMenu.h"
 #include "app/links/SitePopups.h"
 #include "app/shell/Application.h"
@@ -22,8 +21,7 @@ constexpr double kFrameMilliseconds = 16;
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    PortalScheme::Register();
+    PrepareBench();
     Application application(argc, argv);
     const QString largest = u"mnuMegaLinks"_s;
     std::vector<double> times;

@@ -1,7 +1,6 @@
 // Opens many watch windows on pages of one server and leaves them to their waits until it is ended;
 // watch_windows.py measures it: WatchWindowsBench HOST WINDOWS SECONDS
 #include "app/BenchSession.h"
-#include "app/engine/PortalScheme.h"
 #include "app/forms/frmWiz.h"
 #include "app/market/WatchWindows.h"
 #include "app/shell/Application.h"
@@ -14,8 +13,7 @@ using namespace tallowmere;
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    PortalScheme::Register();
+    PrepareBench();
     Application application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 4) {

@@ -1,7 +1,6 @@
 // Switching between two portfolios of 10,000 tickers, from the click to the painted list, beside
 // the time of one frame.
 #include "app/BenchSession.h"
-#include "app/engine/PortalScheme.h"
 #include "app/shell/Application.h"
 
 #include <QElapsedTimer>
@@ -42,8 +41,7 @@ double Median(Step step) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    PortalScheme::Register();
+    PrepareBench();
     Application application(argc, argv);
     BenchSession session([](SettingsStore& settings) {
         settings.SaveSetting("Settings", "Stocks1", Tickers('A'));

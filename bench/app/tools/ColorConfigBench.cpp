@@ -1,7 +1,6 @@
 // The colours of all areas applied to all labels, and a change of all of them up to the painted
 // window, beside the time of one frame.
 #include "app/BenchSession.h"
-#include "app/engine/PortalScheme.h"
 #include "app/shell/Application.h"
 #include "app/tools/ColorConfig.h"
 #include "core/shell/setting_keys.h"
@@ -38,8 +37,7 @@ void Measure(const char* what, Step step) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    PortalScheme::Register();
+    PrepareBench();
     Application application(argc, argv);
     BenchSession session;
     QApplication::processEvents();
