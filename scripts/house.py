@@ -31,6 +31,10 @@ ENGINE_HEADER = re.compile(r"^(QtWebEngine\w*/.*|QWebEngine\w*|QtWebEngine\w*)$"
 PATH = re.compile(r"(?<![\w/.~-])((?:src|tests|docs|data|bench|fuzz|scripts|probe|cmake|packaging"
                   r"|\.ci)/[\w./*-]*)")
 LINK = re.compile(r"\]\(([^)#\s]+)")
+# Where sources depend on the system that they are built for; this document lists them all.
+PORTING = "docs/porting.md"
+CONDITION = re.compile(r"^\s*#\s*(if|ifdef|ifndef)\b|"
+                       r"^\s*#\s*include\s*<(unistd|fcntl|dlfcn|poll|sys/\w+)\.h>")
 
 
 class House:
@@ -81,6 +85,7 @@ class House:
             self.check_includes(path)
         self.check_names()
         self.check_documents()
+        self.check_porting()
         return self.complaints
 
     def room_of(self, path):
@@ -165,6 +170,23 @@ class House:
             exists = name in self.paths or name in folders
         if not exists:
             self._complain(document, number, f"there is no {name}")
+
+    def check_porting(self):
+        """What depends on the system is named by its path in the document about it."""
+        if PORTING not in self.paths:
+            return
+        named = {name.rstrip("/.") for _, line in self._lines(PORTING)
+                 for name in PATH.findall(line)}
+        folders = {name.removesuffix("/*") for name in named if name.endswith("/*")}
+        for path in self.paths:
+            if (not path.endswith(SOURCES) or path in named
+                    or path.rpartition("/")[0] in folders):
+                continue
+            for number, line in self._lines(path):
+                if CONDITION.match(line):
+                    self._complain(path, number, f"depends on the system; {PORTING} has no row "
+                                                 "about it")
+                    break
 
     def untested(self):
         tests = set(self.paths)

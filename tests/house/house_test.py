@@ -77,6 +77,19 @@ class HouseTest(unittest.TestCase):
             self.complaints(files={"src/core/text/bytes.h": "#include <QString>\n"}),
             ["src/core/text/bytes.h:1: the core includes nothing of Qt: QString"])
 
+    def test_what_depends_on_the_system_is_listed(self):
+        on_linux = "#include <string>\n#ifdef __linux__\n#include <unistd.h>\n#endif\n"
+        planted = {"src/core/text/bytes.h": on_linux, "docs/porting.md": "Nothing\n"}
+        self.assertEqual(self.complaints(files=planted),
+                         ["src/core/text/bytes.h:2: depends on the system; docs/porting.md has no "
+                          "row about it"])
+        planted["src/core/text/bytes.h"] = "#include <sys/stat.h>\n"
+        self.assertEqual([line[:23] for line in self.complaints(files=planted)],
+                         ["src/core/text/bytes.h:1"])
+        for row in ("`src/core/text/bytes.h`", "`src/core/text/*`"):
+            planted["docs/porting.md"] = f"| {row} | why |\n"
+            self.assertEqual(self.complaints(files=planted), [])
+
     def test_only_the_room_of_the_engine_knows_the_engine(self):
         for header in ("QWebEnginePage", "QtWebEngineCore/qtwebenginecoreglobal.h"):
             self.assertEqual(
