@@ -1,5 +1,7 @@
 """The user's own links from outside: one is made in the editor, clicked, moved and emptied."""
 
+import contextlib
+
 import driver
 
 
@@ -26,16 +28,29 @@ class CustomLinks(driver.SystemTest):
         driver.type_text(text)
         driver.wait_for(lambda: box.text == text, f"{text!r} in the box {name}")
 
-    def choose(self, program, link, item):
-        """Chooses the so many-th item of a link's menu by keys."""
+    @contextlib.contextmanager
+    def menu(self, program, link):
+        """A link's menu as a window, at rest; it has to close by what is done with it."""
         before = driver.wait_for(program.windows, "the windows")
         link.click(button=3)
         menu, = driver.wait_for(lambda: (program.windows() or set()) - before, "the menu")
         # A menu takes the keys a moment after its window is there.
         driver.screenshot_at_rest(driver.SCREENSHOTS / "custom_menu.png", menu)
-        driver.press(*["Down"] * item, "Return")
+        yield menu
         driver.wait_for(lambda: (windows := program.windows()) and not windows - before,
                         "the menu to close")
+
+    def choose_by_keys(self, program, link, item):
+        """Chooses the so many-th item of a link's menu."""
+        with self.menu(program, link):
+            driver.press(*["Down"] * item, "Return")
+
+    def choose_by_pointer(self, program, link, item):
+        """The same by a click on it; the menu has four items, a thin line, and two more."""
+        with self.menu(program, link) as menu:
+            left, top, width, height = driver.geometry(menu)
+            driver.move_pointer(left + width // 2, top + int(height * (item - 0.5) / 6.5))
+            driver.xdotool("click", 1)
 
     def test_a_link_made_in_the_editor_opens_its_page(self):
         program = self.start()
@@ -56,9 +71,11 @@ class CustomLinks(driver.SystemTest):
         self.server.wait_for_request("/custom?s=msft&t=MSFT")
 
         # The menu opens it again, and empties the slot.
-        self.choose(program, link, 1)
+        self.choose_by_keys(program, link, 1)
         self.server.wait_for_request("/custom?s=msft&t=MSFT", times=2)
-        self.choose(program, link, 4)
+        self.choose_by_pointer(program, link, 1)
+        self.server.wait_for_request("/custom?s=msft&t=MSFT", times=3)
+        self.choose_by_pointer(program, link, 4)
         self.assertEqual(self.slot(window, 101, empty=True).name, "< Custom >")
 
     def test_a_link_is_dragged_to_another_slot(self):
