@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs ./run, ./test or ./dev package on a bare Debian of another release:
-#   ./dev base NAME [run|test|package [ARGUMENT...]]
+# Runs ./run, ./test, ./dev package or ./dev bench on a bare Debian of another release:
+#   ./dev base NAME [run|test|package|bench [ARGUMENT...]]
 # The bare system is made once, under build/base; what is committed is cloned into it. Its log, its
 # pictures and what ctest wrote come back to build/base.
 # shellcheck disable=SC2016 # the formats of other programs have dollar signs, too
@@ -79,8 +79,8 @@ fi
 name=${1-}
 what=${2-run}
 shift $(($# < 2 ? $# : 2))
-[[ $name =~ ^(bookworm|trixie|forky)$ && $what =~ ^(run|test|package)$ ]] ||
-    Fail "which base? ./dev base bookworm|trixie|forky [run|test|package [ARGUMENT...]]"
+[[ $name =~ ^(bookworm|trixie|forky)$ && $what =~ ^(run|test|package|bench)$ ]] ||
+    Fail "which base? ./dev base bookworm|trixie|forky [run|test|package|bench [ARGUMENT...]]"
 ((EUID == 0)) || Fail "a bare system is made and entered by root: sudo ./dev base $name $what"
 root=$PWD/build/base/$name
 
@@ -88,15 +88,15 @@ root=$PWD/build/base/$name
 CloneTree
 log=build/base/$name-$what.log
 command=(./"$what")
-[[ $what != package ]] || command=(./dev package)
-Say "./$what on $name; log: $log"
+[[ $what =~ ^(run|test)$ ]] || command=(./dev "$what")
+Say "${command[*]} on $name; log: $log"
 began=$SECONDS
 code=0
 unshare --mount --propagation private --pid --fork --kill-child \
     bash scripts/base.sh --enter "$root" "${command[@]}" "$@" 2>&1 | tee "$log" || code=$?
 BringBack
 {
-    Say "./$what on $name ended with $code after $((SECONDS - began)) s, on"
+    Say "${command[*]} on $name ended with $code after $((SECONDS - began)) s, on"
     chroot "$root" dpkg-query -W -f '    ${Package} ${Version}\n' libqt6webenginecore6 g++ cmake ||
         true
 } | tee -a "$log"
