@@ -7,11 +7,12 @@ namespace tallowmere {
 
 namespace {
 
-// Version 108 came out on 29 November 2022.
-constexpr int kKnownVersion = 108;
-constexpr std::chrono::year_month_day kKnownRelease{std::chrono::year{2022}, std::chrono::November,
-                                                    std::chrono::day{29}};
-constexpr std::chrono::days kBetweenVersions{28};
+// Version 140 came out on 2 September 2025. Four weeks lie between two versions, some more over
+// holidays.
+constexpr int kKnownVersion = 140;
+constexpr std::chrono::year_month_day kKnownRelease{std::chrono::year{2025}, std::chrono::September,
+                                                    std::chrono::day{2}};
+constexpr std::chrono::days kBetweenVersions{30};
 constexpr std::chrono::days kOldAge{182};
 
 } // namespace

@@ -8,8 +8,8 @@
 namespace tallowmere {
 
 /// Whether a web engine with security patches of a Chromium version ("108.0.5359.124") lags behind
-/// the web by half a year or more. Versions appear every four weeks, so that the number tells the
-/// age; a text that is no version counts as old.
+/// the web by half a year or more. A version appears about every month, so that the number tells
+/// the age; a text that is no version counts as old.
 bool IsOldEngine(std::string_view patchVersion, Date today);
 
 /// The line that an old engine is worth at the start, empty for a current one and for one whose

@@ -6,18 +6,22 @@ namespace tallowmere {
 namespace {
 
 TEST(EngineAge, AnEngineIsOldHalfAYearAfterItsRelease) {
-    EXPECT_FALSE(IsOldEngine("108.0.5359.124", {2022, 12, 1}));
-    EXPECT_FALSE(IsOldEngine("108.0.5359.124", {2023, 5, 29})); // 181 days
-    EXPECT_TRUE(IsOldEngine("108.0.5359.124", {2023, 5, 30}));
-    EXPECT_TRUE(IsOldEngine("108", {2026, 11, 21}));
+    EXPECT_FALSE(IsOldEngine("140.0.7339.207", {2025, 9, 10}));
+    EXPECT_FALSE(IsOldEngine("140.0.7339.207", {2026, 3, 2})); // 181 days
+    EXPECT_TRUE(IsOldEngine("140.0.7339.207", {2026, 3, 3}));
+    EXPECT_TRUE(IsOldEngine("140", {2026, 11, 21}));
 }
 
-TEST(EngineAge, AVersionAppearsEveryFourWeeks) {
-    // 51 versions after 108 are 1428 days after 29 November 2022: 27 October 2026.
-    EXPECT_FALSE(IsOldEngine("159.0.1.2", {2026, 11, 21}));
-    EXPECT_FALSE(IsOldEngine("159.0.1.2", {2027, 4, 26}));
-    EXPECT_TRUE(IsOldEngine("159.0.1.2", {2027, 4, 27}));
-    EXPECT_TRUE(IsOldEngine("102.0.5005.177", {2023, 1, 1}));
+TEST(EngineAge, AVersionAppearsAboutEveryMonth) {
+    // 11 versions after 140 are 330 days after 2 September 2025: 29 July 2026.
+    EXPECT_FALSE(IsOldEngine("151.0.7922.71", {2026, 11, 21}));
+    EXPECT_FALSE(IsOldEngine("151.0.7922.71", {2027, 1, 26}));
+    EXPECT_TRUE(IsOldEngine("151.0.7922.71", {2027, 1, 27}));
+    // Those of Debian 13 and 12.
+    EXPECT_TRUE(IsOldEngine("132.0.6834.83", {2026, 11, 21}));
+    EXPECT_FALSE(IsOldEngine("132.0.6834.83", {2025, 5, 1}));
+    EXPECT_TRUE(IsOldEngine("108.0.5359.124", {2026, 11, 21}));
+    EXPECT_TRUE(IsOldEngine("102.0.5005.177", {2023, 3, 1}));
 }
 
 TEST(EngineAge, WhatIsNoVersionIsOld) {
