@@ -192,6 +192,7 @@ class Server:
 
 # What newer accessibility buses call some roles otherwise.
 ROLES = {"button": "push button"}
+DOCUMENTS = ("document web", "document frame")
 
 
 class Widget:
@@ -273,7 +274,7 @@ class Widget:
             if widget is not self and not hidden and not widget.showing:
                 continue
             yield widget
-            if widget.role not in ("document web", "document frame"):
+            if widget.role not in DOCUMENTS:
                 waiting += reversed(widget._known_children())
 
     def find_all(self, name=None, role=None, hidden=False):
@@ -327,8 +328,14 @@ def type_text(text):
     xdotool("type", "--delay", 15, text)
 
 
+# Some releases of xdotool hold Alt for these keys by their names. Numbers are those of every
+# display of today.
+FUNCTION_KEYS = {f"F{n}": str(n + (66 if n <= 10 else 84)) for n in range(1, 13)}
+
+
 def press(*keys):
-    xdotool("key", "--delay", 15, *keys)
+    xdotool("key", "--delay", 15,
+            *("+".join(FUNCTION_KEYS.get(part, part) for part in key.split("+")) for key in keys))
 
 
 def screenshot(path, window="root"):
@@ -389,14 +396,21 @@ class Program:
         """The main window, waited for."""
         return self.application.find(role="frame")
 
+    def documents(self):
+        """The pages that the visible panes show, as controls."""
+        # Newer engines tell of a page a second time, beside the windows.
+        return [page for window in self.application.children()
+                if window.showing and window.role not in DOCUMENTS
+                for page in window.find_all(role="document web")]
+
     def pages(self):
         """The titles of the pages that the visible panes show."""
-        return [page.name for page in self.application.find_all(role="document web")]
+        return [page.name for page in self.documents()]
 
     def page_texts(self):
         """All that the pages of the visible panes say, a page each."""
         texts = []
-        for page in self.application.find_all(role="document web"):
+        for page in self.documents():
             words, waiting = [], [page]
             while waiting:
                 widget = waiting.pop()

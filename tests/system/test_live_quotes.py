@@ -206,8 +206,8 @@ class LiveQuotes(driver.SystemTest):
         self.server.wait_for_request("/done.gif")
         # A link of such a page leads on, to what is at hand.
         def link():
-            for page in program.application.find_all(role="document web", name="evil"):
-                if page.extents[2] > 0 and page.children():
+            for page in program.documents():
+                if page.name == "evil" and page.extents[2] > 0 and page.children():
                     return page
             return None
         left, top, _, _ = driver.wait_for(link, "the page with the link").extents

@@ -54,7 +54,7 @@ class Portfolio(driver.SystemTest):
         driver.press("ctrl+shift+r")
 
         def link():
-            pages = self.program.application.find_all(role="document web")
+            pages = self.program.documents()
             return links(pages[0]).get("MSFT") if len(pages) == 1 else None
         msft = driver.wait_for(link, "the report with its link to MSFT")
         driver.wait_for(lambda: msft.extents[2] > 0, "the link to be laid out")
