@@ -398,9 +398,9 @@ class Program:
 
     def documents(self):
         """The pages that the visible panes show, as controls."""
-        # Newer engines tell of a page a second time, beside the windows.
+        # With newer engines a page hangs in the tree a second time, beside the windows.
         return [page for window in self.application.children()
-                if window.showing and window.role not in DOCUMENTS
+                if window.showing and window.role != "filler"
                 for page in window.find_all(role="document web")]
 
     def pages(self):
