@@ -77,10 +77,11 @@ private Q_SLOTS:
         QVERIFY(!session.Form().WebTick->findChild<QWebEngineView*>());
         QVERIFY(session.Form().WebTick->LocationURL().isEmpty());
         QCOMPARE(session.Stored("WSCTick"), u"False"_s);
-        // What is on its way may still arrive; after that a page of the main pane can be loaded
-        // from one end to the other without a word from the strip.
+        // What is on its way may still arrive while a page of the main pane is loaded from one end
+        // to the other; after that there is not a word from the strip.
         session.Form().Web->Navigate(server.Address(u"/first"_s));
         QVERIFY(Await([&] { return server.CountOf(u"/first"_s) == 1; }));
+        QVERIFY(Await([&] { return !session.Form().Web->Busy(); }));
         const qsizetype before = server.CountOf(u"/tick"_s);
         for (int page = 0; page < 5; ++page) {
             session.Form().Web->Navigate(server.Address(u"/%1"_s.arg(page)));
