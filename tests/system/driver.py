@@ -227,7 +227,9 @@ class Widget:
         """What an entry box or a text holds."""
         if "Text" not in self._read(lambda: Atspi.Accessible.get_interfaces(self.node), []):
             return ""
-        return self._read(lambda: Atspi.Text.get_text(self.node, 0, -1), "")
+        text = self._read(lambda: Atspi.Text.get_text(self.node, 0, -1), "")
+        # Newer releases tell of a password in dots, the older ones nothing at all.
+        return text.strip("\u25cf\u2022*") if self.role == "password text" else text
 
     def has(self, state):
         return self._read(lambda: self.node.get_state_set().contains(state), False)
