@@ -279,21 +279,23 @@ class Widget:
             if widget.role not in DOCUMENTS:
                 waiting += reversed(widget._known_children())
 
-    def find_all(self, name=None, role=None, hidden=False):
-        """All controls below with that name (a text or a pattern) and role."""
+    def _matches(self, name=None, role=None, hidden=False):
         def fits(widget):
             if name is not None:
                 own = widget.name
                 if not (name.search(own) if isinstance(name, re.Pattern) else name == own):
                     return False
             return role is None or widget.role == role
-        return [widget for widget in self.walk(hidden) if fits(widget)]
+        return filter(fits, self.walk(hidden))
+
+    def find_all(self, name=None, role=None, hidden=False):
+        """All controls below with that name (a text or a pattern) and role."""
+        return list(self._matches(name, role, hidden))
 
     def find(self, name=None, role=None, seconds=PATIENCE, **more):
         """The first of them, waited for."""
-        found = wait_for(lambda: self.find_all(name, role, **more),
-                         f"a control named {name!r} of role {role!r}", seconds)
-        return found[0]
+        return wait_for(lambda: next(self._matches(name, role, **more), None),
+                        f"a control named {name!r} of role {role!r}", seconds)
 
     def __repr__(self):
         return f"<{self.role} {self.name!r} {self.extents}>"

@@ -14,6 +14,10 @@ class ActiveEdges(driver.SystemTest):
             "[Settings]\nFirst=OK\nActiveEdge=True\nStocks1=MSFT|\n")
         self.program = self.start()
         self.window = self.program.main_window()
+        # What stands for each side: whoever looks through the whole window first finds a side gone
+        # again.
+        self.signs = {"left": self.window.find(role="list", name="Ticker list", hidden=True),
+                      "right": self.window.find(name="Datek", hidden=True)}
         self.move_to(WIDTH // 2)
         driver.place(self.program.window_id(), LEFT, TOP, WIDTH, HEIGHT)
         driver.wait_for(lambda: any(self.program.pages()), "the first page")
@@ -24,15 +28,10 @@ class ActiveEdges(driver.SystemTest):
             driver.move_pointer(LEFT + x - step, TOP + y)
 
     def shown(self):
-        """Which sides are in view: the ticker list stands for the left one, a broker for the right
-        one."""
-        sides = set()
-        for widget in self.window.walk():
-            if widget.role == "list" and widget.name == "Ticker list":
-                sides.add("left")
-            elif widget.name == "Datek":
-                sides.add("right")
-        return sides
+        """Which sides are in view."""
+        for sign in self.signs.values():
+            sign.node.clear_cache()
+        return {side for side, sign in self.signs.items() if sign.showing}
 
     def wait_for_sides(self, *sides):
         driver.wait_for(lambda: self.shown() == set(sides),
@@ -52,13 +51,8 @@ class ActiveEdges(driver.SystemTest):
 
     def test_a_half_typed_ticker_keeps_the_side_until_it_is_entered(self):
         entry = self.window.find(role="text", name="Ticker entry", hidden=True)
-
-        def is_there():
-            entry.node.clear_cache()
-            return entry.showing
         self.move_to(2)
-        # Whoever looks around for long first finds the side gone again.
-        driver.wait_for(is_there, "the left side")
+        self.wait_for_sides("left")
         entry.click()
         driver.type_text("ib")
         self.move_to(WIDTH // 2)

@@ -18,12 +18,13 @@ class ClubStart(driver.SystemTest):
             f"DefaultWeb=Ahttp://{self.server.host}/mine\n")
         program = self.start()
         window = program.main_window()
+        tickers = window.find(role="list", name="Ticker list")
         self.server.wait_for_request("/members/")
         # The window takes a ticker while the club's page is waited for.
         window.find(role="text", name="Ticker entry").click()
         driver.type_text("ibm")
         driver.press("Return")
-        window.find(role="list item", name="IBM")
+        tickers.find(role="list item", name="IBM")
         driver.screenshot(driver.SCREENSHOTS / "club_start.png")
         # The start page comes by itself, long before the club could have timed out.
         self.server.wait_for_request("/mine", seconds=20)
