@@ -133,6 +133,7 @@ void BrowserPane::Load(const QString& address) {
     m_isAsBuilt = false;
     Begin(address);
     m_isStartAwaited = true;
+    m_placeBefore = m_page->CurrentPlace();
     m_requested = url;
     m_page->load(url);
 }
@@ -240,18 +241,19 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
             Begin(m_profile.AddressOf(info.url()));
         break;
     case QWebEngineLoadingInfo::LoadSucceededStatus:
+        // The engine is late here, too: the page before is complete, the next one not yet begun.
+        if (m_isStartAwaited && m_page->CurrentPlace() == m_placeBefore)
+            break;
         ShowPage();
         OnCommit();
         End(true);
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
         // The engine is late: that was the load before, in whose place another one is to begin.
-        if (m_isAskingPlainly && !m_isStartAwaited)
-            break;
-        if (!m_isStartAwaited)
-            End(false);
-        else
+        if (m_isStartAwaited)
             LoadAgainUnlessBegun();
+        else if (!m_isAskingPlainly)
+            End(false);
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         // What was refused or became a mail is no page that failed.

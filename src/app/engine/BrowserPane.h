@@ -3,10 +3,12 @@
 #include "app/engine/BuiltAddresses.h"
 #include "app/engine/PaneFrame.h"
 
+#include <QDateTime>
 #include <QPointer>
 #include <QUrl>
 
 #include <functional>
+#include <tuple>
 
 class QWebEngineLoadingInfo;
 
@@ -108,6 +110,7 @@ private:
     bool m_isAskingPlainly = false; ///< a load by http is to take the place of one by https
     QStringList m_plainHosts; ///< found while a page is being loaded that may hold parts of theirs
     QUrl m_requested;         ///< of the last load that was handed to the engine
+    std::tuple<int, QUrl, QDateTime> m_placeBefore; ///< where the page was then
     bool m_isStartAwaited = false; ///< a load was handed to the engine, which has not begun it
     bool m_isInPageHook = false;
 };

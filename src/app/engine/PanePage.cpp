@@ -154,17 +154,17 @@ void PanePage::OpenWindow(QWebEngineNewWindowRequest& request) {
         Q_EMIT WindowWanted(url);
 }
 
-std::tuple<int, QUrl, QDateTime> PanePage::Current() const {
+PanePage::Place PanePage::CurrentPlace() const {
     const QWebEngineHistoryItem item = history()->currentItem();
     return {history()->currentItemIndex(), item.url(), item.lastVisited()};
 }
 
 void PanePage::Leave() {
-    m_left = Current();
+    m_left = CurrentPlace();
 }
 
 bool PanePage::IsLeaving() const {
-    return m_left && *m_left == Current();
+    return m_left && *m_left == CurrentPlace();
 }
 
 bool PanePage::Hear(PageAsk& ask) {

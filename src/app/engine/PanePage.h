@@ -54,6 +54,10 @@ public:
     void BeginAnew();
     /// Until another page has come nothing is heard of this one, which would keep it from coming.
     void Leave();
+    /// Where in its history the page is, as of which visit; another one as soon as the next page
+    /// is there.
+    using Place = std::tuple<int, QUrl, QDateTime>;
+    Place CurrentPlace() const;
     /// Whether the user is to be asked about a file that the page wants to save now.
     bool MayAskForDownload() { return m_downloads.MayAsk(); }
 
@@ -95,7 +99,6 @@ private:
                           const std::function<void(bool)>& decide);
     void AskForSignIn(const QString& server, QAuthenticator& authenticator);
     bool IsLeaving() const;
-    std::tuple<int, QUrl, QDateTime> Current() const;
 
     Prompts& m_prompts;
     const MailClicks& m_mailClicks;
@@ -109,7 +112,7 @@ private:
     int m_waiting = 0; ///< answers that the engine waits for in this page's code
     bool m_isEnding = false;
     /// The page that the user leaves: its place, its address and when it came.
-    std::optional<std::tuple<int, QUrl, QDateTime>> m_left;
+    std::optional<Place> m_left;
     bool m_isUnderWay = false;
     QUrl m_wanted;
     bool m_isForm = false;

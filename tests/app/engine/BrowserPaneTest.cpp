@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineView>
 
 #include <csignal>
@@ -306,6 +307,26 @@ private Q_SLOTS:
         }
     }
 
+    void ALateWordOfThePageBeforeTakesNothingFromTheNext() {
+        Bench bench;
+        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QList<QWebEngineLoadingInfo> ends;
+        connect(bench.Page(), &QWebEnginePage::loadingChanged, this,
+                [&](const QWebEngineLoadingInfo& info) {
+                    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+                        ends << info;
+                });
+        bench.pane.Refresh();
+        QTRY_COMPARE(ends.size(), 1);
+        QTRY_VERIFY(!bench.pane.Busy());
+        bench.pane.Navigate(bench.server.Address(u"/b"_s));
+        Q_EMIT bench.Page()->loadingChanged(ends.first());
+        QVERIFY(bench.pane.Busy());
+        QTRY_COMPARE(bench.Title(), u"b"_s);
+        QVERIFY(bench.WaitForEnd());
+        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/b"_s));
+    }
+
     void AFailedLoadSaysSoAndOffersAWayOn() {
         Bench bench;
         const QString address = u"nowhere.invalid/q?s=<b>"_s;
@@ -411,6 +432,7 @@ private Q_SLOTS:
     void TheMenuOfAPageOffersNoWindowsThatTheProgramDoesNotHave() {
         Bench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
+        QVERIFY(AwaitPaint(*bench.Page()));
         QTest::mouseClick(bench.pane.windowHandle(), Qt::RightButton, {}, {100, 200});
         QTRY_VERIFY(QApplication::activePopupWidget());
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
