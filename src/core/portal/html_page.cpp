@@ -93,7 +93,7 @@ const mustWait = () => document.hidden || document.querySelector("body:hover, :f
 const offset = turn => rests
   ? entries[Math.floor(turn * entries.length)].offsetLeft - entries[0].offsetLeft
   : Math.floor(turn * run.offsetWidth / 2);
-let shown = 0, paused = 0, last = Date.now();
+let shown = Infinity, paused = 0, last = Date.now();
 const move = () => {
   const now = Date.now();
   if (mustWait() || still.matches) paused += now - last;
@@ -104,7 +104,10 @@ const move = () => {
   run.style.transform = "translateX(-" + left + "px)";
   shown = left;
 };
-if (entries.length) setInterval(move, rests ? 250 : 34);
+if (entries.length) {
+  move();
+  setInterval(move, rests ? 250 : 34);
+}
 setInterval(() => { if (!mustWait()) location.reload(); }, 60000);
 )js";
 
