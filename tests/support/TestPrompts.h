@@ -9,8 +9,9 @@ namespace tallowmere {
 /// Answers every question as the test says beforehand and records what was shown.
 class TestPrompts : public Prompts {
 public:
-    QStringList messages; ///< "title: text" of everything shown or asked, in order
-    QList<bool> answers;  ///< to questions; without one the answer is no
+    QStringList messages;   ///< "title: text" of everything shown or asked, in order
+    QList<Answer> defaults; ///< of the questions
+    QList<bool> answers;    ///< to questions; without one the answer is no
     QList<std::optional<QString>> inputs;
     QList<std::optional<QString>> files;
     QList<std::optional<QColor>> colors;
@@ -19,8 +20,9 @@ public:
 
     void Message(const QString& text, const QString& title) override { Record(text, title); }
 
-    bool Ask(const QString& text, const QString& title) override {
+    bool Ask(const QString& text, const QString& title, Answer byDefault) override {
         Record(text, title);
+        defaults << byDefault;
         return !answers.isEmpty() && answers.takeFirst();
     }
 
@@ -29,6 +31,11 @@ public:
         Record(prompt, title);
         presets << preset;
         return inputs.isEmpty() ? std::nullopt : inputs.takeFirst();
+    }
+
+    std::optional<QString> InputLines(const QString& prompt, const QString& title,
+                                      const QString& preset) override {
+        return Input(prompt, title, preset);
     }
 
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,

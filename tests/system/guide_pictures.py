@@ -12,7 +12,8 @@ from pathlib import Path
 import driver
 
 TITLE = 20  # pixels that the window manager's title takes above a dialog
-NOTES = "||MSFT||Cloud growth slows? Read the next report.|||||\r\n"
+NOTE_LINE = "Cloud growth slows? Read the next report\u2026"
+NOTES = "||MSFT||Cloud growth slows? Read the next report.\r\nIt comes in January.|||||\r\n"
 REMINDERS = "||12-01-2026||MSFT goes ex dividend|||||\r\n||12-15-2026||Look at the stops|||||\r\n"
 SETTINGS = """[Settings]
 First=OK
@@ -103,6 +104,8 @@ class Pictures:
         self.take("ticker-menu", left, top + 50, 420, 330)
         driver.press("Escape")
 
+        self.commands()
+
         self.window.find(name="Calendar").click()
         self.take("site-menu", left + 160, top + 20, 560, 330)
         driver.press("Escape")
@@ -111,6 +114,38 @@ class Pictures:
         self.dialogs()
         self.generated()
         self.strip()
+
+    def commands(self):
+        """What the user enters, and what is said of it."""
+        left, top, _, height = self.window.extents
+        self.select("IBM")
+        driver.press("Delete")
+        self.window.find(role="push button", name="Undo")
+        driver.move_pointer(left + 700, top + 600)
+        self.take("undo", left, top + 20, 420, 330)
+        driver.press("ctrl+z")
+        driver.wait_for(lambda: self.window.find_all(role="list item", name="IBM"), "the ticker")
+
+        self.select("MSFT")
+        menu = self.window.find(role="menu bar")
+        for caption in ("Ticker", "Notes on MSFT", NOTE_LINE):
+            menu = menu.find(name=caption)
+            menu.click()
+        dialog = self.dialog("Ticker Notes")
+        self.take_dialog("note", dialog)
+        dialog.find(name="OK").click()
+        driver.wait_for(lambda: not dialog.showing, "the box to close")
+
+        self.window.find(name="Ticker entry").click()
+        driver.type_text("amd; msft")
+        driver.press("Return")
+        self.window.find(name="AMD added; MSFT is in the list already.")
+        self.take("entry", left, top + height - 130, 640, 90)
+        driver.press("ctrl+a", "Delete")
+        self.select("MSFT")
+        driver.press("ctrl+z")
+        driver.wait_for(lambda: not self.window.find_all(role="list item", name="AMD"),
+                        "the ticker to go")
 
     def program_find(self):
         self.press("ctrl+f")
@@ -146,6 +181,9 @@ class Pictures:
 
         self.link("Custom link 102, empty").click()
         dialog = self.dialog("Custom Link Properties")
+        driver.type_text("Quote")
+        dialog.find(name="Current Page").click()
+        dialog.find(name="Use for every ticker")
         self.take_dialog("editor", dialog)
         self.close(dialog)
 

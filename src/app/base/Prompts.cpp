@@ -8,10 +8,13 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace tallowmere {
@@ -43,7 +46,8 @@ bool IsLong(const QString& text) {
     return text.size() > characters || text.count(u'\n') > lines || text.contains(run);
 }
 
-bool RunLong(const QString& text, const QString& title, QDialogButtonBox::StandardButtons buttons) {
+bool RunLong(const QString& text, const QString& title, QDialogButtonBox::StandardButtons buttons,
+             QDialogButtonBox::StandardButton byDefault) {
     QDialog dialog(Front());
     dialog.setWindowTitle(title);
     auto* shown = new QPlainTextEdit(text);
@@ -53,7 +57,9 @@ bool RunLong(const QString& text, const QString& title, QDialogButtonBox::Standa
     shown->setTabChangesFocus(true);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(shown);
-    layout->addWidget(MakeButtons(dialog, buttons));
+    QDialogButtonBox* row = MakeButtons(dialog, buttons);
+    row->button(byDefault)->setDefault(true);
+    layout->addWidget(row);
     const QSize screen = dialog.screen()->availableGeometry().size();
     const QSize wanted(shown->fontMetrics().averageCharWidth() * 90,
                        shown->fontMetrics().lineSpacing() * 24);
@@ -69,7 +75,7 @@ void DialogPrompts::Message(const QString& text, const QString& title) {
         return;
     }
     if (IsLong(text)) {
-        RunLong(text, title, QDialogButtonBox::Ok);
+        RunLong(text, title, QDialogButtonBox::Ok, QDialogButtonBox::Ok);
         return;
     }
     QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Ok, Front());
@@ -77,14 +83,17 @@ void DialogPrompts::Message(const QString& text, const QString& title) {
     box.exec();
 }
 
-bool DialogPrompts::Ask(const QString& text, const QString& title) {
+bool DialogPrompts::Ask(const QString& text, const QString& title, Answer byDefault) {
+    const bool isYes = byDefault == Answer::Yes;
     if (IsLeft())
         return false;
     if (IsLong(text))
-        return RunLong(text, title, QDialogButtonBox::Yes | QDialogButtonBox::No);
+        return RunLong(text, title, QDialogButtonBox::Yes | QDialogButtonBox::No,
+                       isYes ? QDialogButtonBox::Yes : QDialogButtonBox::No);
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
                     Front());
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(isYes ? QMessageBox::Yes : QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }
 
@@ -104,6 +113,40 @@ std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString
     layout->addWidget(answer);
     layout->addWidget(MakeButtons(dialog));
     return dialog.exec() == QDialog::Accepted ? std::optional(answer->text()) : std::nullopt;
+}
+
+std::optional<QString> DialogPrompts::InputLines(const QString& prompt, const QString& title,
+                                                 const QString& preset) {
+    if (IsLeft())
+        return std::nullopt;
+    constexpr int kColumns = 60;
+    constexpr int kLines = 8;
+    QDialog dialog(Front());
+    dialog.setWindowTitle(title);
+    auto* question = new QLabel(prompt);
+    question->setTextFormat(Qt::PlainText);
+    auto* answer = new QPlainTextEdit(preset);
+    answer->setAccessibleName(prompt);
+    answer->setTabChangesFocus(true);
+    answer->moveCursor(QTextCursor::End);
+    const QFontMetrics metrics = answer->fontMetrics();
+    const int lines = std::clamp(static_cast<int>(preset.count(u'\n')) + 2, kLines, 2 * kLines);
+    answer->setMinimumHeight(4 * metrics.lineSpacing());
+    QDialogButtonBox* buttons = MakeButtons(dialog);
+    // Enter is for the lines of the text.
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter})
+        new QShortcut(QKeySequence(Qt::CTRL | key), &dialog, &dialog, &QDialog::accept);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(question);
+    layout->addWidget(answer, 1);
+    layout->addWidget(buttons);
+    const QSize screen = dialog.screen()->availableGeometry().size();
+    dialog.resize(QSize(metrics.averageCharWidth() * kColumns, dialog.sizeHint().height() -
+                                                                   answer->sizeHint().height() +
+                                                                   lines * metrics.lineSpacing())
+                      .boundedTo(screen * 0.8));
+    answer->setFocus();
+    return dialog.exec() == QDialog::Accepted ? std::optional(answer->toPlainText()) : std::nullopt;
 }
 
 std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,

@@ -22,11 +22,16 @@ public:
 
     /// Shows a message with the information icon.
     virtual void Message(const QString& text, const QString& title) = 0;
-    /// Asks a Yes/No question; anything but Yes is no.
-    virtual bool Ask(const QString& text, const QString& title) = 0;
+    enum class Answer { Yes, No };
+    /// Asks a Yes/No question; anything but Yes is no. Enter gives the answer `byDefault`, which is
+    /// no where something would be lost.
+    virtual bool Ask(const QString& text, const QString& title, Answer byDefault = Answer::Yes) = 0;
     /// Asks for a line of text; none when cancelled.
     virtual std::optional<QString> Input(const QString& prompt, const QString& title,
                                          const QString& preset) = 0;
+    /// Asks for a text of any number of lines, which end with line feeds; none when cancelled.
+    virtual std::optional<QString> InputLines(const QString& prompt, const QString& title,
+                                              const QString& preset) = 0;
     /// Asks where to save a file; none when cancelled. `filter` is in Qt's form.
     virtual std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                             const QString& filter) = 0;
@@ -46,9 +51,11 @@ inline QString MessageTitle() {
 class DialogPrompts : public Prompts {
 public:
     void Message(const QString& text, const QString& title) override;
-    bool Ask(const QString& text, const QString& title) override;
+    bool Ask(const QString& text, const QString& title, Answer byDefault = Answer::Yes) override;
     std::optional<QString> Input(const QString& prompt, const QString& title,
                                  const QString& preset) override;
+    std::optional<QString> InputLines(const QString& prompt, const QString& title,
+                                      const QString& preset) override;
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                     const QString& filter) override;
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override;

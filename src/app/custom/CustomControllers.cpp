@@ -10,15 +10,22 @@
 
 namespace tallowmere {
 
-CustomControllers::CustomControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                                     Prompts& prompts, const std::filesystem::path& programFolder,
+CustomControllers::CustomControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                                     const SiteTable& sites, Prompts& prompts,
+                                     const std::filesystem::path& programFolder,
                                      EngineProfile& profile, LinkControllers& links)
-    : editor(new CustomEditor(form, settings, prompts, programFolder, links.recording,
+    : editor(new CustomEditor(form, settings, undo, prompts, programFolder, links.recording,
                               *links.dispatch)),
-      menu(new CustomMenu(form, settings, *links.panel, *links.panes, *links.dispatch, *editor)),
-      multiLinks(new MultiLinks(form, settings, sites, prompts, programFolder, links.recording,
-                                *links.panes, *links.dispatch, *links.panel)) {
+      menu(new CustomMenu(form, settings, undo, *links.panel, *links.panes, *links.dispatch,
+                          *editor)),
+      multiLinks(new MultiLinks(form, settings, undo, sites, prompts, programFolder,
+                                links.recording, *links.panes, *links.dispatch, *links.panel)) {
     new PageCells(form, prompts, programFolder, *links.panes, profile);
+}
+
+void ForgetCustomLinks(frmMain& form) {
+    for (int slot = kFirstCustom; slot <= kLastCustom; ++slot)
+        form.ShowCustomLink({}, slot);
 }
 
 void ShowCustomLinks(frmMain& form, const SettingsStore& settings) {

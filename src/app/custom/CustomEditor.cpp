@@ -8,8 +8,9 @@
 #include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/custom/multi_link.h"
+#include "core/links/address.h"
 #include "core/market/timers.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 #include "core/text/bytes.h"
 
 #include <QPushButton>
@@ -20,10 +21,10 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-CustomEditor::CustomEditor(frmMain& form, SettingsStore& settings, Prompts& prompts,
-                           const std::filesystem::path& programFolder, RecordingState& recording,
-                           LinkDispatch& dispatch)
-    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+CustomEditor::CustomEditor(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                           Prompts& prompts, const std::filesystem::path& programFolder,
+                           RecordingState& recording, LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_prompts(prompts),
       m_programFolder(programFolder), m_recording(recording), m_dispatch(dispatch) {
     connect(&dispatch, &LinkDispatch::EditorRequested, this, &CustomEditor::Open);
 }
@@ -33,10 +34,13 @@ void CustomEditor::Open(int slot) {
         return;
     m_slot = slot;
     m_pendingPageFile.reset();
+    m_offersPlaceholder = false;
     m_editor = new frmCustom(&m_form);
     m_editor->setAttribute(Qt::WA_DeleteOnClose);
     Connect();
     Load();
+    m_editor->txtTitle->selectAll();
+    m_editor->txtTitle->setFocus();
     m_editor->setModal(true);
     m_editor->show();
 }
@@ -47,8 +51,9 @@ void CustomEditor::Connect() {
     connect(editor.txtTitle, &QLineEdit::editingFinished, this, &CustomEditor::TrimTitle);
     connect(editor.Command1, &QPushButton::clicked, this, &CustomEditor::Reset);
     connect(editor.Command2, &QPushButton::clicked, this, &CustomEditor::Save);
-    connect(editor.Command4, &QPushButton::clicked, this,
-            [this] { m_editor->txtURL->setText(m_form.Web->LocationURL()); });
+    connect(editor.Command4, &QPushButton::clicked, this, &CustomEditor::TakePage);
+    connect(editor.txtURL, &QLineEdit::textChanged, this, &CustomEditor::ShowAddress);
+    connect(editor.cmdPlaceholder, &QPushButton::clicked, this, &CustomEditor::UsePlaceholder);
     connect(editor.Command5, &QPushButton::clicked, this, &CustomEditor::PickText);
     connect(editor.Command6, &QPushButton::clicked, this, &CustomEditor::PickBackground);
     connect(editor.cmdMulti, &QPushButton::clicked, this, &CustomEditor::StartMultiLink);
@@ -62,6 +67,40 @@ void CustomEditor::Load() {
                                                              : ColorsOver(area, record.colors));
     m_editor->txtTitle->setText(ToQt(record.title));
     m_editor->txtURL->setText(ToQt(record.address));
+}
+
+void CustomEditor::TakePage() {
+    m_offersPlaceholder = true;
+    m_editor->txtURL->setText(m_form.Web->LocationURL());
+    ShowAddress();
+}
+
+std::optional<PlaceholderOffer> CustomEditor::Offer() const {
+    std::vector<std::string> tickers{FromQt(m_form.List1->SelectedText())};
+    for (const QString& ticker : m_form.List1->Items())
+        tickers.push_back(FromQt(ticker));
+    return OfferPlaceholders(FromQt(m_editor->txtURL->text()), tickers);
+}
+
+// What a link opens is shown for the selected ticker, where it depends on it.
+void CustomEditor::ShowAddress() {
+    const std::string address = FromQt(m_editor->txtURL->text());
+    const auto offer = m_offersPlaceholder ? Offer() : std::nullopt;
+    m_editor->OfferPlaceholder(offer ? ToQt(offer->ticker) : QString());
+    const auto forms = m_dispatch.CurrentForms();
+    if (offer)
+        m_editor->ShowExpanded(ToQt(offer->ticker) + u" found : "_s + ToQt(offer->address));
+    else if (forms && HoldsPlaceholder(address))
+        m_editor->ShowExpanded(u"For "_s + ToQt(forms->upper) + u" : "_s +
+                               ToQt(ExpandPlaceholders(address, *forms)));
+    else
+        m_editor->ShowExpanded({});
+}
+
+void CustomEditor::UsePlaceholder() {
+    if (const auto offer = Offer())
+        m_editor->txtURL->setText(ToQt(offer->address));
+    m_editor->txtURL->setFocus();
 }
 
 void CustomEditor::Finished() {
@@ -109,6 +148,7 @@ void CustomEditor::PickBackground() {
 
 // Nothing is stored yet: Cancel still leaves the slot and its page file as they were.
 void CustomEditor::Reset() {
+    m_offersPlaceholder = false;
     if (auto page = StoredPageName(FromQt(m_editor->txtURL->text())))
         m_pendingPageFile = std::move(page);
     m_editor->txtTitle->setText(ToQt(kEmptyCustomCaption));
@@ -123,7 +163,23 @@ void CustomEditor::Refuse(std::string_view message) const {
 void CustomEditor::Store(const std::string& address) {
     const ColorPair colors = StorableColors(m_editor->lblExamp->Colors());
     const CustomLinkRecord record{address, Title(), colors};
-    SaveCustomLink(m_settings, m_slot, record);
+    const std::string old = LoadCustomLink(m_settings, m_slot).title;
+    const bool isRemoved = IsUnusedSlot(record.title) && !IsUnusedSlot(old);
+    UndoFiles files;
+    if (m_pendingPageFile)
+        files.push_back(*m_pendingPageFile);
+    m_undo.Run(
+        isRemoved ? "Reset Link " + old : "Edit Link " + record.title,
+        [&] {
+            SaveCustomLink(m_settings, m_slot, record);
+            for (const std::string& page : files) {
+                std::error_code ignored;
+                std::filesystem::remove(m_programFolder / ToPath(ToQt(page)), ignored);
+            }
+            if (isRemoved)
+                m_undo.TellRemoved(LinkRemoved(old));
+        },
+        files);
     m_form.ShowCustomLink(record, m_slot);
 }
 
@@ -135,10 +191,6 @@ void CustomEditor::Save() {
         return;
     }
     Store(address);
-    if (m_pendingPageFile) {
-        std::error_code ignored;
-        std::filesystem::remove(m_programFolder / ToPath(ToQt(*m_pendingPageFile)), ignored);
-    }
     m_editor->accept();
 }
 
@@ -164,6 +216,8 @@ void CustomEditor::StartMultiLink() {
         Refuse(kMultiLinkTitleInvalid);
         return;
     }
+    // Only Save deletes the page that Reset marked.
+    m_pendingPageFile.reset();
     Store(std::string(kMultiLinkPrefix) + *name);
     m_recording.multiLinkPending = true;
     m_recording.multiLinkSlot = m_slot;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/forms/frmCustom.h"
+#include "core/custom/placeholder_offer.h"
 
 #include <QObject>
 #include <QPointer>
@@ -15,13 +16,14 @@ class LinkDispatch;
 class Prompts;
 struct RecordingState;
 class SettingsStore;
+class UndoRecorder;
 class frmMain;
 
 /// Edits one slot of the user's own links: what stands in the editor, and what its buttons do.
 class CustomEditor : public QObject {
     Q_OBJECT
 public:
-    CustomEditor(frmMain& form, SettingsStore& settings, Prompts& prompts,
+    CustomEditor(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                  const std::filesystem::path& programFolder, RecordingState& recording,
                  LinkDispatch& dispatch);
 
@@ -35,6 +37,11 @@ public:
     int Slot() const { return m_slot; }
 
 private:
+    void TakePage();
+    void ShowAddress();
+    void UsePlaceholder();
+    /// What could be made of the address with placeholders.
+    std::optional<PlaceholderOffer> Offer() const;
     void Load();
     void Connect();
     void Reset();
@@ -52,12 +59,14 @@ private:
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     Prompts& m_prompts;
     std::filesystem::path m_programFolder;
     RecordingState& m_recording;
     LinkDispatch& m_dispatch;
     QPointer<frmCustom> m_editor;
     int m_slot = 0;
+    bool m_offersPlaceholder = false; ///< the address is that of a page
     /// The page file that Reset marked for deletion, by its name; Save deletes it.
     std::optional<std::string> m_pendingPageFile;
 };

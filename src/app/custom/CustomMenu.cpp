@@ -6,7 +6,7 @@
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 
 namespace tallowmere {
 
@@ -18,10 +18,10 @@ enum Item { Open = 1, OpenInNewWindow, Properties, ResetSlot, Separator, Copy, P
 
 } // namespace
 
-CustomMenu::CustomMenu(frmMain& form, SettingsStore& settings, LinkPanel& panel, PaneDeck& panes,
-                       LinkDispatch& dispatch, CustomEditor& editor)
+CustomMenu::CustomMenu(frmMain& form, SettingsStore& settings, UndoRecorder& undo, LinkPanel& panel,
+                       PaneDeck& panes, LinkDispatch& dispatch, CustomEditor& editor)
     : QObject(&form), mnuCustom(new QMenu(u"Custom"_s, &form)), m_form(form), m_settings(settings),
-      m_panes(panes), m_dispatch(dispatch), m_editor(editor) {
+      m_undo(undo), m_panes(panes), m_dispatch(dispatch), m_editor(editor) {
     Build();
     connect(mnuCustom, &QMenu::aboutToShow, &panel, [&panel] { panel.Hold(true); });
     connect(mnuCustom, &QMenu::aboutToHide, &panel, [&panel] { panel.Hold(false); });
@@ -100,7 +100,11 @@ void CustomMenu::Choose(int item) {
 
 // Unlike the editor's Reset, this one leaves the page file of a multi-link where it is.
 void CustomMenu::Reset() {
-    ResetCustomLink(m_settings, m_slot);
+    const std::string title = FromQt(Link()->Caption());
+    m_undo.Run("Reset Link " + title, [&] {
+        ResetCustomLink(m_settings, m_slot);
+        m_undo.TellRemoved(LinkRemoved(title));
+    });
     Link()->SetColors(CustomAreaColors(m_settings));
     m_form.ShowCustomLink(LoadCustomLink(m_settings, m_slot), m_slot);
 }
@@ -115,7 +119,7 @@ void CustomMenu::PasteColors() {
     if (m_copied.text == 0)
         return;
     Link()->SetColors(m_copied);
-    SaveLinkColors(m_settings, m_slot, m_copied);
+    m_undo.Run("Paste Colors", [this] { SaveLinkColors(m_settings, m_slot, m_copied); });
 }
 
 } // namespace tallowmere

@@ -17,6 +17,7 @@ class LinkDispatch;
 class LinkPanel;
 class PaneDeck;
 class SettingsStore;
+class UndoRecorder;
 class frmMain;
 
 /// The menu `mnuCustom` of the user's own links. By keyboard it opens on every link, and offers
@@ -24,8 +25,8 @@ class frmMain;
 class CustomMenu : public QObject {
     Q_OBJECT
 public:
-    CustomMenu(frmMain& form, SettingsStore& settings, LinkPanel& panel, PaneDeck& panes,
-               LinkDispatch& dispatch, CustomEditor& editor);
+    CustomMenu(frmMain& form, SettingsStore& settings, UndoRecorder& undo, LinkPanel& panel,
+               PaneDeck& panes, LinkDispatch& dispatch, CustomEditor& editor);
 
     QMenu* mnuCustom;
     /// Items 1 to 7; element 0 is not used.
@@ -48,6 +49,7 @@ private:
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     PaneDeck& m_panes;
     LinkDispatch& m_dispatch;
     CustomEditor& m_editor;

@@ -13,7 +13,7 @@
 #include "core/links/chart_page.h"
 #include "core/market/timers.h"
 #include "core/shell/area_colors.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 #include "core/sites/site_table.h"
 #include "core/text/bytes.h"
 #include "core/text/files.h"
@@ -38,13 +38,13 @@ bool MayBlink(const QWidget* widget) {
 
 } // namespace
 
-MultiLinks::MultiLinks(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                       Prompts& prompts, const std::filesystem::path& programFolder,
-                       RecordingState& recording, PaneDeck& panes, LinkDispatch& dispatch,
-                       LinkPanel& panel)
-    : QObject(&form), m_form(form), m_settings(settings), m_sites(sites), m_prompts(prompts),
-      m_programFolder(programFolder), m_recording(recording), m_panes(panes), m_dispatch(dispatch),
-      m_panel(panel) {
+MultiLinks::MultiLinks(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                       const SiteTable& sites, Prompts& prompts,
+                       const std::filesystem::path& programFolder, RecordingState& recording,
+                       PaneDeck& panes, LinkDispatch& dispatch, LinkPanel& panel)
+    : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_sites(sites),
+      m_prompts(prompts), m_programFolder(programFolder), m_recording(recording), m_panes(panes),
+      m_dispatch(dispatch), m_panel(panel) {
     Timer4.setInterval(kBlinkInterval);
     connect(&Timer4, &QTimer::timeout, this, &MultiLinks::Blink);
     connect(&dispatch, &LinkDispatch::RecordingToggled, this, &MultiLinks::Toggle);
@@ -119,7 +119,10 @@ void MultiLinks::StorePage(std::string page) {
         m_prompts.Message(ToQt(kMultiLinkTitleInvalid), ToQt(kCustomLinkCaption));
         return;
     }
-    WriteWholeFile(m_programFolder / ToPath(ToQt(*name)), page.append(kLineEnd));
+    m_undo.Run(
+        "Record " + FromQt(link->Caption()),
+        [&] { WriteWholeFile(m_programFolder / ToPath(ToQt(*name)), page.append(kLineEnd)); },
+        {*name});
 }
 
 void MultiLinks::ShowStored(const QString& address) {

@@ -14,6 +14,7 @@ class Prompts;
 struct RecordingState;
 class SettingsStore;
 class SiteTable;
+class UndoRecorder;
 class frmMain;
 
 /// Records several links as one page: link 211 starts it and, blinking, ends it. Shows what was
@@ -21,9 +22,10 @@ class frmMain;
 class MultiLinks : public QObject {
     Q_OBJECT
 public:
-    MultiLinks(frmMain& form, SettingsStore& settings, const SiteTable& sites, Prompts& prompts,
-               const std::filesystem::path& programFolder, RecordingState& recording,
-               PaneDeck& panes, LinkDispatch& dispatch, LinkPanel& panel);
+    MultiLinks(frmMain& form, SettingsStore& settings, UndoRecorder& undo, const SiteTable& sites,
+               Prompts& prompts, const std::filesystem::path& programFolder,
+               RecordingState& recording, PaneDeck& panes, LinkDispatch& dispatch,
+               LinkPanel& panel);
 
     /// What a click of link 211 does.
     void Toggle();
@@ -46,6 +48,7 @@ private:
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     const SiteTable& m_sites;
     Prompts& m_prompts;
     std::filesystem::path m_programFolder;

@@ -4,6 +4,7 @@
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
@@ -11,9 +12,27 @@ namespace tallowmere {
 
 namespace {
 
+constexpr int kSignMargin = 4;
+
 class Delegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto* items = qobject_cast<const MarkedItems*>(index.model());
+        const QString sign = items ? items->MarkOf(index).sign : QString();
+        if (sign.isEmpty())
+            return;
+        const bool isSelected = option.state & QStyle::State_Selected;
+        painter->save();
+        painter->setPen(
+            option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(option.rect.adjusted(0, 0, -kSignMargin, 0),
+                          Qt::AlignRight | Qt::AlignVCenter, sign);
+        painter->restore();
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -23,6 +42,28 @@ protected:
 };
 
 } // namespace
+
+ItemMark MarkedItems::MarkOf(const QModelIndex& index) const {
+    return m_marker ? m_marker(QStringListModel::data(index, Qt::DisplayRole).toString())
+                    : ItemMark{};
+}
+
+QVariant MarkedItems::data(const QModelIndex& index, int role) const {
+    if (role == Qt::ToolTipRole)
+        return MarkOf(index).hint;
+    if (role == Qt::AccessibleDescriptionRole)
+        return MarkOf(index).meaning;
+    return QStringListModel::data(index, role);
+}
+
+void ListBox::SetMarker(MarkedItems::Marker marker) {
+    m_model.SetMarker(std::move(marker));
+    RefreshMarks();
+}
+
+void ListBox::RefreshMarks() {
+    viewport()->update();
+}
 
 ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : QListView(parent) {
@@ -100,10 +141,15 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
     QListView::mouseMoveEvent(event);
 }
 
-// The right button leaves the selection alone: its menu is about the selected item.
+// The menu of the right button is about the item under the pointer, which it selects; over no item
+// it is about the one that is selected.
 void ListBox::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton)
+    if (event->button() == Qt::RightButton) {
+        const QModelIndex item = indexAt(event->position().toPoint());
+        if (item.isValid())
+            selectionModel()->setCurrentIndex(item, QItemSelectionModel::ClearAndSelect);
         return;
+    }
     QListView::mousePressEvent(event);
     Q_EMIT Clicked();
 }

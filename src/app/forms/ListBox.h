@@ -3,7 +3,29 @@
 #include <QListView>
 #include <QStringListModel>
 
+#include <functional>
+
 namespace tallowmere {
+
+/// What stands beside an item of a list.
+struct ItemMark {
+    QString sign;    ///< a character at the end of its row, empty for none
+    QString hint;    ///< what is shown while the pointer rests on the item
+    QString meaning; ///< what a screen reader says after the item
+};
+
+/// The texts of a list, with the marks that a function gives for them.
+class MarkedItems : public QStringListModel {
+    Q_OBJECT
+public:
+    using Marker = std::function<ItemMark(const QString& item)>;
+    void SetMarker(Marker marker) { m_marker = std::move(marker); }
+    ItemMark MarkOf(const QModelIndex& index) const;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    Marker m_marker;
+};
 
 /// A list of texts of which one may be selected; made for lists of many thousand items.
 class ListBox : public QListView {
@@ -26,6 +48,12 @@ public:
     /// The text of the selected item, empty when there is none.
     QString SelectedText() const;
 
+    /// Marks items from now on by what the function gives for their texts.
+    void SetMarker(MarkedItems::Marker marker);
+    /// Shows the marks anew when the function gives others.
+    void RefreshMarks();
+    ItemMark MarkOf(int index) const { return m_model.MarkOf(m_model.index(index)); }
+
 Q_SIGNALS:
     /// The user clicked the list or moved its selection.
     void Clicked();
@@ -45,7 +73,7 @@ protected:
 
 private:
     void AskForMenu();
-    QStringListModel m_model;
+    MarkedItems m_model;
     bool m_fromUser = true;
 };
 

@@ -86,6 +86,8 @@ void MainMenus::BuildCommands() {
     mnuRefresh = Command(u"mnuRefresh"_s, u"AutoRefresh"_s);
     mnuRefresh->setCheckable(true);
     clearList = Command(u"clearList"_s, u"Clear Ticker List..."_s, u"Ctrl+Shift+Del"_s);
+    undo = Command(u"undo"_s, u"&Undo"_s, u"Ctrl+Z"_s);
+    redo = Command(u"redo"_s, u"&Redo"_s, u"Ctrl+Shift+Z"_s);
     exit = Command(u"exit"_s, u"E&xit"_s, u"Ctrl+Q"_s);
     goToTicker = Command(u"goToTicker"_s, u"&Enter Tickers"_s, u"Ctrl+T"_s);
     openLast = Command(u"openLast"_s, u"&Open Last Link"_s, u"Ctrl+Return"_s);
@@ -129,6 +131,10 @@ void MainMenus::BuildTickerMenu() {
 void MainMenus::BuildOptionsMenu() {
     mnuPortOptions = new QMenu(&m_window);
     mnuPortOptions->setObjectName(u"mnuPortOptions"_s);
+    portfolioHeading = Command(u"portfolioHeading"_s, {});
+    portfolioHeading->setEnabled(false);
+    mnuPortOptions->addAction(portfolioHeading);
+    mnuPortOptions->addSeparator();
     mnuPortOptions->addAction(mnuPortOpt[1]);
     mnuPortOptions->addSeparator();
     mnuPortOptions->addAction(mnuPortOpt[3]);
@@ -147,6 +153,8 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
         }
     };
     portfolioMenu = bar.addMenu(u"&Portfolio"_s);
+    portfolioMenu->addActions({undo, redo});
+    portfolioMenu->addSeparator();
     QMenu* select = portfolioMenu->addMenu(u"&Select"_s);
     for (int n = 1; n <= 10; ++n)
         select->addAction(selectPortfolio[static_cast<std::size_t>(n)]);

@@ -42,6 +42,7 @@ public:
 
     // The portfolio options menu.
     QMenu* mnuPortOptions;
+    QAction* portfolioHeading;            ///< on top of it: the portfolio that it acts on
     std::array<QAction*, 4> mnuPortOpt{}; ///< 1 rename, 3 labels; 0 and 2 are not used
     QAction* mnuViewPort;
     QAction* mnuPrintPort;
@@ -50,6 +51,8 @@ public:
     QAction* clearList;
 
     // Commands of the menu bar alone.
+    QAction* undo;
+    QAction* redo;
     QAction* exit;
     QAction* goToTicker;
     QAction* openLast;

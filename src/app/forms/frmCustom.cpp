@@ -37,6 +37,14 @@ frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     txtURL = Box(u"txtURL"_s, u"URL"_s);
     txtURL->setMaxLength(1 << 20);
     txtURL->setMinimumWidth(fontMetrics().averageCharWidth() * kAddressCharacters);
+    txtTitle->installEventFilter(this);
+    connect(txtTitle, &QLineEdit::textEdited, this, &frmCustom::EditTitle);
+    connect(txtTitle, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_lastTitle = text; });
+    m_expanded = new QLabel(this);
+    m_expanded->setObjectName(u"lblExpanded"_s);
+    m_expanded->setTextFormat(Qt::PlainText);
+    m_expanded->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lblExamp = new Chip(u"lblExamp"_s, -1, ToQt(kEmptyCustomCaption), this);
     lblExamp->setFocusPolicy(Qt::NoFocus);
     lblExamp->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -45,6 +53,8 @@ frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     Command5 = Button(u"Command5"_s, u"&Text Color"_s);
     Command6 = Button(u"Command6"_s, u"&Background Color"_s);
     cmdMulti = Button(u"cmdMulti"_s, u"&Multi Link"_s);
+    cmdPlaceholder = Button(u"cmdPlaceholder"_s, {});
+    cmdPlaceholder->hide();
     Command1 = Button(u"Command1"_s, u"&Reset"_s);
     Command2 = Button(u"Command2"_s, u"&Save"_s);
     Command3 = Button(u"Command3"_s, u"&Cancel"_s);
@@ -68,6 +78,8 @@ frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     fields->addWidget(addressLabel, 1, 0);
     fields->addWidget(txtURL, 1, 1, 1, 2);
     fields->addWidget(Command4, 1, 3);
+    fields->addWidget(m_expanded, 2, 1, 1, 2);
+    fields->addWidget(cmdPlaceholder, 2, 3);
     fields->setColumnStretch(2, 1);
     fields->setHorizontalSpacing(2 * fields->horizontalSpacing());
 
@@ -84,6 +96,40 @@ frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     all->addWidget(HelpText(kMultiLinkHelp, this));
     all->addStretch(1);
     all->addLayout(buttons);
+}
+
+void frmCustom::ShowExpanded(const QString& text) {
+    m_expanded->setText(LineStart(text));
+    m_expanded->setToolTip(LineStart(text));
+}
+
+void frmCustom::OfferPlaceholder(const QString& ticker) {
+    cmdPlaceholder->setText(u"Use &for every ticker"_s);
+    cmdPlaceholder->setAccessibleName(u"Use for every ticker"_s);
+    cmdPlaceholder->setToolTip(u"Put a placeholder in place of "_s + ticker);
+    cmdPlaceholder->setVisible(!ticker.isEmpty());
+}
+
+// The caption of an unused slot is no title: what is typed into it takes its place.
+void frmCustom::EditTitle(const QString& text) {
+    const QString unused = ToQt(kEmptyCustomCaption);
+    const QString before = std::exchange(m_lastTitle, text);
+    if (before != unused || text == unused)
+        return;
+    const qsizetype caret = txtTitle->cursorPosition();
+    const qsizetype typed = text.size() - unused.size();
+    if (typed > 0 && caret >= typed && QString(text).remove(caret - typed, typed) == unused)
+        txtTitle->setText(text.mid(caret - typed, typed));
+    else if (typed == -1 && QString(unused).remove(caret, 1) == text)
+        txtTitle->clear();
+}
+
+// A click into the caption of an unused slot selects it, as the opening of the window does.
+bool frmCustom::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == txtTitle && event->type() == QEvent::MouseButtonRelease &&
+        txtTitle->text() == ToQt(kEmptyCustomCaption))
+        txtTitle->selectAll();
+    return QDialog::eventFilter(watched, event);
 }
 
 QPushButton* frmCustom::Button(const QString& name, const QString& caption) {

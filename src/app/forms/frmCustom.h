@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -25,10 +26,23 @@ public:
     QPushButton* Command5; ///< Text Color
     QPushButton* Command6; ///< Background Color
     QPushButton* cmdMulti;
+    QPushButton* cmdPlaceholder; ///< puts the placeholder where a ticker was found in the address
+
+    /// Shows what the address becomes for the selected ticker; an empty text shows nothing.
+    void ShowExpanded(const QString& text);
+    /// Offers to put a placeholder for a ticker; an empty ticker takes the offer away.
+    void OfferPlaceholder(const QString& ticker);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void EditTitle(const QString& text);
     QPushButton* Button(const QString& name, const QString& caption);
     QLineEdit* Box(const QString& name, const QString& accessibleName);
+
+    QLabel* m_expanded;
+    QString m_lastTitle; ///< as it was before what the user types
 };
 
 } // namespace tallowmere

@@ -5,6 +5,7 @@
 #include "app/forms/ChipGroup.h"
 #include "app/forms/Grip.h"
 #include "app/forms/TopBar.h"
+#include "app/forms/UndoBar.h"
 #include "core/links/link_areas.h"
 
 #include <QCloseEvent>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kGap = 3;
 constexpr int kListRows = 6;
+constexpr int kRowsBesideBar = 2;
 constexpr int kLongestEntry = 1'000'000; // a list of any size may be pasted
 
 QRect ToQt(const Rect& rect) {
@@ -99,6 +101,8 @@ void frmMain::BuildPortfolioControls() {
     Label1->setFocusPolicy(Qt::StrongFocus);
     Label1->SetHasDoubleClick(true);
     List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_body);
+    undoBar = new UndoBar(m_body);
+    connect(undoBar, &UndoBar::Switched, this, &frmMain::LayOut);
 }
 
 QScrollArea* frmMain::MakePanel(QScrollArea* panel, const QString& name,
@@ -258,6 +262,21 @@ void frmMain::LayOutPortfolio(const QRect& area) {
     Label1->setGeometry(left + inner - removeWidth, y, removeWidth, boxHeight);
     y += boxHeight + kGap;
     List1->setGeometry(left, y, std::max(0, inner), std::max(0, area.bottom() - kGap - y + 1));
+    LayOutUndoBar();
+}
+
+// The list makes room for the bar below its rows; where it has none to give, the bar lies over the
+// links under it. Nothing else moves.
+void frmMain::LayOutUndoBar() {
+    if (undoBar->isHidden())
+        return;
+    QRect list = List1->geometry();
+    const int height = undoBar->heightForWidth(list.width());
+    if (list.height() - height >= kRowsBesideBar * List1->fontMetrics().height())
+        list.setBottom(list.bottom() - height);
+    List1->setGeometry(list);
+    undoBar->setGeometry(list.x(), list.bottom() + 1, list.width(), height);
+    undoBar->raise();
 }
 
 void frmMain::ShowCustomLink(const CustomLinkRecord& record, int slot) {

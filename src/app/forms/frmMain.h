@@ -22,6 +22,7 @@ class BrowserPane;
 class EngineProfile;
 class Grip;
 class Prompts;
+class UndoBar;
 
 /// The main window: its controls under their names, and where they stand. What they do is the
 /// controllers' business.
@@ -37,6 +38,7 @@ public:
     QLineEdit* txtStock;
     Chip* Label1;
     ListBox* List1;
+    UndoBar* undoBar;
 
     // Links.
     std::array<Chip*, kLinkCount> lbllink{};
@@ -105,6 +107,7 @@ private:
     void BuildPanes(EngineProfile& profile, Prompts& prompts);
     QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
     void LayOutPortfolio(const QRect& area);
+    void LayOutUndoBar();
     int PortfolioHeight() const;
     void ConnectGrips();
     void TellPointer(const QPoint& globalPosition);

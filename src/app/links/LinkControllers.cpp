@@ -12,15 +12,15 @@
 
 namespace tallowmere {
 
-LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                                 const MenuTable& menus, const WebAccess& web, Prompts& prompts,
-                                 const Clock& clock, const std::filesystem::path& programFolder,
-                                 Transfers& transfers)
+LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                                 const SiteTable& sites, const MenuTable& menus,
+                                 const WebAccess& web, Prompts& prompts, const Clock& clock,
+                                 const std::filesystem::path& programFolder, Transfers& transfers)
     : outside(new SeparateBrowser(sites, web, prompts, programFolder, &form)),
       panes(new PaneDeck(form, recording, sites, programFolder, *outside)),
       dispatch(new LinkDispatch(form, recording, accounts, settings, sites, prompts, clock, *panes,
                                 transfers.inet)),
-      panel(new LinkPanel(form, recording, settings, sites, prompts, *dispatch, *panes)),
+      panel(new LinkPanel(form, recording, settings, undo, sites, prompts, *dispatch, *panes)),
       popups(new SitePopups(form, sites, menus, prompts, clock, *dispatch, *panes)),
       lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
       navigate(new SmartNavigate(form, settings, *panes)) {

@@ -19,6 +19,7 @@ class SettingsStore;
 class SitePopups;
 class SiteTable;
 class SmartNavigate;
+class UndoRecorder;
 class WebAccess;
 class frmMain;
 struct Transfers;
@@ -26,10 +27,10 @@ struct Transfers;
 /// The controllers of the links and the panes, connected to each other, and what they share with
 /// the subsystems above them. The form owns the controllers.
 struct LinkControllers {
-    LinkControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                    const MenuTable& menus, const WebAccess& web, Prompts& prompts,
-                    const Clock& clock, const std::filesystem::path& programFolder,
-                    Transfers& transfers);
+    LinkControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                    const SiteTable& sites, const MenuTable& menus, const WebAccess& web,
+                    Prompts& prompts, const Clock& clock,
+                    const std::filesystem::path& programFolder, Transfers& transfers);
 
     RecordingState recording;
     Accounts accounts;

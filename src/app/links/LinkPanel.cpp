@@ -8,7 +8,7 @@
 #include "app/links/RecordingState.h"
 #include "core/custom/custom_link.h"
 #include "core/links/portfolio_address.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 #include "core/sites/site_table.h"
 
 #include <QApplication>
@@ -49,10 +49,10 @@ LinkAction ActionOf(const Chip* link) {
 } // namespace
 
 LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
-                     const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch,
-                     PaneDeck& panes)
-    : QObject(&form), m_form(form), m_recording(recording), m_settings(settings), m_sites(sites),
-      m_prompts(prompts), m_dispatch(dispatch), m_panes(panes) {
+                     UndoRecorder& undo, const SiteTable& sites, Prompts& prompts,
+                     LinkDispatch& dispatch, PaneDeck& panes)
+    : QObject(&form), m_form(form), m_recording(recording), m_settings(settings), m_undo(undo),
+      m_sites(sites), m_prompts(prompts), m_dispatch(dispatch), m_panes(panes) {
     for (Chip* link : form.lbllink)
         Connect(link);
     for (const auto& [action, index] : form.menus->links)
@@ -189,10 +189,16 @@ void LinkPanel::Drop(Chip* target, int source) {
         if (alive)
             alive->ForgetPointer();
     });
-    if (!IsUnusedSlot(target) &&
-        !m_prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))), ToQt(kMoveLinkCaption)))
+    if (!IsUnusedSlot(target) && !m_prompts.Ask(ToQt(OverwriteQuestion(FromQt(target->Caption()))),
+                                                ToQt(kMoveLinkCaption), Prompts::Answer::No))
         return;
-    MoveCustomLink(m_settings, source, target->Index());
+    const QString overwritten = IsUnusedSlot(target) ? QString() : target->Caption();
+    const Chip* moved = m_form.lbllink.at(static_cast<std::size_t>(source));
+    m_undo.Run("Move Link " + FromQt(moved->Caption()), [&] {
+        MoveCustomLink(m_settings, source, target->Index());
+        if (!overwritten.isEmpty())
+            m_undo.TellRemoved(LinkRemoved(FromQt(overwritten)));
+    });
     Chip* emptied = m_form.lbllink.at(static_cast<std::size_t>(source));
     target->SetColors(emptied->Colors());
     emptied->SetColors(CustomAreaColors(m_settings));

@@ -12,6 +12,7 @@ class Prompts;
 struct RecordingState;
 class SettingsStore;
 class SiteTable;
+class UndoRecorder;
 class frmMain;
 
 /// How the link labels answer to the mouse: the pressed look, the right button, dragging links of
@@ -20,7 +21,8 @@ class LinkPanel : public QObject {
     Q_OBJECT
 public:
     LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
-              const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch, PaneDeck& panes);
+              UndoRecorder& undo, const SiteTable& sites, Prompts& prompts, LinkDispatch& dispatch,
+              PaneDeck& panes);
 
     /// Makes the whole panel usable again after an operation that held it.
     void EnableLinks();
@@ -64,6 +66,7 @@ private:
     frmMain& m_form;
     const RecordingState& m_recording;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     const SiteTable& m_sites;
     Prompts& m_prompts;
     LinkDispatch& m_dispatch;

@@ -7,7 +7,7 @@
 #include "core/portfolio/portfolio_text.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/shell/conversion.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -16,9 +16,9 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-PortfolioCommands::PortfolioCommands(frmMain& form, SettingsStore& settings, Prompts& prompts,
-                                     Portfolios& portfolios)
-    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+PortfolioCommands::PortfolioCommands(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                                     Prompts& prompts, Portfolios& portfolios)
+    : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_prompts(prompts),
       m_portfolios(portfolios) {
     const MainMenus& menus = *form.menus;
     connect(menus.mnuCopyAll, &QAction::triggered, this, &PortfolioCommands::CopyAllLists);
@@ -53,6 +53,10 @@ std::string PortfolioCommands::CurrentList() const {
     return m_portfolios.StoredList(m_portfolios.Current());
 }
 
+std::string PortfolioCommands::To(int target) const {
+    return " to " + FromQt(m_portfolios.PortfolioName(target));
+}
+
 void PortfolioCommands::Append(int target, std::string_view tickers) {
     m_portfolios.StoreList(target, m_portfolios.StoredList(target).append(tickers));
 }
@@ -68,7 +72,8 @@ void PortfolioCommands::CopyList() {
 }
 
 void PortfolioCommands::CopyTicker(int target) {
-    Append(target, FromQt(m_form.List1->SelectedText()) + "|");
+    const std::string ticker = FromQt(m_form.List1->SelectedText());
+    m_undo.Run("Copy " + ticker + To(target), [&] { Append(target, ticker + "|"); });
 }
 
 void PortfolioCommands::MoveTicker(int target) {
@@ -77,17 +82,20 @@ void PortfolioCommands::MoveTicker(int target) {
     std::vector<std::string> kept = m_portfolios.ListedTickers();
     if (index >= 0)
         kept.erase(kept.begin() + index);
-    m_portfolios.StoreMove(target, JoinTickerList(kept), ticker + "|");
+    m_portfolios.SaveUnwritten();
+    m_undo.Run("Move " + ticker + To(target),
+               [&] { m_portfolios.StoreMove(target, JoinTickerList(kept), ticker + "|"); });
     if (index >= 0)
         m_form.List1->RemoveItem(index);
 }
 
 void PortfolioCommands::CopyPortfolio(int target) {
-    Append(target, CurrentList());
+    m_undo.Run("Copy Portfolio" + To(target), [&] { Append(target, CurrentList()); });
 }
 
 void PortfolioCommands::MovePortfolio(int target) {
-    m_portfolios.StoreMove(target, "", CurrentList());
+    m_undo.Run("Move Portfolio" + To(target),
+               [&] { m_portfolios.StoreMove(target, "", CurrentList()); });
     m_form.List1->Clear();
 }
 
@@ -97,8 +105,10 @@ void PortfolioCommands::Rename() {
         u"Enter a new name for portfolio #"_s + QString::number(number), u"Rename Portfolio"_s, {});
     if (!name || name->trimmed().isEmpty())
         return;
-    m_form.lblPort->SetCaption(*name);
-    m_settings.SaveSetting("Settings", "PortName" + std::to_string(number), FromQt(*name));
+    m_undo.Run("Rename Portfolio", [&] {
+        m_settings.SaveSetting("Settings", "PortName" + std::to_string(number), FromQt(*name));
+    });
+    m_portfolios.ShowName();
     m_portfolios.SetPorts();
 }
 

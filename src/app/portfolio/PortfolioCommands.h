@@ -9,6 +9,7 @@ struct PortfolioMenu;
 class Portfolios;
 class Prompts;
 class SettingsStore;
+class UndoRecorder;
 class frmMain;
 
 /// The commands that copy and move tickers between the portfolios, put lists on the clipboard,
@@ -17,7 +18,7 @@ class frmMain;
 class PortfolioCommands : public QObject {
     Q_OBJECT
 public:
-    PortfolioCommands(frmMain& form, SettingsStore& settings, Prompts& prompts,
+    PortfolioCommands(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                       Portfolios& portfolios);
 
 private:
@@ -34,10 +35,13 @@ private:
     void SwitchLabels();
 
     std::string CurrentList() const;
+    /// The end of a caption: " to " and the name of a portfolio.
+    std::string To(int target) const;
     void Append(int target, std::string_view tickers);
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     Prompts& m_prompts;
     Portfolios& m_portfolios;
 };

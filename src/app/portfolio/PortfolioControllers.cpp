@@ -10,22 +10,26 @@
 #include "app/portfolio/Reports.h"
 #include "app/portfolio/TickerBox.h"
 #include "app/portfolio/TickerImport.h"
+#include "app/portfolio/TickerMarks.h"
 
 namespace tallowmere {
 
 PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& settings,
-                                           const SiteTable& sites, Prompts& prompts,
-                                           const Clock& clock,
+                                           UndoRecorder& undo, const SiteTable& sites,
+                                           Prompts& prompts, const Clock& clock,
                                            const std::filesystem::path& programFolder,
                                            LinkControllers& links, TransferPool& transfers)
-    : portfolios(new Portfolios(form, settings, prompts, programFolder)),
-      tickers(new TickerBox(form, prompts, programFolder, *portfolios, *links.dispatch)),
+    : portfolios(new Portfolios(form, settings, undo, prompts, programFolder)),
+      tickers(new TickerBox(form, undo, prompts, programFolder, *portfolios, *links.dispatch,
+                            *links.panes)),
+      marks(new TickerMarks(form, programFolder)),
       quotes(new QuotePage(form, settings, sites, *links.panes, transfers)),
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
       import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {
-    new PortfolioCommands(form, settings, prompts, *portfolios);
+    new PortfolioCommands(form, settings, undo, prompts, *portfolios);
     auto* menus =
         new QuoteMenus(form, settings, sites, *portfolios, *links.panes, *links.panel, *quotes);
+    QObject::connect(portfolios, &Portfolios::Selected, marks, &TickerMarks::Refresh);
     QObject::connect(links.dispatch, &LinkDispatch::PortfolioMenuRequested, menus,
                      &QuoteMenus::PopUp);
 }

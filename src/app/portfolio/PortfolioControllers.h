@@ -13,20 +13,23 @@ class SettingsStore;
 class SiteTable;
 class TickerBox;
 class TickerImport;
+class TickerMarks;
 class TransferPool;
+class UndoRecorder;
 class frmMain;
 struct LinkControllers;
 
 /// The controllers of the portfolios, connected to each other and to the links below them. The
 /// form owns the controllers.
 struct PortfolioControllers {
-    PortfolioControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                         Prompts& prompts, const Clock& clock,
+    PortfolioControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                         const SiteTable& sites, Prompts& prompts, const Clock& clock,
                          const std::filesystem::path& programFolder, LinkControllers& links,
                          TransferPool& transfers);
 
     Portfolios* portfolios;
     TickerBox* tickers;
+    TickerMarks* marks;
     QuotePage* quotes;
     Reports* reports;
     TickerImport* import;

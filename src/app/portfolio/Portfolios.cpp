@@ -2,11 +2,13 @@
 
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
+#include "app/forms/UndoBar.h"
 #include "app/forms/frmMain.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/ticker_list.h"
+#include "core/portfolio/undo_words.h"
 #include "core/shell/area_colors.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 
 namespace tallowmere {
 
@@ -20,9 +22,9 @@ std::string NumberedKey(std::string_view prefix, int number) {
 
 } // namespace
 
-Portfolios::Portfolios(frmMain& form, SettingsStore& settings, Prompts& prompts,
+Portfolios::Portfolios(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                        const std::filesystem::path& programFolder)
-    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+    : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_prompts(prompts),
       m_programFolder(programFolder) {
     ConnectControls();
 }
@@ -62,6 +64,13 @@ QString Portfolios::PortfolioName(int number) const {
                                       NumberedKey("Portfolio #", number)));
 }
 
+void Portfolios::ShowName() {
+    const QString name = PortfolioName(m_current);
+    m_form.lblPort->SetCaption(name);
+    m_form.menus->portfolioHeading->setText(u"#"_s + QString::number(m_current) + u": "_s +
+                                            MenuCaption(name));
+}
+
 void Portfolios::SetPorts() {
     const MainMenus& menus = *m_form.menus;
     for (int n = 1; n <= kPortfolioCount; ++n) {
@@ -79,8 +88,10 @@ void Portfolios::SelectPortfolio(int number) {
     const int outgoing = m_current;
     const QStringList items = m_form.List1->Items();
     // A list that was emptied by hand keeps its stored value; only clearing writes an empty one.
-    if (!items.isEmpty())
+    if (!items.isEmpty()) {
+        SaveUnwritten();
         SaveCurrentList();
+    }
     if (outgoing > 0)
         m_rememberedSelection.at(static_cast<std::size_t>(outgoing)) = m_form.List1->ListIndex();
     m_current = number;
@@ -92,7 +103,8 @@ void Portfolios::SelectPortfolio(int number) {
     m_form.List1->SetItems(tickers);
     const int remembered = m_rememberedSelection.at(static_cast<std::size_t>(number));
     m_form.List1->SetListIndex(remembered < tickers.size() ? remembered : -1);
-    m_form.lblPort->SetCaption(PortfolioName(number));
+    ShowName();
+    Q_EMIT Selected();
 }
 
 void Portfolios::PaintNumbers() {
@@ -116,6 +128,45 @@ void Portfolios::SaveCurrentList() {
     StoreList(m_current, JoinTickerList(ListedTickers()));
 }
 
+void Portfolios::SaveUnwritten() {
+    const std::vector<std::string> listed = ListedTickers();
+    const std::vector<std::string> stored = SplitTickerList(StoredList(m_current));
+    if (listed.empty() || JoinTickerList(listed) == JoinTickerList(stored))
+        return;
+    m_undo.Run(ListChangeCaption(stored, listed), [this] { SaveCurrentList(); });
+}
+
+void Portfolios::AddTickers(const std::vector<std::string>& tickers) {
+    SaveUnwritten();
+    QStringList added;
+    for (const std::string& ticker : tickers)
+        added << ToQt(ticker);
+    m_form.List1->AddItems(added);
+    m_undo.Run(AddCaption(tickers), [this] { SaveCurrentList(); });
+}
+
+void Portfolios::Reload() {
+    SetPorts();
+    ShowName();
+    const QStringList shown = m_form.List1->Items();
+    QStringList tickers;
+    for (const std::string& ticker : SplitTickerList(StoredList(m_current)))
+        tickers << ToQt(ticker);
+    if (tickers == shown)
+        return;
+    const int index = m_form.List1->ListIndex();
+    const QString selected = m_form.List1->SelectedText();
+    const auto differs =
+        std::mismatch(tickers.cbegin(), tickers.cend(), shown.cbegin(), shown.cend()).first -
+        tickers.cbegin();
+    m_form.List1->SetItems(tickers);
+    if (tickers.size() > shown.size())
+        m_form.List1->SetListIndex(static_cast<int>(differs));
+    else
+        m_form.List1->SetListIndex(
+            tickers.value(index) == selected ? index : static_cast<int>(tickers.indexOf(selected)));
+}
+
 std::vector<std::string> Portfolios::ListedTickers() const {
     std::vector<std::string> tickers;
     for (const QString& item : m_form.List1->Items())
@@ -135,20 +186,37 @@ std::string Portfolios::OtherLists() const {
 void Portfolios::RemoveSelectedTicker() {
     const int index = m_form.List1->ListIndex();
     const std::string ticker = FromQt(m_form.List1->SelectedText());
+    SaveUnwritten();
     if (index >= 0)
         m_form.List1->RemoveItem(index);
-    SaveCurrentList();
-    if (index >= 0)
-        RemoveNotes(m_programFolder, TickersFoundNowhere({ticker}, OtherLists()), kTickerNotesFile);
+    m_undo.Run("Delete " + ticker, [&] {
+        SaveCurrentList();
+        if (index < 0)
+            return;
+        const auto alone = TickersFoundNowhere({ticker}, OtherLists());
+        const bool hadNote = !alone.empty() && HasNote(m_programFolder, ticker, kTickerNotesFile);
+        RemoveNotes(m_programFolder, alone, kTickerNotesFile);
+        m_undo.TellRemoved(TickerRemoved(ticker, hadNote));
+    });
 }
 
 void Portfolios::ClearList() {
-    if (!m_prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s))
-        return;
     const std::vector<std::string> tickers = ListedTickers();
-    StoreList(m_current, "");
+    const std::string name = FromQt(PortfolioName(m_current));
+    const bool clears = m_prompts.Ask(ToQt(ClearQuestion(tickers.size(), m_current, name)),
+                                      u"Clear Stocks"_s, Prompts::Answer::No);
+    if (!clears) {
+        // Of two clicks the first has removed a ticker, which can still be brought back.
+        m_form.undoBar->Stay();
+        return;
+    }
+    SaveUnwritten();
+    m_undo.Run("Clear Ticker List", [&] {
+        StoreList(m_current, "");
+        RemoveNotes(m_programFolder, TickersFoundNowhere(tickers, OtherLists()), kTickerNotesFile);
+        m_undo.TellRemoved(TickersRemoved(tickers.size(), name));
+    });
     m_form.List1->Clear();
-    RemoveNotes(m_programFolder, TickersFoundNowhere(tickers, OtherLists()), kTickerNotesFile);
 }
 
 } // namespace tallowmere

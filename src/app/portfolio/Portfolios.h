@@ -10,13 +10,14 @@ namespace tallowmere {
 
 class Prompts;
 class SettingsStore;
+class UndoRecorder;
 class frmMain;
 
 /// The ten portfolios: switching between them, saving the list, removing and clearing.
 class Portfolios : public QObject {
     Q_OBJECT
 public:
-    Portfolios(frmMain& form, SettingsStore& settings, Prompts& prompts,
+    Portfolios(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                const std::filesystem::path& programFolder);
 
     /// Puts the names of the portfolios into the menus.
@@ -33,6 +34,16 @@ public:
 
     /// Writes the list to the store as the current portfolio, even when it is empty.
     void SaveCurrentList();
+
+    /// Writes a list that holds other tickers than the store: an entry that ended with a ticker
+    /// which is there already has added its others to the list alone.
+    void SaveUnwritten();
+
+    /// Adds tickers to the end of the list and writes it.
+    void AddTickers(const std::vector<std::string>& tickers);
+
+    /// Shows what the store holds by now, and selects what came back into the list.
+    void Reload();
 
     /// Removes the selected ticker and, unless another portfolio still holds its text, its note.
     void RemoveSelectedTicker();
@@ -53,9 +64,16 @@ public:
 
     QString PortfolioName(int number) const;
 
+    /// Shows the name of the current portfolio above the list and in the menu of the portfolios.
+    void ShowName();
+
     /// Paints the number labels and the caption in the colours of their area; the current
     /// portfolio's number stands inverted.
     void PaintNumbers();
+
+Q_SIGNALS:
+    /// Another portfolio is shown.
+    void Selected();
 
 private:
     std::string OtherLists() const;
@@ -63,6 +81,7 @@ private:
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     Prompts& m_prompts;
     std::filesystem::path m_programFolder;
     int m_current = 0;

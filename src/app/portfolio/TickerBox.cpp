@@ -4,23 +4,29 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
+#include "app/links/PaneDeck.h"
 #include "app/portfolio/Portfolios.h"
 #include "core/links/catalogue.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/portfolio_text.h"
 #include "core/portfolio/ticker_list.h"
+#include "core/shell/undo_recorder.h"
 #include "core/text/runtime_error.h"
 
-#include <QSignalBlocker>
+#include <QCoreApplication>
+#include <QKeyEvent>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-TickerBox::TickerBox(frmMain& form, Prompts& prompts, const std::filesystem::path& programFolder,
-                     Portfolios& portfolios, LinkDispatch& dispatch)
-    : QObject(&form), m_form(form), m_prompts(prompts), m_programFolder(programFolder),
-      m_portfolios(portfolios), m_dispatch(dispatch) {
+TickerBox::TickerBox(frmMain& form, UndoRecorder& undo, Prompts& prompts,
+                     const std::filesystem::path& programFolder, Portfolios& portfolios,
+                     LinkDispatch& dispatch, PaneDeck& panes)
+    : QObject(&form), m_form(form), m_undo(undo), m_prompts(prompts),
+      m_programFolder(programFolder), m_portfolios(portfolios), m_dispatch(dispatch),
+      m_panes(panes) {
+    form.txtStock->installEventFilter(this);
     connect(form.txtStock, &QLineEdit::textChanged, this, &TickerBox::UpperCase);
     connect(form.txtStock, &QLineEdit::returnPressed, this, &TickerBox::EnterTickers);
     connect(form.List1, &ListBox::Clicked, this, &TickerBox::UpdateToolTip);
@@ -58,15 +64,52 @@ void TickerBox::UpperCase(const QString& text) {
 void TickerBox::EnterTickers() {
     const TickerEntry entry = tallowmere::EnterTickers(FromQt(m_form.txtStock->text().toUpper()),
                                                        m_portfolios.ListedTickers());
-    QStringList added;
-    for (const std::string& ticker : entry.added)
-        added << ToQt(ticker);
-    m_form.List1->AddItems(added);
-    if (!entry.accepted)
+    m_lastEntered = ToQt(entry.last);
+    if (const std::string words = EntryWords(entry); !words.empty())
+        m_panes.ShowLastingStatus(ToQt(words));
+    if (!entry.accepted) {
+        QStringList added;
+        for (const std::string& ticker : entry.added)
+            added << ToQt(ticker);
+        m_form.List1->AddItems(added);
         return;
+    }
     m_form.txtStock->clear();
-    if (m_form.List1->Count() > 0)
-        m_portfolios.SaveCurrentList();
+    if (m_form.List1->Count() > 0 || !entry.added.empty())
+        m_portfolios.AddTickers(entry.added);
+}
+
+void TickerBox::GoToEntered() {
+    ListBox& list = *m_form.List1;
+    const auto row = list.Items().lastIndexOf(m_lastEntered);
+    if (row >= 0)
+        list.SetListIndex(static_cast<int>(row));
+    else if (list.ListIndex() < 0 && list.Count() > 0)
+        list.SetListIndex(0);
+    list.setFocus(Qt::TabFocusReason);
+    UpdateToolTip();
+}
+
+bool TickerBox::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched == m_form.txtStock) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
+        if (key->key() == Qt::Key_Down && modifiers == Qt::NoModifier) {
+            GoToEntered();
+            return true;
+        }
+        // What is typed goes in as upper case: text that is set later could not be undone in the
+        // box.
+        const QString upper = key->text().toUpper();
+        const bool isTyped =
+            !(modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+        if (isTyped && upper != key->text()) {
+            QKeyEvent typed(key->type(), key->key(), key->modifiers(), upper, key->isAutoRepeat());
+            QCoreApplication::sendEvent(watched, &typed);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void TickerBox::UpdateToolTip() {
@@ -101,7 +144,7 @@ void TickerBox::FillTickerMenu() {
     menus.mnuMoveit()->setText(MenuCaption(ToQt(menu.moveCaption)));
     menus.mnuCopyTo()->setText(MenuCaption(ToQt(menu.copyCaption)));
     menus.mnuTickNote->menuAction()->setText(MenuCaption(ToQt(menu.noteCaption)));
-    menus.mnuTickNotes->setText(MenuCaption(ToQt(menu.note)));
+    menus.mnuTickNotes->setText(MenuCaption(ToQt(menu.noteLine)));
     menus.mnuTickNotes->setData(ToQt(menu.note));
     menus.mnuCopyIt->setText(MenuCaption(ToQt(menu.copyAllCaption)));
     for (QAction* item : {menus.mnuDeleteTick, menus.mnuMoveit(), menus.mnuCopyTo(),
@@ -123,13 +166,17 @@ void TickerBox::PopUpTickerMenu(const QPoint& position) {
 
 void TickerBox::EditNote() {
     const QString ticker = m_form.List1->SelectedText();
-    const auto answer = m_prompts.Input(
+    const auto answer = m_prompts.InputLines(
         u"Enter a personal note on "_s + ticker + u"\r\nClicking 'Cancel' will remove the note"_s,
-        u"Ticker Notes"_s, m_form.menus->mnuTickNotes->data().toString());
-    const std::string typed = FromQt(answer.value_or(QString()));
+        u"Ticker Notes"_s, ToQt(ShownLines(FromQt(m_form.menus->mnuTickNotes->data().toString()))));
+    const std::string typed = StoredLines(FromQt(answer.value_or(QString())));
     const std::string note = StorableNote(typed);
     try {
-        ReplaceNote(m_programFolder, FromQt(ticker), note, kTickerNotesFile);
+        m_undo.Run("Note on " + FromQt(ticker), [&] {
+            ReplaceNote(m_programFolder, FromQt(ticker), note, kTickerNotesFile);
+            if (note.empty())
+                m_undo.TellRemoved("Note on " + FromQt(ticker) + " removed.");
+        });
     } catch (const RuntimeError& error) {
         m_prompts.Message(u"The note on "_s + ticker + u" could not be saved.\n"_s +
                               ToQt(error.what()),
@@ -140,7 +187,7 @@ void TickerBox::EditNote() {
         m_prompts.Message(ToQt(kBarsParted), MessageTitle());
     if (note.empty())
         return;
-    m_form.menus->mnuTickNotes->setText(MenuCaption(ToQt(note)));
+    m_form.menus->mnuTickNotes->setText(MenuCaption(ToQt(FirstLine(note))));
     m_form.menus->mnuTickNotes->setData(ToQt(note));
 }
 

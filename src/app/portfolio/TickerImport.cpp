@@ -130,9 +130,8 @@ void TickerImport::Send() {
     const auto added = TickersToSend(Texts(*m_dialog->List1), Texts(*m_form.List1));
     if (added.empty())
         return;
-    m_form.List1->AddItems(ToQtList(added));
     // What is selected again when the dialog closes is read from the store.
-    m_portfolios.SaveCurrentList();
+    m_portfolios.AddTickers(added);
 }
 
 void TickerImport::RemoveEntry() {

@@ -140,6 +140,7 @@ void LiveQuotes::Take(QNetworkReply& reply, Question question) {
     }
     m_quotes.Answer(question.request.id, response, Now());
     Proceed();
+    Q_EMIT Learned();
 }
 
 void LiveQuotes::AnswerWholePages() {

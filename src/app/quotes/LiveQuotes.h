@@ -39,8 +39,15 @@ public:
     void Answer(const std::string& host, const std::string& pathAndQuery, Asker asker,
                 WebAccess::PortalReply reply);
 
+    /// Whether the sources have said of a symbol that they do not know it.
+    bool IsUnknown(const std::string& symbol) const { return m_quotes.IsUnknown(symbol); }
+
     /// Leaves the quotes at hand to a later run. What goes wrong is told on standard error.
     void Save() const;
+
+Q_SIGNALS:
+    /// A source has answered.
+    void Learned();
 
 private:
     /// A page that waits for its quotes.

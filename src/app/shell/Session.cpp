@@ -13,6 +13,7 @@
 #include "app/market/TickerStrip.h"
 #include "app/market/Timers.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerMarks.h"
 #include "app/quotes/LiveQuotes.h"
 #include "app/shell/ClosingNote.h"
 #include "app/shell/Subsystems.h"
@@ -21,9 +22,11 @@
 #include "app/tools/ColorConfig.h"
 #include "app/tools/DailyReminders.h"
 #include "core/links/index_query.h"
+#include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 #include "core/text/runtime_error.h"
+#include "core/tools/reminders.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -35,13 +38,17 @@ using namespace Qt::StringLiterals;
 Session::Session(SessionSetup setup)
     : m_setup(std::move(setup)), m_userSites(std::make_unique<UserSites>(
                                      m_setup.tables, m_setup.folders.tables / "sites.toml")),
-      m_settings(m_setup.folders.settingsFile), m_web(m_setup.web),
+      m_settings(m_setup.folders.settingsFile),
+      m_undo(m_settings, m_setup.folders.programFolder,
+             {std::string(kTickerNotesFile.substr(1)), std::string(kRemindersFile.substr(1))},
+             m_setup.folders.programFolder / "undo.txt"),
+      m_web(m_setup.web),
       m_profile(std::make_unique<EngineProfile>(PathToQt(m_setup.folders.engine),
                                                 PathToQt(m_setup.folders.programFolder), m_web,
                                                 m_setup.prompts)),
       m_transfers(m_web), m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
-    m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_web, *m_profile,
-                                                m_transfers, *m_userSites);
+    m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_undo, m_web,
+                                                *m_profile, m_transfers, *m_userSites);
     m_web.SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
     ConnectPortal();
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);
@@ -68,9 +75,13 @@ Session::~Session() {
 
 void Session::ConnectPortal() {
     if (m_setup.web == WebMode::Live) {
+        TickerMarks* marks = m_subsystems->portfolio.marks;
         m_live = std::make_unique<LiveQuotes>(m_setup.tables.sites, m_setup.texts, m_setup.sources,
                                               m_setup.clock,
                                               m_setup.folders.programFolder / "quotes.json");
+        marks->SetUnknown(
+            [live = m_live.get()](const std::string& ticker) { return live->IsUnknown(ticker); });
+        connect(m_live.get(), &LiveQuotes::Learned, marks, &TickerMarks::Refresh);
         m_web.SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
                                    Asker asker, WebAccess::PortalReply reply) {
             m_live->Answer(host, m_subsystems->market.ticker->WithTickers(pathAndQuery), asker,

@@ -3,7 +3,7 @@
 #include "app/base/Transfers.h"
 #include "app/base/WebAccess.h"
 #include "app/shell/SessionSetup.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 
 #include <QObject>
 
@@ -48,6 +48,7 @@ private:
     SessionSetup m_setup;
     std::unique_ptr<UserSites> m_userSites;
     SettingsStore m_settings;
+    UndoRecorder m_undo;
     WebAccess m_web;
     std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
     std::unique_ptr<EngineProfile> m_profile;

@@ -9,33 +9,45 @@
 #include "app/market/ActiveEdges.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerMarks.h"
 #include "app/shell/SessionSetup.h"
+#include "app/shell/UndoCommands.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/Setup.h"
 
 namespace tallowmere {
 
 Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& settings,
-                       WebAccess& web, EngineProfile& profile, Transfers& transfers,
-                       UserSites& userSites)
-    : links(form, settings, setup.tables.sites, setup.tables.menus, web, setup.prompts, setup.clock,
-            setup.folders.programFolder, transfers),
-      portfolio(form, settings, setup.tables.sites, setup.prompts, setup.clock,
+                       UndoRecorder& undoRecorder, WebAccess& web, EngineProfile& profile,
+                       Transfers& transfers, UserSites& userSites)
+    : links(form, settings, undoRecorder, setup.tables.sites, setup.tables.menus, web,
+            setup.prompts, setup.clock, setup.folders.programFolder, transfers),
+      portfolio(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
                 setup.folders.programFolder, links, transfers.inet),
-      custom(form, settings, setup.tables.sites, setup.prompts, setup.folders.programFolder,
-             profile, links),
+      custom(form, settings, undoRecorder, setup.tables.sites, setup.prompts,
+             setup.folders.programFolder, profile, links),
       market(form, settings, setup.tables.sites, setup.prompts, setup.clock, profile, links,
              transfers),
-      tools(form, settings, setup.tables.sites, setup.prompts, setup.clock,
+      tools(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
             setup.folders.programFolder, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
-                                setup.tables, userSites, web, profile, *links.panes)) {
+                                setup.tables, userSites, web, profile, *links.panes)),
+      undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
     QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
     QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
                      &Portfolios::PaintNumbers);
     QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);
+    QObject::connect(undo, &UndoCommands::Changed, portfolio.marks, &TickerMarks::Refresh);
+    QObject::connect(undo, &UndoCommands::AboutToUndo, portfolio.portfolios,
+                     &Portfolios::SaveUnwritten);
+    QObject::connect(undo, &UndoCommands::Restored, portfolio.portfolios, &Portfolios::Reload);
+    QObject::connect(undo, &UndoCommands::Restored, tools.colors, [this, &form, &settings] {
+        ForgetCustomLinks(form);
+        tools.colors->Apply();
+        ShowCustomLinks(form, settings);
+    });
     QObject::connect(tools.setup, &Setup::TickerSwitched, market.ticker, &TickerStrip::Switch);
     QObject::connect(tools.setup, &Setup::EdgesSwitched, market.edges, &ActiveEdges::Switch);
 }

@@ -10,6 +10,8 @@
 namespace tallowmere {
 
 class EngineProfile;
+class UndoCommands;
+class UndoRecorder;
 class UserSites;
 class WebAccess;
 struct SessionSetup;
@@ -17,8 +19,9 @@ struct Transfers;
 
 /// The controllers of all subsystems, each wired in its own folder, and what passes between them.
 struct Subsystems {
-    Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& settings, WebAccess& web,
-               EngineProfile& profile, Transfers& transfers, UserSites& userSites);
+    Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& settings,
+               UndoRecorder& undo, WebAccess& web, EngineProfile& profile, Transfers& transfers,
+               UserSites& userSites);
 
     LinkControllers links;
     PortfolioControllers portfolio;
@@ -26,6 +29,7 @@ struct Subsystems {
     MarketControllers market;
     ToolControllers tools;
     SiteControllers* sites;
+    UndoCommands* undo;
 };
 
 } // namespace tallowmere

@@ -6,7 +6,7 @@
 #include "core/shell/area_colors.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
-#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
 
 #include <QApplication>
 
@@ -23,8 +23,9 @@ const ColorArea* ChosenArea(const frmColor& dialog) {
 
 } // namespace
 
-ColorSettings::ColorSettings(SettingsStore& settings, Prompts& prompts, QObject* parent)
-    : QObject(parent), m_settings(settings), m_prompts(prompts) {}
+ColorSettings::ColorSettings(SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
+                             QObject* parent)
+    : QObject(parent), m_settings(settings), m_undo(undo), m_prompts(prompts) {}
 
 void ColorSettings::Show(QWidget* owner) {
     frmColor dialog(owner);
@@ -60,8 +61,10 @@ void ColorSettings::ChangeColor(frmColor& dialog, bool background) {
         return;
     (background ? m_sample.background : m_sample.text) = StoredColor(*chosen);
     dialog.ShowSample(m_sample);
-    for (const auto& [key, color] : ColorsToSave(*area, m_sample))
-        m_settings.SaveSetting(kColorsSection, key, FromColor(color));
+    m_undo.Run("Color of " + std::string(area->entry), [&] {
+        for (const auto& [key, color] : ColorsToSave(*area, m_sample))
+            m_settings.SaveSetting(kColorsSection, key, FromColor(color));
+    });
 }
 
 } // namespace tallowmere

@@ -7,6 +7,7 @@
 #include "app/forms/frmRemind.h"
 #include "app/links/LinkDispatch.h"
 #include "core/portfolio/keyed_store.h"
+#include "core/shell/undo_recorder.h"
 #include "core/text/bytes.h"
 #include "core/text/runtime_error.h"
 #include "core/tools/reminders.h"
@@ -33,9 +34,10 @@ Date FromQt(const QDate& day) {
 
 } // namespace
 
-DailyReminders::DailyReminders(frmMain& form, Prompts& prompts, const Clock& clock,
-                               const std::filesystem::path& programFolder, LinkDispatch& dispatch)
-    : QObject(&form), m_form(form), m_prompts(prompts), m_clock(clock),
+DailyReminders::DailyReminders(frmMain& form, UndoRecorder& undo, Prompts& prompts,
+                               const Clock& clock, const std::filesystem::path& programFolder,
+                               LinkDispatch& dispatch)
+    : QObject(&form), m_form(form), m_undo(undo), m_prompts(prompts), m_clock(clock),
       m_programFolder(programFolder) {
     connect(&dispatch, &LinkDispatch::RemindersRequested, this, &DailyReminders::Open);
 }
@@ -149,7 +151,10 @@ void DailyReminders::ChooseLine() {
 }
 
 void DailyReminders::ClearAll() {
-    Notes("KILL");
+    m_undo.Run("Clear All Reminders", [this] {
+        Notes("KILL");
+        m_undo.TellRemoved("All reminders removed.");
+    });
     if (!Content().empty())
         TellUnsaved();
     m_dialog->Text1->clear();
@@ -165,7 +170,12 @@ void DailyReminders::ClearCurrent() {
 /// Makes a text the reminder of the shown day; false when it could not be saved, which is told.
 bool DailyReminders::Replace(std::string_view text) {
     try {
-        ReplaceNote(m_programFolder, DayKey(FromQt(m_day)), text, kRemindersFile);
+        const std::string words = ReminderWords(FromQt(m_day));
+        m_undo.Run(words, [&] {
+            ReplaceNote(m_programFolder, DayKey(FromQt(m_day)), text, kRemindersFile);
+            if (text.empty())
+                m_undo.TellRemoved(words + " removed.");
+        });
         return true;
     } catch (const RuntimeError&) {
         TellUnsaved();

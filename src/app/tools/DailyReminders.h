@@ -15,6 +15,7 @@ namespace tallowmere {
 class Clock;
 class LinkDispatch;
 class Prompts;
+class UndoRecorder;
 class frmMain;
 class frmRemind;
 
@@ -22,7 +23,7 @@ class frmRemind;
 class DailyReminders : public QObject {
     Q_OBJECT
 public:
-    DailyReminders(frmMain& form, Prompts& prompts, const Clock& clock,
+    DailyReminders(frmMain& form, UndoRecorder& undo, Prompts& prompts, const Clock& clock,
                    const std::filesystem::path& programFolder, LinkDispatch& dispatch);
 
     /// Opens the dialog when there is a reminder for today.
@@ -54,6 +55,7 @@ private:
     void TellUnsaved() const;
 
     frmMain& m_form;
+    UndoRecorder& m_undo;
     Prompts& m_prompts;
     const Clock& m_clock;
     std::filesystem::path m_programFolder;

@@ -11,18 +11,18 @@
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
-#include "core/shell/settings_store.h"
 #include "core/shell/start_page.h"
+#include "core/shell/undo_recorder.h"
 #include "core/text/bytes.h"
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-Setup::Setup(frmMain& form, SettingsStore& settings, Prompts& prompts,
+Setup::Setup(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
              const std::filesystem::path& programFolder, Accounts& accounts, PaneDeck& panes,
              ColorSettings& colors)
-    : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts),
+    : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_prompts(prompts),
       m_programFolder(programFolder), m_accounts(accounts), m_panes(panes), m_colors(colors) {}
 
 void Setup::Show() {
@@ -87,8 +87,11 @@ void Setup::ToggleMember(frmUser& dialog) {
 }
 
 void Setup::PurgeNotes() {
-    std::string ignored;
-    TickerNotes(m_programFolder, ignored, "KILL", "", "", kTickerNotesFile);
+    m_undo.Run("Purge Notes", [this] {
+        std::string ignored;
+        TickerNotes(m_programFolder, ignored, "KILL", "", "", kTickerNotesFile);
+        m_undo.TellRemoved("All notes removed.");
+    });
 }
 
 void Setup::SaveStartPage() {

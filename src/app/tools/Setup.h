@@ -11,6 +11,7 @@ class ColorSettings;
 class PaneDeck;
 class Prompts;
 class SettingsStore;
+class UndoRecorder;
 class frmMain;
 class frmUser;
 
@@ -19,7 +20,7 @@ class frmUser;
 class Setup : public QObject {
     Q_OBJECT
 public:
-    Setup(frmMain& form, SettingsStore& settings, Prompts& prompts,
+    Setup(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
           const std::filesystem::path& programFolder, Accounts& accounts, PaneDeck& panes,
           ColorSettings& colors);
 
@@ -45,6 +46,7 @@ private:
 
     frmMain& m_form;
     SettingsStore& m_settings;
+    UndoRecorder& m_undo;
     Prompts& m_prompts;
     std::filesystem::path m_programFolder;
     Accounts& m_accounts;

@@ -12,14 +12,14 @@
 
 namespace tallowmere {
 
-ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                                 Prompts& prompts, const Clock& clock,
+ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                                 const SiteTable& sites, Prompts& prompts, const Clock& clock,
                                  const std::filesystem::path& programFolder, LinkControllers& links)
     : colors(new ColorConfig(form, settings)),
-      reminders(new DailyReminders(form, prompts, clock, programFolder, *links.dispatch)),
+      reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
-      setup(new Setup(form, settings, prompts, programFolder, links.accounts, *links.panes,
-                      *new ColorSettings(settings, prompts, &form))) {
+      setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
+                      *new ColorSettings(settings, undo, prompts, &form))) {
     auto* help = new Help(form, sites, prompts, clock, *links.panes, *links.outside);
     QObject::connect(links.dispatch, &LinkDispatch::SetupRequested, setup, &Setup::Show);
     QObject::connect(setup, &Setup::Closed, colors, &ColorConfig::Apply);

@@ -12,14 +12,15 @@ class Prompts;
 class SettingsStore;
 class Setup;
 class SiteTable;
+class UndoRecorder;
 class frmMain;
 struct LinkControllers;
 
 /// The controllers of colours, setup, reminders and help, connected to each other and to the links
 /// below them. The form owns the controllers.
 struct ToolControllers {
-    ToolControllers(frmMain& form, SettingsStore& settings, const SiteTable& sites,
-                    Prompts& prompts, const Clock& clock,
+    ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
+                    const SiteTable& sites, Prompts& prompts, const Clock& clock,
                     const std::filesystem::path& programFolder, LinkControllers& links);
 
     ColorConfig* colors;

@@ -3,6 +3,7 @@
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 #include "core/text/bytes.h"
+#include "core/text/cut_characters.h"
 #include "core/tools/color_areas.h"
 
 namespace tallowmere {
@@ -56,14 +57,12 @@ std::string OverwriteQuestion(std::string_view caption) {
     return "Do you want to overwrite the '" + std::string(caption) + "' link?";
 }
 
+std::string LinkRemoved(std::string_view caption) {
+    return "Link \"" + std::string(caption) + "\" removed.";
+}
+
 std::string_view CutTitle(std::string_view title) {
-    std::size_t characters = 0;
-    for (std::size_t i = 0; i < title.size(); ++i) {
-        const bool continues = (static_cast<unsigned char>(title[i]) >> 6) == 2;
-        if (!continues && ++characters > kLongestTitle)
-            return title.substr(0, i);
-    }
-    return title;
+    return CutCharacters(title, kLongestTitle);
 }
 
 bool MaySaveCustomLink(std::string_view title, std::string_view address) {

@@ -47,6 +47,9 @@ constexpr std::string_view kMultiLinkHelp =
 /// The question before a link is dropped on a slot that is in use.
 std::string OverwriteQuestion(std::string_view caption);
 
+/// What the user is told of a link that a command removed.
+std::string LinkRemoved(std::string_view caption);
+
 /// Whether a slot with this caption is unused.
 constexpr bool IsUnusedSlot(std::string_view caption) {
     return caption == kEmptyCustomCaption;

@@ -1,5 +1,7 @@
 #include "core/portfolio/keyed_store.h"
 
+#include "core/text/bytes.h"
+#include "core/text/cut_characters.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
 
@@ -179,15 +181,6 @@ private:
 
 } // namespace
 
-std::filesystem::path PathInFolder(const std::filesystem::path& folder, std::string_view file) {
-    constexpr std::string_view kLeadsAway{"/\\:\0", 4};
-    if (file.starts_with('\\'))
-        file.remove_prefix(1);
-    if (file.empty() || file == "." || file == ".." || file.find_first_of(kLeadsAway) != kNowhere)
-        return {};
-    return folder / std::u8string(file.begin(), file.end());
-}
-
 std::string FindNote(std::string_view content, std::string_view key) {
     const auto record = FindRecord(content, key);
     return record ? std::string(content.substr(record->text, record->end - record->text)) : "";
@@ -261,6 +254,14 @@ std::string ReadStore(const std::filesystem::path& folder, std::string_view file
     return ReadExistingFile(PathInFolder(folder, file), kLargestStore);
 }
 
+bool HasNote(const std::filesystem::path& folder, std::string_view key, std::string_view file) {
+    try {
+        return !FindNote(ReadStore(folder, file), key).empty();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std::string_view note,
                  std::string_view file) {
     const auto path = PathInFolder(folder, file);
@@ -287,6 +288,49 @@ std::string StorableNote(std::string_view note) {
     if (bars > 0)
         storable += ' ';
     return storable;
+}
+
+std::string StoredLines(std::string_view text) {
+    const std::string plain = ReplaceAll(ReplaceAll(text, "\r\n", "\n"), "\r", "\n");
+    std::string_view rest = plain;
+    while (rest.starts_with('\n'))
+        rest.remove_prefix(1);
+    while (rest.ends_with('\n'))
+        rest.remove_suffix(1);
+    std::string stored;
+    bool isFirst = true;
+    for (const std::string_view line : Split(rest, '\n')) {
+        if (!isFirst)
+            stored.append(kLineEnd);
+        stored.append(line.empty() && !isFirst ? " " : line);
+        isFirst = false;
+    }
+    return stored;
+}
+
+std::string ShownLines(std::string_view note) {
+    std::string shown;
+    bool isFirst = true;
+    const std::string plain = ReplaceAll(note, kLineEnd, "\n");
+    for (const std::string_view line : Split(plain, '\n')) {
+        if (!isFirst)
+            shown += '\n';
+        shown.append(line == " " && !isFirst ? "" : line);
+        isFirst = false;
+    }
+    return shown;
+}
+
+std::string FirstLine(std::string_view note, std::size_t characters) {
+    const std::string shown = ShownLines(note);
+    std::string_view text = shown;
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\n"), text.size()));
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const std::string_view cut = CutCharacters(line, characters);
+    std::string first(cut);
+    if (cut.size() < text.size())
+        first.append("\xE2\x80\xA6");
+    return first;
 }
 
 void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/folder_path.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -32,6 +34,9 @@ inline constexpr std::uint64_t kLargestStore = 64 * 1024 * 1024;
 /// it cannot be read or is larger than kLargestStore.
 std::string ReadStore(const std::filesystem::path& folder, std::string_view file);
 
+/// Whether the store has a text for `key`; one that cannot be read has none.
+bool HasNote(const std::filesystem::path& folder, std::string_view key, std::string_view file);
+
 /// Makes `note` the text of `key`: what "REMOVE" and then "SET" do, in one write, so that no crash
 /// comes between them. An empty note is only removed. Throws RuntimeError when the store cannot be
 /// read or written; it then holds what it held.
@@ -42,6 +47,17 @@ void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std:
 /// or bars at the end, would be taken for the mark that ends a record.
 std::string StorableNote(std::string_view note);
 
+/// A note of several lines as it is stored: its lines end as on every system that reads the file,
+/// and a line of its own that is empty holds a blank, since two line ends in a row are made one
+/// whenever a record is removed. Line ends around the note go.
+std::string StoredLines(std::string_view text);
+
+/// A stored note as it was typed, with plain line feeds.
+std::string ShownLines(std::string_view note);
+
+/// The first line of a note that is not empty, cut to so many characters, for a menu.
+std::string FirstLine(std::string_view note, std::size_t characters = 40);
+
 /// What the user is told when StorableNote changed a note.
 inline constexpr std::string_view kBarsParted =
     "Five bars in a row, or bars at the end, would end the note in its file. Blanks were put "
@@ -50,10 +66,6 @@ inline constexpr std::string_view kBarsParted =
 /// Performs "REMOVE" for each key in turn, yet reads and writes the file only once.
 void RemoveNotes(const std::filesystem::path& folder, const std::vector<std::string>& keys,
                  std::string_view file);
-
-/// Where a name with a leading backslash lies in `folder`. A name that would lead out of it, or is
-/// none, gives the empty path, under which nothing can be read or written.
-std::filesystem::path PathInFolder(const std::filesystem::path& folder, std::string_view file);
 
 /// The text that a GET of `key` finds in the content of a store. No record has an empty key.
 std::string FindNote(std::string_view content, std::string_view key);

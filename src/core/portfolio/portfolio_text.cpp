@@ -1,5 +1,6 @@
 #include "core/portfolio/portfolio_text.h"
 
+#include "core/portfolio/keyed_store.h"
 #include "core/text/bytes.h"
 #include "core/text/runtime_error.h"
 
@@ -42,6 +43,7 @@ TickerMenu MakeTickerMenu(const std::string* ticker, std::string_view note, int 
         menu.copyCaption = "Copy " + *ticker + " to :";
         menu.noteCaption = "Notes on " + *ticker;
         menu.note = note;
+        menu.noteLine = FirstLine(note);
     } else {
         menu.deleteCaption = "Delete";
         menu.moveCaption = "Move to :";

@@ -25,7 +25,8 @@ struct TickerMenu {
     std::string moveCaption;    ///< mnuMoveit
     std::string copyCaption;    ///< mnuCopyTo
     std::string noteCaption;    ///< mnuTickNote
-    std::string note;           ///< mnuTickNotes
+    std::string note;           ///< the whole note
+    std::string noteLine;       ///< mnuTickNotes: its first line, cut for a menu
     bool hasList;               ///< enables mnuCopyIt, mnuMoveAll and mnuCopyAllPorts
     std::string copyAllCaption; ///< mnuCopyIt
     /// Which portfolios may be moved or copied to, portfolio 1 first: all but the current one.

@@ -2,6 +2,7 @@
 
 #include "core/text/bytes.h"
 
+#include <algorithm>
 #include <map>
 #include <unordered_set>
 
@@ -10,6 +11,33 @@ namespace tallowmere {
 namespace {
 
 using TextSet = std::unordered_set<std::string_view>;
+
+/// The entry with one kind of separator and without quote marks, in which spreadsheets and articles
+/// put symbols.
+std::string Plain(std::string text) {
+    for (const std::string_view quote :
+         {"\"", "\xE2\x80\x9C", "\xE2\x80\x9D", "\xE2\x80\x9E", "\xC2\xAB", "\xC2\xBB",
+          "\xE2\x80\x98", "\xE2\x80\x99", "\xE2\x80\x9A", "'", "`"})
+        text = ReplaceAll(text, quote, "");
+    for (char& c : text)
+        if (c == ',' || c == ';')
+            c = ' ';
+    return text;
+}
+
+/// Tickers in words; of many only how many there are.
+std::string Listed(const std::vector<std::string>& tickers) {
+    constexpr std::size_t kMostNamed = 5;
+    if (tickers.size() > kMostNamed)
+        return std::to_string(tickers.size()) + " tickers";
+    std::string words;
+    for (std::size_t i = 0; i < tickers.size(); ++i) {
+        if (i > 0)
+            words += i + 1 == tickers.size() ? " and " : ", ";
+        words += tickers[i];
+    }
+    return words;
+}
 
 } // namespace
 
@@ -28,7 +56,7 @@ std::string JoinTickerList(const std::vector<std::string>& tickers) {
 }
 
 TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>& tickers) {
-    const std::string text = ReplaceAll(ToUpper(entry), ",", " ");
+    const std::string text = Plain(ToUpper(entry));
     TextSet known(tickers.begin(), tickers.end());
 
     // Runs of blanks count as one, and the entry is trimmed: empty pieces do not exist. What is
@@ -40,13 +68,36 @@ TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>&
         symbols.pop_back();
 
     TickerEntry result{};
+    result.last = last;
+    TextSet told;
+    const auto tell = [&](std::string_view symbol) {
+        const bool isInList = std::find(tickers.begin(), tickers.end(), symbol) != tickers.end();
+        if (isInList && !symbol.empty() && told.insert(symbol).second)
+            result.known.emplace_back(symbol);
+    };
     for (const std::string_view symbol : symbols)
         if (known.insert(symbol).second)
             result.added.emplace_back(symbol);
+        else
+            tell(symbol);
     result.accepted = known.insert(last).second;
-    if (result.accepted && !last.empty())
+    if (!result.accepted)
+        tell(last);
+    else if (!last.empty())
         result.added.emplace_back(last);
     return result;
+}
+
+std::string EntryWords(const TickerEntry& entry) {
+    std::string words;
+    if (!entry.added.empty())
+        words = Listed(entry.added) + " added";
+    if (!entry.known.empty())
+        words.append(words.empty() ? "" : "; ")
+            .append(Listed(entry.known))
+            .append(entry.known.size() == 1 ? " is" : " are")
+            .append(" in the list already");
+    return words.empty() ? words : words + ".";
 }
 
 std::vector<std::string> TickersFoundNowhere(const std::vector<std::string>& tickers,

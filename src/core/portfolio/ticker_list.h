@@ -17,11 +17,17 @@ std::string JoinTickerList(const std::vector<std::string>& tickers);
 struct TickerEntry {
     std::vector<std::string> added; ///< at the end of the list, in this order
     bool accepted;                  ///< the box is emptied and the list is written
+    std::vector<std::string> known; ///< what is in the list already, each once
+    std::string last;               ///< the last symbol of the entry; empty when there is none
 };
 
-/// Splits an entry at blanks and commas, upper-cases it and leaves out what `tickers` holds
-/// already. When the last symbol is there already, the entry is not accepted, though the earlier
-/// ones are added.
+/// What the user is told of an entry: "AMD and GE added; MSFT is in the list already." Empty when
+/// the entry held no symbol.
+std::string EntryWords(const TickerEntry& entry);
+
+/// Splits an entry at blanks, commas and semicolons, upper-cases it, drops its quote marks and
+/// leaves out what `tickers` holds already. When the last symbol is there already, the entry is not
+/// accepted, though the earlier ones are added.
 TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>& tickers);
 
 /// Those of `tickers`, in order, whose text occurs nowhere in `lists`, the joined stored lists of

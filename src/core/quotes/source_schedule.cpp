@@ -82,6 +82,7 @@ void SourceSchedule::Want(PriceSpan span, const std::vector<std::string>& symbol
         if (subject.pending)
             continue;
         subject.asked.resize(m_rows.size());
+        subject.said.resize(m_rows.size());
         if (urgency != Urgency::Routine)
             for (std::size_t row = 0; row < m_rows.size(); ++row) {
                 const std::int64_t interval = m_table.rows[row].minInterval;
@@ -161,8 +162,10 @@ std::optional<SourceRequest> SourceSchedule::Next(std::int64_t now) {
                 continue;
             if (MayAsk(i, now))
                 return Send(i, queue, now);
-            for (const Key& key : std::exchange(queue, {}))
+            for (const Key& key : std::exchange(queue, {})) {
+                m_subjects[key].said[i] = Reply::Missing;
                 PassOn(key, i + 1, now);
+            }
         }
     return std::nullopt;
 }
@@ -241,6 +244,7 @@ void SourceSchedule::EndFlight(int id, const SourceAnswer& answer, std::string_v
         Subject& subject = m_subjects[key];
         if (!subject.pending)
             continue;
+        subject.said[flight.row] = answered ? Reply::Answered : Reply::Missing;
         if (answered)
             subject.asked[flight.row].length =
                 std::max<std::int64_t>(kUnknownRest, m_table.rows[flight.row].minInterval);
@@ -296,6 +300,16 @@ const SourceSchedule::Subject* SourceSchedule::Find(PriceSpan span, std::string_
 bool SourceSchedule::IsPending(PriceSpan span, std::string_view symbol) const {
     const Subject* subject = Find(span, symbol);
     return subject && subject->pending;
+}
+
+bool SourceSchedule::IsUnknown(std::string_view symbol) const {
+    const Subject* subject = Find(PriceSpan::Quote, symbol);
+    if (!subject || subject->pending || subject->Holds())
+        return false;
+    const auto said = [&](Reply reply) {
+        return std::find(subject->said.begin(), subject->said.end(), reply) != subject->said.end();
+    };
+    return said(Reply::Answered) && !said(Reply::Missing);
 }
 
 Kept<Quote> SourceSchedule::FindQuote(std::string_view symbol) const {

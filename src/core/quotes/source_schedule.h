@@ -81,6 +81,10 @@ public:
     bool IsBusy() const { return m_pending > 0; }
     bool IsPending(PriceSpan span, std::string_view symbol) const;
 
+    /// Whether the last search for a quote ended with nothing because the sources that could be
+    /// asked do not have the symbol: at least one said so, and none failed to answer.
+    bool IsUnknown(std::string_view symbol) const;
+
     Kept<Quote> FindQuote(std::string_view symbol) const;
     Kept<PriceSeries> FindSeries(PriceSpan span, std::string_view symbol) const;
 
@@ -94,6 +98,9 @@ public:
 private:
     using Key = std::pair<PriceSpan, std::string>;
 
+    /// What a source said of a symbol.
+    enum class Reply : std::uint8_t { None, Answered, Missing };
+
     /// One symbol over one span: what is known and how far the present search is.
     struct Subject {
         bool pending = false;
@@ -104,6 +111,7 @@ private:
         std::optional<Quote> quote;
         std::optional<PriceSeries> series;
         std::vector<Pause> asked; ///< by source
+        std::vector<Reply> said;  ///< by source, when it was asked last
 
         bool Holds() const { return quote || series; }
     };

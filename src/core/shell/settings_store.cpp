@@ -30,9 +30,14 @@ SettingsStore::~SettingsStore() = default;
 
 std::string SettingsStore::GetSetting(std::string_view section, std::string_view key,
                                       std::string_view fallback) const {
+    return FindSetting(section, key).value_or(std::string(fallback));
+}
+
+std::optional<std::string> SettingsStore::FindSetting(std::string_view section,
+                                                      std::string_view key) const {
 #ifdef _WIN32
     if (m_file.empty())
-        return ReadRegistrySetting(section, key).value_or(std::string(fallback));
+        return ReadRegistrySetting(section, key);
 #endif
     // Another program may have written meanwhile; asking for the stamp is far cheaper than reading.
     if (const auto stamp = StampOf(m_file); stamp != m_content->stamp) {
@@ -45,7 +50,7 @@ std::string SettingsStore::GetSetting(std::string_view section, std::string_view
         }
     }
     const std::string* value = m_content->values.Find(section, key);
-    return value ? *value : std::string(fallback);
+    return value ? std::optional(*value) : std::nullopt;
 }
 
 void SettingsStore::SaveSetting(std::string_view section, std::string_view key,
@@ -55,18 +60,37 @@ void SettingsStore::SaveSetting(std::string_view section, std::string_view key,
 
 void SettingsStore::SaveSettings(std::string_view section,
                                  const std::vector<std::pair<std::string, std::string>>& values) {
+    std::vector<SettingChange> changes;
+    for (const auto& [key, value] : values)
+        changes.push_back({std::string(section), key, value});
+    ChangeSettings(changes);
+}
+
+void SettingsStore::ChangeSettings(const std::vector<SettingChange>& changes) {
+    std::vector<SettingChange> before;
+    if (m_observer)
+        for (const auto& [section, key, value] : changes)
+            before.push_back({section, key, FindSetting(section, key)});
+    Write(changes);
+    for (const SettingChange& value : before)
+        m_observer(value);
+}
+
+void SettingsStore::Write(const std::vector<SettingChange>& changes) {
 #ifdef _WIN32
     if (m_file.empty()) {
-        for (const auto& [key, value] : values)
-            WriteRegistrySetting(section, key, value);
+        for (const auto& [section, key, value] : changes)
+            value ? WriteRegistrySetting(section, key, *value)
+                  : RemoveRegistrySetting(section, key);
         return;
     }
 #endif
     const FileLock lock(m_file);
     const std::string text = ReadExistingFile(m_file, kLargestSettings);
     std::string changed = text;
-    for (const auto& [key, value] : values)
-        changed = ChangeSettingsText(changed, section, key, value);
+    for (const auto& [section, key, value] : changes)
+        changed = value ? ChangeSettingsText(changed, section, key, *value)
+                        : RemoveSettingText(changed, section, key);
     if (changed == text)
         return;
     // Once is enough: what is written now holds no damage any more.

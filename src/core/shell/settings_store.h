@@ -1,13 +1,21 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace tallowmere {
+
+/// What becomes of one value: none takes its key out of the store.
+struct SettingChange {
+    std::string section, key;
+    std::optional<std::string> value;
+};
 
 /// The per-user store of named string values: section, key, value. Everything that the user
 /// prefers lies here. On Windows it is a branch of the registry, elsewhere an INI file.
@@ -25,6 +33,9 @@ public:
     std::string GetSetting(std::string_view section, std::string_view key,
                            std::string_view fallback) const;
 
+    /// The stored text, none when the key is absent. Never fails.
+    std::optional<std::string> FindSetting(std::string_view section, std::string_view key) const;
+
     /// Creates or overwrites one value; it is on disk when the call returns, and what another
     /// program wrote to other keys meanwhile stays. Throws RuntimeError when it cannot be written.
     void SaveSetting(std::string_view section, std::string_view key, std::string_view value);
@@ -33,10 +44,20 @@ public:
     void SaveSettings(std::string_view section,
                       const std::vector<std::pair<std::string, std::string>>& values);
 
+    /// The same for values of any sections, and for keys that are to go.
+    void ChangeSettings(const std::vector<SettingChange>& changes);
+
+    /// Is told of each value that was written, in order, with what its key held before.
+    using Observer = std::function<void(const SettingChange& before)>;
+    void Observe(Observer observer) { m_observer = std::move(observer); }
+
 private:
+    void Write(const std::vector<SettingChange>& changes);
+
     struct Content;
     std::filesystem::path m_file;
     std::unique_ptr<Content> m_content;
+    Observer m_observer;
 };
 
 } // namespace tallowmere

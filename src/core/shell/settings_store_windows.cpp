@@ -87,6 +87,13 @@ void WriteRegistrySetting(std::string_view section, std::string_view key, std::s
         throw RuntimeError("Cannot write the settings: " + std::system_category().message(status));
 }
 
+void RemoveRegistrySetting(std::string_view section, std::string_view key) {
+    const LSTATUS status =
+        RegDeleteKeyValueW(HKEY_CURRENT_USER, Branch(section).c_str(), ToWide(key).c_str());
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
+        throw RuntimeError("Cannot write the settings: " + std::system_category().message(status));
+}
+
 } // namespace tallowmere
 
 #endif

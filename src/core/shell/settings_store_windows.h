@@ -13,4 +13,8 @@ std::optional<std::string> ReadRegistrySetting(std::string_view section, std::st
 /// Creates or overwrites one value. Throws RuntimeError when the registry refuses it.
 void WriteRegistrySetting(std::string_view section, std::string_view key, std::string_view value);
 
+/// Takes a value out of the branch; one that is absent is no error. Throws RuntimeError when the
+/// registry refuses it.
+void RemoveRegistrySetting(std::string_view section, std::string_view key);
+
 } // namespace tallowmere

@@ -248,6 +248,39 @@ std::string ChangeSettingsText(std::string_view text, std::string_view section,
     return result.append("[").append(AsWritten(section, "\"", "]")).append("]\n") + entry + '\n';
 }
 
+std::string RemoveSettingText(std::string_view text, std::string_view section,
+                              std::string_view key) {
+    const std::string wantedSection = ToLower(section);
+    const std::string wantedKey = ToLower(key);
+    std::string result;
+    bool removes = false;
+    // Where the last section starts, and whether it is the wanted one and holds no line.
+    std::size_t sectionStart = 0;
+    bool isBare = false;
+    std::string current = ToLower(kFirstSection);
+    Lines lines(text);
+    for (Line line; lines.Next(line);) {
+        if (line.kind == Line::Section) {
+            current = ToLower(line.name);
+            sectionStart = result.size();
+            isBare = current == wantedSection;
+        } else if (line.kind == Line::Key && current == wantedSection &&
+                   ToLower(line.name) == wantedKey) {
+            removes = true;
+            continue;
+        } else {
+            isBare = false;
+        }
+        result += line.whole;
+    }
+    if (!removes || !isBare)
+        return result;
+    result.resize(sectionStart);
+    if (result.ends_with("\n\n"))
+        result.pop_back();
+    return result;
+}
+
 bool IsDamagedSettingsText(std::string_view text) {
     return IsDamaged(text);
 }

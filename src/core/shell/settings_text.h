@@ -29,6 +29,11 @@ private:
 std::string ChangeSettingsText(std::string_view text, std::string_view section,
                                std::string_view key, std::string_view value);
 
+/// The text without a key, in whatever case and however often it stands there. A section at the end
+/// of the text that holds nothing any more goes too, with the empty line before it.
+std::string RemoveSettingText(std::string_view text, std::string_view section,
+                              std::string_view key);
+
 /// Whether some line holds control characters, which no one writes: such a line is not read.
 bool IsDamagedSettingsText(std::string_view text);
 

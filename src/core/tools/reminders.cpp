@@ -58,6 +58,10 @@ std::string DayKey(Date day) {
     return Formatted(day, "-");
 }
 
+std::string ReminderWords(Date day) {
+    return "Reminder of " + Formatted(day, "/");
+}
+
 std::optional<Date> DayOfKey(std::string_view key) {
     if (key.size() != 10 || key[2] != '-' || key[5] != '-')
         return std::nullopt;

@@ -18,6 +18,9 @@ constexpr std::string_view kNoReminders = "No reminders have been set...";
 /// The key of a day, "MM-DD-YYYY".
 std::string DayKey(Date day);
 
+/// What a reminder is called: "Reminder of MM/DD/YYYY".
+std::string ReminderWords(Date day);
+
 /// The day of a key; none for a text that is not of the form "MM-DD-YYYY" or no day of a calendar.
 std::optional<Date> DayOfKey(std::string_view key);
 

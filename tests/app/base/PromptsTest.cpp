@@ -69,6 +69,38 @@ private Q_SLOTS:
         QCOMPARE(answer, std::nullopt);
     }
 
+    void AQuestionHasTheDefaultThatItIsGiven() {
+        DialogPrompts prompts;
+        for (const auto byDefault : {Prompts::Answer::Yes, Prompts::Answer::No}) {
+            bool answer = false;
+            WithDialog<QMessageBox>(
+                [&] { answer = prompts.Ask(u"Clear Stock List?"_s, u"Clear Stocks"_s, byDefault); },
+                [&](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            QCOMPARE(answer, byDefault == Prompts::Answer::Yes);
+        }
+    }
+
+    void AnInputOfLinesTakesEnterForItsText() {
+        DialogPrompts prompts;
+        std::optional<QString> answer;
+        const auto ask = [&] {
+            answer = prompts.InputLines(u"A note"_s, u"Ticker Notes"_s, u"old\nlines"_s);
+        };
+        WithDialog<QDialog>(ask, [&](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Ticker Notes"_s);
+            QCOMPARE(dialog.findChild<QLabel*>()->text(), u"A note"_s);
+            auto* box = dialog.findChild<QPlainTextEdit*>();
+            QCOMPARE(box->toPlainText(), u"old\nlines"_s);
+            QVERIFY(box->height() > 3 * box->fontMetrics().lineSpacing());
+            QTest::keyClick(box, Qt::Key_Return);
+            QTest::keyClicks(box, u"new"_s);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        QCOMPARE(answer, std::optional(u"old\nlines\nnew"_s));
+        WithDialog<QDialog>(ask, [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        QCOMPARE(answer, std::nullopt);
+    }
+
     void ALongTextScrollsAndNoDialogIsLargerThanTheScreen() {
         DialogPrompts prompts;
         const QString text =

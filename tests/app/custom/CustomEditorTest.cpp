@@ -1,5 +1,7 @@
 #include "app/custom/CustomEditor.h"
 #include "app/engine/BrowserPane.h"
+#include "app/forms/frmMain.h"
+#include "app/links/PaneDeck.h"
 #include "core/text/files.h"
 #include "support/Await.h"
 #include "support/TestSession.h"
@@ -196,6 +198,57 @@ private Q_SLOTS:
         const frmCustom& editor = OpenUnused(session);
         Click(editor.Command4);
         QCOMPARE(editor.txtURL->text(), address);
+    }
+
+    void TheTitleIsSelectedSoThatTypingReplacesIt() {
+        TestSession session;
+        session.Start();
+        const frmCustom& editor = OpenUnused(session);
+        QCOMPARE(editor.txtTitle->selectedText(), u"< Custom >"_s);
+        QTest::keyClicks(editor.txtTitle, u"Abc"_s);
+        QCOMPARE(editor.txtTitle->text(), u"Abc"_s);
+    }
+
+    void WhatIsTypedIntoTheCaptionOfAnUnusedSlotTakesItsPlace() {
+        TestSession session;
+        session.Start();
+        const frmCustom& editor = OpenUnused(session);
+        for (const int at : {0, 5, 10}) {
+            editor.txtTitle->setText(u"< Custom >"_s);
+            editor.txtTitle->setCursorPosition(at);
+            QTest::keyClicks(editor.txtTitle, u"Ab"_s);
+            QCOMPARE(editor.txtTitle->text(), u"Ab"_s);
+        }
+        editor.txtTitle->setText(u"< Custom >"_s);
+        editor.txtTitle->setCursorPosition(10);
+        QTest::keyClick(editor.txtTitle, Qt::Key_Backspace);
+        QCOMPARE(editor.txtTitle->text(), QString());
+        editor.txtTitle->setText(u"Mine"_s);
+        QTest::keyClicks(editor.txtTitle, u"2"_s);
+        QCOMPARE(editor.txtTitle->text(), u"Mine2"_s);
+    }
+
+    void CurrentPageOffersAPlaceholderForTheTickerInTheAddress() {
+        TestSession session;
+        session.Store("First", "OK");
+        session.Store("Stocks1", "AOL|MSFT|");
+        session.Start();
+        session.Form().List1->SetListIndex(1);
+        session->Panes().Navigate(u"http://h.example/m/msft?s=MSFT"_s);
+        QTRY_COMPARE(session.Form().Web->LocationURL(), u"http://h.example/m/msft?s=MSFT"_s);
+        const frmCustom& editor = OpenUnused(session);
+        const auto* shown = editor.findChild<QLabel*>(u"lblExpanded"_s);
+        QVERIFY(editor.cmdPlaceholder->isHidden());
+        editor.Command4->click();
+        QCOMPARE(editor.txtURL->text(), u"http://h.example/m/msft?s=MSFT"_s);
+        QVERIFY(!editor.cmdPlaceholder->isHidden());
+        QCOMPARE(shown->text(), u"MSFT found : http://h.example/LEFTONE/LCASETICK?s=UCASETICK"_s);
+        editor.cmdPlaceholder->click();
+        QCOMPARE(editor.txtURL->text(), u"http://h.example/LEFTONE/LCASETICK?s=UCASETICK"_s);
+        QVERIFY(editor.cmdPlaceholder->isHidden());
+        QCOMPARE(shown->text(), u"For MSFT : http://h.example/m/msft?s=MSFT"_s);
+        editor.txtURL->setText(u"http://h.example/"_s);
+        QCOMPARE(shown->text(), QString());
     }
 
     void SavingWithoutATitleIsRefused() {

@@ -234,7 +234,9 @@ private Q_SLOTS:
             QVERIFY(options->isVisible());
             options->close();
         }
-        // The right button selects nothing.
+        // The right button selects nothing: the menu says which portfolio it is about.
+        QCOMPARE(options->actions().first()->text(), u"#1: "_s + session.Form().lblPort->Caption());
+        QVERIFY(!options->actions().first()->isEnabled());
         QCOMPARE(session->Ports().Current(), 1);
     }
 };

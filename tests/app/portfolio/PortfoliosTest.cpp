@@ -179,7 +179,10 @@ private Q_SLOTS:
         session.Start();
         QTest::mouseClick(session.Form().Label1, Qt::LeftButton);
         QTest::mouseDClick(session.Form().Label1, Qt::LeftButton);
-        QCOMPARE(session.prompts.messages, QStringList{u"Clear Stocks: Clear Stock List?"_s});
+        QCOMPARE(session.prompts.messages,
+                 QStringList{u"Clear Stocks: Clear Stock List?\n2 tickers in portfolio #1, "
+                             "\"Portfolio #1\"."_s});
+        QCOMPARE(session.prompts.defaults, QList{Prompts::Answer::No});
         QCOMPARE(session.Form().List1->Items(), (QStringList{u"BBB"_s, u"CCC"_s}));
         session.prompts.answers = {true};
         QTest::mouseDClick(session.Form().Label1, Qt::LeftButton);

@@ -1,4 +1,5 @@
 #include "app/portfolio/TickerBox.h"
+#include "app/portfolio/TickerMarks.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"
 #include "support/FullDisk.h"
@@ -218,6 +219,104 @@ private Q_SLOTS:
         window.Form().menus->mnuTickNotes->trigger();
         TickerNotes(window.Folder(), note, "GET", "MSFT", "", "\\TickNotes.txt");
         QCOMPARE(note, "");
+    }
+
+    void TheRightButtonSelectsTheTickerUnderItAndNothingElsewhere() {
+        Window window("AOL|MSFT|IBM|");
+        ListBox* list = window.Form().List1;
+        list->SetListIndex(0);
+        const auto press = [&](const QPoint& at) {
+            QTest::mouseClick(list->viewport(), Qt::RightButton, {}, at);
+            QWidget* menu = QApplication::activePopupWidget();
+            QCOMPARE(menu, window.Form().menus->mnuRightTick);
+            menu->close();
+        };
+        const QRect last = list->visualRect(list->model()->index(2, 0));
+        press(last.center());
+        QCOMPARE(list->SelectedText(), u"IBM"_s);
+        QCOMPARE(window.Form().menus->mnuDeleteTick->text(), u"Delete IBM"_s);
+        QVERIFY(list->toolTip().startsWith(u"Ticker : IBM, "_s));
+        press(last.center() + QPoint(0, 2 * last.height()));
+        QCOMPARE(list->SelectedText(), u"IBM"_s);
+        QCOMPARE(window.Form().menus->mnuDeleteTick->text(), u"Delete IBM"_s);
+    }
+
+    void TheStatusLineSaysWhatAnEntryDid() {
+        Window window("MSFT|");
+        const QLabel* status = window.Form().WebStatus;
+        window.Enter(u"amd"_s);
+        QCOMPARE(status->text(), u"AMD added."_s);
+        window.Enter(u"'ge'; msft"_s);
+        QCOMPARE(status->text(), u"GE added; MSFT is in the list already."_s);
+        QCOMPARE(window.Form().txtStock->text(), u"'GE'; MSFT"_s);
+        QCOMPARE(window.Form().List1->Items(), (QStringList{u"MSFT"_s, u"AMD"_s, u"GE"_s}));
+    }
+
+    void DownInTheEntryBoxLeadsToTheTickerThatWasEnteredLast() {
+        Window window("AOL|MSFT|");
+        ListBox* list = window.Form().List1;
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Down);
+        QCOMPARE(list->SelectedText(), u"AOL"_s);
+        window.Enter(u"ge amd"_s);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Down);
+        QCOMPARE(list->SelectedText(), u"AMD"_s);
+        window.Enter(u"msft"_s);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Down);
+        QCOMPARE(list->SelectedText(), u"MSFT"_s);
+        // With a modifier the key is the box's own.
+        list->SetListIndex(0);
+        QTest::keyClick(window.Form().txtStock, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(list->SelectedText(), u"AOL"_s);
+    }
+
+    void ANoteKeepsItsLinesAndTheMenuShowsTheFirst() {
+        Window window("AOL|MSFT|");
+        window.Form().List1->SetListIndex(1);
+        OpenMenu(window);
+        window.prompts.inputs = {u"first\n\nthird\n"_s, u"first\n\nthird"_s};
+        window.Form().menus->mnuTickNotes->trigger();
+        const QByteArray stored = "first\r\n \r\nthird";
+        std::string note;
+        TickerNotes(window.Folder(), note, "GET", "AOL", "", kTickerNotesFile);
+        QCOMPARE(note, stored.toStdString());
+        QCOMPARE(window.Form().menus->mnuTickNotes->text(), u"first\u2026"_s);
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(window.prompts.presets.last(), u"first\n\nthird"_s);
+        QCOMPARE(window.prompts.messages.filter(u"Quorvane"_s), QStringList());
+        TickerNotes(window.Folder(), note, "GET", "AOL", "", kTickerNotesFile);
+        QCOMPARE(note, stored.toStdString());
+    }
+
+    void ATickerWithANoteIsMarkedAndShowsIt() {
+        Window window("AOL|MSFT|");
+        const ListBox& list = *window.Form().List1;
+        QCOMPARE(list.MarkOf(0).sign, QString());
+        OpenMenu(window);
+        window.prompts.inputs = {u"one\ntwo"_s, std::nullopt};
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(list.MarkOf(0).sign, u"\u270E"_s);
+        QCOMPARE(list.MarkOf(0).hint, u"AOL: one\ntwo"_s);
+        QCOMPARE(list.MarkOf(0).meaning, u"has a note"_s);
+        QCOMPARE(list.MarkOf(1).sign, QString());
+        QCOMPARE(list.model()->index(0, 0).data(Qt::ToolTipRole).toString(), u"AOL: one\ntwo"_s);
+        window.Form().SetToolTips(false);
+        QCOMPARE(list.MarkOf(0).hint, QString());
+        QCOMPARE(list.MarkOf(0).sign, u"\u270E"_s);
+        window.Form().menus->mnuTickNotes->trigger();
+        QCOMPARE(list.MarkOf(0).sign, QString());
+        window.Form().menus->undo->trigger();
+        QCOMPARE(list.MarkOf(0).sign, u"\u270E"_s);
+    }
+
+    void ATickerThatNoSourceKnowsIsMarked() {
+        Window window("AOL|NOSUCH|");
+        const ListBox& list = *window.Form().List1;
+        window->Controllers().portfolio.marks->SetUnknown(
+            [](const std::string& ticker) { return ticker == "NOSUCH"; });
+        QCOMPARE(list.MarkOf(0).sign, QString());
+        QCOMPARE(list.MarkOf(1).sign, u"?"_s);
+        QCOMPARE(list.MarkOf(1).meaning, u"not known to the sources of quotes"_s);
+        QCOMPARE(list.MarkOf(1).hint, u"No source of quotes knows NOSUCH."_s);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "app/forms/frmColor.h"
 #include "app/forms/frmCustom.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/shell/UndoCommands.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/ColorSettings.h"
 #include "core/shell/conversion.h"
@@ -30,7 +31,8 @@ private:
         }
 
         void Use(const std::function<void(frmColor&)>& use) {
-            ColorSettings dialogs((**this).Settings(), prompts, nullptr);
+            ColorSettings dialogs((**this).Settings(), (**this).Controllers().undo->Recorder(),
+                                  prompts, nullptr);
             WithDialog<frmColor>([&] { dialogs.Show(&Form()); }, use);
         }
         QString Color(const char* key) { return ToQt(Settings().GetSetting("Colors", key, "-")); }
@@ -126,6 +128,20 @@ private Q_SLOTS:
         });
         QCOMPARE(window.Color("bTE"), QString::number(0xFF0000));
         QCOMPARE(window.Color("fTE"), u"-2147483640"_s);
+    }
+
+    void AColourIsUndoneAndTheWindowFollows() {
+        Window window;
+        window.prompts.colors = {QColor(0, 0, 255)};
+        window.Use([](frmColor& dialog) { QTest::mouseClick(dialog.cmdFore[1], Qt::LeftButton); });
+        const frmMain& form = window.Form();
+        QCOMPARE(form.menus->undo->text(), u"&Undo Color of Ticker Entry Box"_s);
+        form.menus->undo->trigger();
+        QCOMPARE(window.Color("bTE"), u"-"_s);
+        QCOMPARE(form.txtStock->palette().color(QPalette::Base), QColor(0x80, 0xFF, 0x80));
+        form.menus->redo->trigger();
+        QCOMPARE(window.Color("bTE"), QString::number(0xFF0000));
+        QCOMPARE(form.txtStock->palette().color(QPalette::Base), QColor(0, 0, 255));
     }
 
     void CancelChangesNothing() {

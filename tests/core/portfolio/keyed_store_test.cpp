@@ -394,5 +394,49 @@ TEST(StorableNotes, OnlyBarsThatWouldEndARecordAreParted) {
     EXPECT_EQ(StorableNote("end|"), "end| ");
 }
 
+TEST(NoteLines, AreStoredSoThatNoRemovalTakesThemAway) {
+    struct Case {
+        std::string typed, stored, shown;
+    };
+    const Case cases[] = {
+        {"one", "one", "one"},
+        {"one\ntwo", "one\r\ntwo", "one\ntwo"},
+        {"one\r\ntwo\rthree", "one\r\ntwo\r\nthree", "one\ntwo\nthree"},
+        {"one\n\ntwo", "one\r\n \r\ntwo", "one\n\ntwo"},
+        {"one\n\n\n\ntwo", "one\r\n \r\n \r\n \r\ntwo", "one\n\n\n\ntwo"},
+        {"\n\none\n\n", "one", "one"},
+        {" \none", " \r\none", " \none"},
+        {"one\n  \ntwo", "one\r\n  \r\ntwo", "one\n  \ntwo"},
+        {"\n", "", ""},
+        {"", "", ""},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(StoredLines(c.typed), c.stored) << c.typed;
+        EXPECT_EQ(ShownLines(c.stored), c.shown) << c.stored;
+        EXPECT_EQ(StoredLines(c.shown), c.stored) << c.shown;
+        // What another record's removal does to the rest of a store.
+        const std::string content = NoteRecord("A", "x") + NoteRecord("B", c.stored);
+        EXPECT_EQ(FindNote(*RemoveNote(content, "A"), "B"), c.stored) << c.typed;
+    }
+}
+
+TEST(NoteLines, TheFirstOneStandsInTheMenu) {
+    struct Case {
+        std::string note, line;
+    };
+    const Case cases[] = {
+        {"watch R&D", "watch R&D"},
+        {"one\r\ntwo", "one\xE2\x80\xA6"},
+        {" \r\n \r\none", "one"},
+        {std::string(40, 'a'), std::string(40, 'a')},
+        {std::string(41, 'a'), std::string(40, 'a') + "\xE2\x80\xA6"},
+        {"\xC3\xA4\xC3\xA4", "\xC3\xA4\xC3\xA4"},
+        {"", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(FirstLine(c.note), c.line) << c.note;
+    EXPECT_EQ(FirstLine("\xC3\xA4\xC3\xA4\xC3\xA4", 2), "\xC3\xA4\xC3\xA4\xE2\x80\xA6");
+}
+
 } // namespace
 } // namespace tallowmere

@@ -54,7 +54,12 @@ TEST(TickerEntry, FollowsItsTableOfCases) {
         {"ibm a ibm b", {}, {"IBM", "A", "B"}, true},
         {"msft", {"msft"}, {"MSFT"}, true},
         {"msft", {"MSFT "}, {"MSFT"}, true},
-        {"a;b", {}, {"A;B"}, true},
+        {"a;b", {}, {"A", "B"}, true},
+        {" ; a ,;b; ", {}, {"A", "B"}, true},
+        {"\"msft\" 'ibm'", {}, {"MSFT", "IBM"}, true},
+        {"\xE2\x80\x9Cge\xE2\x80\x9D;\xC2\xABko\xC2\xBB", {}, {"GE", "KO"}, true},
+        {"\"\"", {"A"}, {}, true},
+        {"brk.b ^dji", {}, {"BRK.B", "^DJI"}, true},
     };
     for (const Case& c : cases) {
         const TickerEntry entry = EnterTickers(c.entry, c.list);
@@ -92,6 +97,32 @@ TEST(TickersFoundNowhere, AgreesWithASearchPerTicker) {
             if (lists.find(ticker) == std::string::npos)
                 expected.push_back(ticker);
         EXPECT_EQ(TickersFoundNowhere(tickers, lists), expected) << lists;
+    }
+}
+
+TEST(TickerEntry, TellsWhatWasAddedAndWhatIsThere) {
+    struct Case {
+        std::string_view entry;
+        Tickers list;
+        const char* words;
+        const char* last;
+    };
+    const Case cases[] = {
+        {"amd", {}, "AMD added.", "AMD"},
+        {"amd ge", {}, "AMD and GE added.", "GE"},
+        {"amd ge ko", {}, "AMD, GE and KO added.", "KO"},
+        {"a b c d e f", {}, "6 tickers added.", "F"},
+        {"msft", {"MSFT"}, "MSFT is in the list already.", "MSFT"},
+        {"msft ibm msft", {"MSFT", "IBM"}, "MSFT and IBM are in the list already.", "MSFT"},
+        {"amd msft", {"MSFT"}, "AMD added; MSFT is in the list already.", "MSFT"},
+        {"msft amd", {"MSFT"}, "AMD added; MSFT is in the list already.", "AMD"},
+        {"amd amd", {}, "AMD added.", "AMD"},
+        {" , ", {"MSFT"}, "", ""},
+    };
+    for (const Case& c : cases) {
+        const TickerEntry entry = EnterTickers(c.entry, c.list);
+        EXPECT_EQ(EntryWords(entry), c.words) << c.entry;
+        EXPECT_EQ(entry.last, c.last) << c.entry;
     }
 }
 

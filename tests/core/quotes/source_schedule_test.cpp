@@ -555,5 +555,36 @@ TEST(SourceSchedule, SendsNothingAgainToAHostThatHungUp) {
     EXPECT_THAT(web.asked, ElementsAre("first.example/q?s=A", "second.example/q?s=A"));
 }
 
+TEST(SourceSchedule, ASymbolIsUnknownOnceEverySourceThatCouldBeAskedHasSaidSo) {
+    Web web;
+    const auto none = [](const auto&) { return Good("s=OTHER"); };
+    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "nobody was asked";
+    web.Set("first.example", none);
+    web.Ask({"A", "B"});
+    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "the second source knows it";
+    web.Set("second.example", none);
+    web.Ask({"C"});
+    EXPECT_TRUE(web.Schedule().IsUnknown("C"));
+    EXPECT_TRUE(web.Schedule().IsUnknown("c"));
+    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "its last price is still there";
+    web.Set("second.example", SourceResponse());
+    web.Ask({"D"});
+    EXPECT_FALSE(web.Schedule().IsUnknown("D")) << "the second source did not answer";
+    web.Ask({"E"});
+    EXPECT_FALSE(web.Schedule().IsUnknown("E")) << "the second source rests";
+    web.Set("second.example", [](const auto& address) { return Good(address, 20); });
+    web.now += 3600;
+    web.Ask({"C"});
+    EXPECT_FALSE(web.Schedule().IsUnknown("C")) << "by now it is known";
+}
+
+TEST(SourceSchedule, NoSymbolIsUnknownWhenNobodyAnswers) {
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse{403, "text/html", "", "<html>"});
+    web.Ask({"A"});
+    EXPECT_FALSE(web.Schedule().IsUnknown("A"));
+}
+
 } // namespace
 } // namespace tallowmere

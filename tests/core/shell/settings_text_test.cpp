@@ -153,5 +153,38 @@ TEST(SettingsText, EveryByteSurvivesInALongRandomValue) {
         value);
 }
 
+TEST(SettingsText, AKeyIsTakenOut) {
+    struct Case {
+        std::string text, result;
+    };
+    const Case cases[] = {
+        {"[Settings]\nA=1\nTips=2\nB=3\n", "[Settings]\nA=1\nB=3\n"},
+        {"[Settings]\r\n tips = 2\r\nB=3\r\n", "[Settings]\r\nB=3\r\n"},
+        {"[Settings]\nTips=1\nB=3\nTIPS=2\n", "[Settings]\nB=3\n"},
+        {"Tips=1\n[Colors]\nTips=2\n", "[Colors]\nTips=2\n"},
+        {"[Colors]\nA=1\n\n[Settings]\nTips=1\n", "[Colors]\nA=1\n"},
+        {"[Settings]\nTips=1\n", ""},
+        {"[Settings]\nTips=1\n\n[Colors]\nA=1\n", "[Settings]\n\n[Colors]\nA=1\n"},
+        {"[Settings]\n; mine\nTips=1\n", "[Settings]\n; mine\n"},
+        {"[Settings]\nTips=1", ""},
+        {"[Settings]\nA=1\nTips=2", "[Settings]\nA=1\n"},
+        {"[Settings]\n;Tips=1\n", "[Settings]\n;Tips=1\n"},
+        {"[Settings]\n", "[Settings]\n"},
+        {"", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(RemoveSettingText(c.text, "Settings", "Tips"), c.result) << c.text;
+}
+
+TEST(SettingsText, TakingOutWhatWasJustPutInGivesTheTextThatWasThere) {
+    for (const std::string text :
+         {"", "[Settings]\nA=1\n", "[Settings]\nA=1\n\n[Colors]\nB=2\n", "[Colors]\r\nB=2\r\n"})
+        for (const std::string_view section : {"Settings", "Colors", "frmWiz"})
+            EXPECT_EQ(RemoveSettingText(ChangeSettingsText(text, section, "Tips", " x "), section,
+                                        "Tips"),
+                      text)
+                << text << section;
+}
+
 } // namespace
 } // namespace tallowmere

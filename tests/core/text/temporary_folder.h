@@ -9,9 +9,9 @@ namespace tallowmere {
 /// A fresh folder that is deleted with everything in it.
 class TemporaryFolder {
 public:
-    TemporaryFolder()
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("tallowmere-test-" + std::to_string(std::random_device{}()))) {
+    explicit TemporaryFolder(
+        const std::filesystem::path& where = std::filesystem::temp_directory_path())
+        : m_path(where / ("tallowmere-test-" + std::to_string(std::random_device{}()))) {
         std::filesystem::create_directory(m_path);
     }
     ~TemporaryFolder() {

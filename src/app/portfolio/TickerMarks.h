@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/forms/ListBox.h"
+#include "core/portfolio/keyed_store.h"
+#include "core/text/files.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace tallowmere {
+
+class frmMain;
+
+/// The marks of the ticker list: which tickers have a note, and which no source of quotes knows.
+class TickerMarks : public QObject {
+    Q_OBJECT
+public:
+    TickerMarks(frmMain& form, const std::filesystem::path& programFolder);
+
+    /// Reads the notes again if their file changed, and shows the marks anew.
+    void Refresh();
+
+    /// Says of a ticker whether the sources have denied it; nothing is denied without it.
+    using Unknown = std::function<bool(const std::string& ticker)>;
+    void SetUnknown(Unknown isUnknown);
+
+private:
+    ItemMark MarkOf(const QString& ticker) const;
+
+    frmMain& m_form;
+    std::filesystem::path m_programFolder;
+    std::optional<FileStamp> m_stamp;
+    std::unique_ptr<NoteIndex> m_notes;
+    Unknown m_isUnknown;
+};
+
+} // namespace tallowmere

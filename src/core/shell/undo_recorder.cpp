@@ -1,0 +1,206 @@
+#include "core/shell/undo_recorder.h"
+
+#include "core/text/folder_path.h"
+#include "core/text/runtime_error.h"
+
+#include <algorithm>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr std::uint64_t kLargestFile = 64 * kMegabyte;
+constexpr std::uint64_t kLargestHistory = 2 * UndoHistory::kMostBytes;
+
+UndoHistory ReadHistory(const std::filesystem::path& file, std::size_t mostSteps) {
+    try {
+        if (!file.empty())
+            return ReadUndoHistory(ReadExistingFile(file, kLargestHistory), mostSteps);
+    } catch (const RuntimeError&) {
+        // What cannot be read cannot be taken back either; the stores are as they are.
+    }
+    return UndoHistory(mostSteps);
+}
+
+} // namespace
+
+UndoRecorder::UndoRecorder(SettingsStore& settings, std::filesystem::path folder, UndoFiles files,
+                           std::filesystem::path historyFile, std::size_t mostSteps)
+    : m_settings(settings), m_folder(std::move(folder)), m_files(std::move(files)),
+      m_historyFile(std::move(historyFile)), m_history(ReadHistory(m_historyFile, mostSteps)) {
+    m_settings.Observe([this](const SettingChange& before) {
+        const bool isKnown = std::any_of(
+            m_settingsBefore.begin(), m_settingsBefore.end(), [&](const SettingChange& known) {
+                return known.section == before.section && known.key == before.key;
+            });
+        if (m_isRunning && !isKnown)
+            m_settingsBefore.push_back(before);
+    });
+}
+
+UndoRecorder::~UndoRecorder() {
+    m_settings.Observe({});
+}
+
+void UndoRecorder::Run(const std::string& caption, const std::function<void()>& command,
+                       const UndoFiles& moreFiles) {
+    if (m_isRunning) {
+        command();
+        return;
+    }
+    Begin(moreFiles);
+    try {
+        command();
+    } catch (...) {
+        // What it did before it failed is done.
+        End(caption);
+        throw;
+    }
+    End(caption);
+}
+
+const std::optional<std::string>& UndoRecorder::Look(const std::string& file) {
+    SeenFile& seen = m_seen[file];
+    const auto path = PathInFolder(m_folder, file);
+    const auto stamp = StampOf(path);
+    if (!stamp) {
+        seen = {};
+    } else if (stamp != seen.stamp) {
+        seen.text = ReadExistingFile(path, kLargestFile);
+        seen.stamp = stamp;
+    }
+    return seen.text;
+}
+
+void UndoRecorder::Begin(const UndoFiles& moreFiles) {
+    m_isRunning = true;
+    m_removed.clear();
+    m_settingsBefore.clear();
+    m_filesBefore.clear();
+    UndoFiles files = m_files;
+    files.insert(files.end(), moreFiles.begin(), moreFiles.end());
+    for (const std::string& file : files) {
+        try {
+            m_filesBefore.emplace_back(file, Look(file));
+        } catch (const RuntimeError&) {
+            // The command will find out for itself, and says so if it has to.
+        }
+    }
+}
+
+void UndoRecorder::End(const std::string& caption) {
+    m_isRunning = false;
+    UndoStep step{caption, m_removed, {}};
+    const auto add = [&](std::optional<UndoChange> change) {
+        if (change)
+            step.changes.push_back(std::move(*change));
+    };
+    for (const auto& [section, key, before] : m_settingsBefore)
+        add(MakeUndoChange(section, key, before, m_settings.FindSetting(section, key)));
+    for (const auto& [file, before] : m_filesBefore) {
+        try {
+            add(MakeUndoChange({}, file, before, Look(file)));
+        } catch (const RuntimeError&) {
+            // It was readable a moment ago; what became of it is not known.
+        }
+    }
+    if (step.changes.empty())
+        return;
+    m_history.Record(step);
+    Save();
+    Announce(&step);
+}
+
+std::optional<std::string> UndoRecorder::Read(const UndoChange& change) const {
+    if (!change.section.empty())
+        return m_settings.FindSetting(change.section, change.key);
+    const auto path = PathInFolder(m_folder, change.key);
+    return StampOf(path) ? std::optional(ReadExistingFile(path, kLargestFile)) : std::nullopt;
+}
+
+void UndoRecorder::WriteFile(const std::string& file,
+                             const std::optional<std::string>& text) const {
+    const auto path = PathInFolder(m_folder, file);
+    if (text) {
+        WriteWholeFile(path, *text);
+        return;
+    }
+    std::error_code error;
+    std::filesystem::remove(path, error);
+    if (error)
+        throw RuntimeError("Cannot delete " + path.string() + ": " + error.message());
+}
+
+void UndoRecorder::WriteSettings(const std::vector<Target>& targets, bool isBack) {
+    std::vector<SettingChange> changes;
+    for (const auto& [change, now, wanted] : targets)
+        if (!change->section.empty())
+            changes.push_back({change->section, change->key, isBack ? now : wanted});
+    if (isBack)
+        std::reverse(changes.begin(), changes.end());
+    if (!changes.empty())
+        m_settings.ChangeSettings(changes);
+}
+
+// The settings are one write; a file that cannot be written after them brings back what they and
+// the files before it held.
+void UndoRecorder::Write(const std::vector<Target>& targets) {
+    WriteSettings(targets, false);
+    std::vector<const Target*> written;
+    try {
+        for (const Target& target : targets) {
+            if (!target.change->section.empty())
+                continue;
+            WriteFile(target.change->key, target.wanted);
+            written.push_back(&target);
+        }
+    } catch (const RuntimeError&) {
+        for (const Target* target : written)
+            WriteFile(target->change->key, target->now);
+        WriteSettings(targets, true);
+        throw;
+    }
+}
+
+UndoRecorder::Outcome UndoRecorder::Go(UndoDirection direction) {
+    Outcome outcome{*m_history.Next(direction), {}};
+    std::vector<Target> targets;
+    for (const UndoChange& change : outcome.step.changes) {
+        const auto now = Read(change);
+        if (!Fits(change, direction, now)) {
+            outcome.refusal = "\"" + outcome.step.caption + "\" cannot be " +
+                              (direction == UndoDirection::Back ? "undone" : "done again") + ": " +
+                              UndoSubject(change) + " changed in another way since.";
+            m_history.Drop(direction);
+            Save();
+            Announce(nullptr);
+            return outcome;
+        }
+        targets.push_back({&change, now, Changed(change, direction, now)});
+    }
+    // Keys that the command made went to the end of their section one by one.
+    if (direction == UndoDirection::Back)
+        std::reverse(targets.begin(), targets.end());
+    Write(targets);
+    m_history.Pass(direction);
+    Save();
+    Announce(nullptr);
+    return outcome;
+}
+
+// The command is done whether its step is kept for a later run or not. What such a run finds in the
+// file then is older, and does not fit where it matters.
+void UndoRecorder::Save() const {
+    try {
+        if (!m_historyFile.empty())
+            WriteWholeFile(m_historyFile, m_history.Text());
+    } catch (const RuntimeError&) {
+    }
+}
+
+void UndoRecorder::Announce(const UndoStep* recorded) const {
+    if (m_listener)
+        m_listener(recorded);
+}
+
+} // namespace tallowmere
