@@ -78,6 +78,30 @@ class CustomLinks(driver.SystemTest):
         self.choose_by_pointer(program, link, 4)
         self.assertEqual(self.slot(window, 101, empty=True).name, "< Custom >")
 
+    def test_the_page_in_view_becomes_a_link_for_every_ticker(self):
+        program = self.start()
+        window = self.window(program)
+        window.find(role="list item", name="MSFT").click()
+        window.find(name="Y!").click()
+        self.server.wait_for_request("/q?s=msft&d=2b")
+        self.slot(window, 102, empty=True).click()
+        editor = self.editor(program)
+        driver.wait_for(lambda: editor.find(role="text", name="Title").focused, "the title's focus")
+        # What is typed takes the place of the caption of an unused slot.
+        driver.type_text("Quote")
+        editor.find(role="push button", name="Current Page").click()
+        editor.find(role="push button", name="Use for every ticker").click()
+        url = editor.find(role="text", name="URL")
+        driver.wait_for(lambda: url.text.endswith("/q?s=LCASETICK&d=2b"), "the placeholder")
+        editor.find(name=f"For MSFT : http://{self.server.host}/q?s=msft&d=2b")
+        driver.screenshot(driver.SCREENSHOTS / "custom_placeholder.png")
+        editor.find(role="push button", name="Save").click()
+        window.find(role="list item", name="AOL").click()
+        link = self.slot(window, 102, empty=False)
+        self.assertEqual(link.name, "Quote")
+        link.click()
+        self.server.wait_for_request("/q?s=aol&d=2b")
+
     def test_a_link_is_dragged_to_another_slot(self):
         program = self.start()
         window = self.window(program)
