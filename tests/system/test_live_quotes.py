@@ -140,6 +140,22 @@ class LiveQuotes(driver.SystemTest):
             return any("512.34" in page and "ET, Yahoo! Finance" in page for page in pages)
         driver.wait_for(shows_a_price, "the price of the source that is back")
 
+    def test_a_ticker_that_no_source_knows_is_marked_once_they_said_so(self):
+        (self.profile / "settings.ini").write_text("[Settings]\nFirst=OK\nStocks1=MSFT|NOSUCH|\n")
+        self.second.services = {"/spark": lambda _: ("application/json", "{}")}
+        program, window = self.start_live()
+
+        def meaning(ticker):
+            return window.find(role="list item", name=ticker).description
+        self.assertEqual(meaning("NOSUCH"), "")
+        for ticker in ("NOSUCH", "MSFT"):
+            window.find(role="list item", name=ticker).click()
+            window.find(name="Y!").click()
+        self.wait_for_page(program, "Name of MSFT")
+        driver.wait_for(lambda: meaning("NOSUCH") == "not known to the sources of quotes",
+                        "the mark")
+        self.assertEqual(meaning("MSFT"), "")
+
     def test_a_frozen_source_leaves_the_quotes_to_the_next_one(self):
         def frozen(path):
             kind, body = cnbc(path)
