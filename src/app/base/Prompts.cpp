@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 
 namespace tallowmere {
 
@@ -67,6 +68,15 @@ bool RunLong(const QString& text, const QString& title, QDialogButtonBox::Standa
     return dialog.exec() == QDialog::Accepted;
 }
 
+// The answer is what stood there when it was given: keys that were pressed right after it may still
+// reach the box before its window is gone.
+std::optional<QString> AnswerOf(QDialog& dialog, const std::function<QString()>& text) {
+    std::optional<QString> answer;
+    QObject::connect(&dialog, &QDialog::accepted, &dialog, [&] { answer = text(); });
+    dialog.exec();
+    return answer;
+}
+
 } // namespace
 
 void DialogPrompts::Message(const QString& text, const QString& title) {
@@ -112,7 +122,7 @@ std::optional<QString> DialogPrompts::Input(const QString& prompt, const QString
     layout->addWidget(question);
     layout->addWidget(answer);
     layout->addWidget(MakeButtons(dialog));
-    return dialog.exec() == QDialog::Accepted ? std::optional(answer->text()) : std::nullopt;
+    return AnswerOf(dialog, [=] { return answer->text(); });
 }
 
 std::optional<QString> DialogPrompts::InputLines(const QString& prompt, const QString& title,
@@ -146,7 +156,7 @@ std::optional<QString> DialogPrompts::InputLines(const QString& prompt, const QS
                                                                    lines * metrics.lineSpacing())
                       .boundedTo(screen * 0.8));
     answer->setFocus();
-    return dialog.exec() == QDialog::Accepted ? std::optional(answer->toPlainText()) : std::nullopt;
+    return AnswerOf(dialog, [=] { return answer->toPlainText(); });
 }
 
 std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QString& suggested,
