@@ -5,6 +5,7 @@
 #include "core/custom/custom_link.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
