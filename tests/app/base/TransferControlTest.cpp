@@ -237,7 +237,7 @@ private Q_SLOTS:
     }
 
     void ASocksProxyIsAskedInItsOwnWay() {
-        Bench bench;
+        Bench bench(3s);
         QTcpServer proxy;
         QVERIFY(proxy.listen(QHostAddress::LocalHost));
         QByteArray greeting;
