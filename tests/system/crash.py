@@ -196,9 +196,8 @@ class Player:
         driver.press("alt+t", "Up", "Right", "Return")
         # What is typed is meant for the box, and for nothing else.
         if self.opened(before):
-            driver.press("ctrl+a")
             driver.type_text(f"note {number:06d}")
-            driver.press("ctrl+Return")
+            driver.press("Return")
 
     def move(self, _):
         self.switch(_)

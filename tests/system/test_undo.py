@@ -131,9 +131,9 @@ class Undo(driver.SystemTest):
         dialog = self.program.application.find(role="dialog", name="Ticker Notes")
         driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
         driver.type_text("first")
-        driver.press("Return", "Return")
+        driver.press("shift+Return", "shift+Return")
         driver.type_text("third")
-        driver.press("ctrl+Return")
+        driver.press("Return")
         driver.wait_for(lambda: b"||AOL||first\r\n \r\nthird|||||\r\n" in self.notes(), "the note")
         driver.wait_for(lambda: self.item("AOL").description == "has a note", "the mark")
 

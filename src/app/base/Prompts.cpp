@@ -4,6 +4,7 @@
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -11,7 +12,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -67,6 +67,27 @@ bool RunLong(const QString& text, const QString& title, QDialogButtonBox::Standa
     dialog.resize(wanted.boundedTo(screen * 0.8));
     return dialog.exec() == QDialog::Accepted;
 }
+
+/// A box of several lines in which Enter gives the answer, as in every other box of the program,
+/// and Shift+Enter begins a line.
+class LinesBox : public QPlainTextEdit {
+public:
+    LinesBox(const QString& text, QDialog& dialog) : QPlainTextEdit(text), m_dialog(dialog) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!isEnter)
+            QPlainTextEdit::keyPressEvent(event);
+        else if (event->modifiers() & Qt::ShiftModifier)
+            insertPlainText(QStringLiteral("\n"));
+        else
+            m_dialog.accept();
+    }
+
+private:
+    QDialog& m_dialog;
+};
 
 // The answer is what stood there when it was given: keys that were pressed right after it may still
 // reach the box before its window is gone.
@@ -135,20 +156,21 @@ std::optional<QString> DialogPrompts::InputLines(const QString& prompt, const QS
     dialog.setWindowTitle(title);
     auto* question = new QLabel(prompt);
     question->setTextFormat(Qt::PlainText);
-    auto* answer = new QPlainTextEdit(preset);
+    auto* answer = new LinesBox(preset, dialog);
     answer->setAccessibleName(prompt);
     answer->setTabChangesFocus(true);
-    answer->moveCursor(QTextCursor::End);
+    answer->selectAll();
+    auto* hint = new QLabel(u"Shift+Enter begins a new line."_s);
+    hint->setTextFormat(Qt::PlainText);
+    answer->setAccessibleDescription(hint->text());
     const QFontMetrics metrics = answer->fontMetrics();
     const int lines = std::clamp(static_cast<int>(preset.count(u'\n')) + 2, kLines, 2 * kLines);
     answer->setMinimumHeight(4 * metrics.lineSpacing());
     QDialogButtonBox* buttons = MakeButtons(dialog);
-    // Enter is for the lines of the text.
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter})
-        new QShortcut(QKeySequence(Qt::CTRL | key), &dialog, &dialog, &QDialog::accept);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(question);
     layout->addWidget(answer, 1);
+    layout->addWidget(hint);
     layout->addWidget(buttons);
     const QSize screen = dialog.screen()->availableGeometry().size();
     dialog.resize(QSize(metrics.averageCharWidth() * kColumns, dialog.sizeHint().height() -

@@ -80,7 +80,7 @@ private Q_SLOTS:
         }
     }
 
-    void AnInputOfLinesTakesEnterForItsText() {
+    void AnInputOfLinesTakesShiftEnterForItsText() {
         DialogPrompts prompts;
         std::optional<QString> answer;
         const auto ask = [&] {
@@ -92,11 +92,18 @@ private Q_SLOTS:
             auto* box = dialog.findChild<QPlainTextEdit*>();
             QCOMPARE(box->toPlainText(), u"old\nlines"_s);
             QVERIFY(box->height() > 3 * box->fontMetrics().lineSpacing());
-            QTest::keyClick(box, Qt::Key_Return);
+            QTest::keyClick(box, Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClick(box, Qt::Key_Return, Qt::ShiftModifier);
             QTest::keyClicks(box, u"new"_s);
-            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            QTest::keyClick(box, Qt::Key_Return);
         });
         QCOMPARE(answer, std::optional(u"old\nlines\nnew"_s));
+        // What stood there is selected, as in a box of one line.
+        WithDialog<QDialog>(ask, [](QDialog& dialog) {
+            QTest::keyClicks(dialog.findChild<QPlainTextEdit*>(), u"other"_s);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        QCOMPARE(answer, std::optional(u"other"_s));
         WithDialog<QDialog>(ask, [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
         QCOMPARE(answer, std::nullopt);
     }
