@@ -44,6 +44,17 @@ frmRemind::frmRemind(QWidget* parent) : QDialog(parent) {
     MonthView1->setGridVisible(true);
     MonthView1->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     MonthView1->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31));
+    // The calendar gives its parts no names that could be read out.
+    struct Part {
+        QLatin1StringView object, name;
+    };
+    constexpr Part kParts[] = {{"qt_calendar_prevmonth"_L1, "Previous month"_L1},
+                               {"qt_calendar_nextmonth"_L1, "Next month"_L1},
+                               {"qt_calendar_yearedit"_L1, "Year"_L1},
+                               {"qt_calendar_calendarview"_L1, "Days"_L1}};
+    for (const Part& part : kParts)
+        if (auto* widget = MonthView1->findChild<QWidget*>(part.object))
+            widget->setAccessibleName(part.name);
     for (QWidget* part : MonthView1->findChildren<QWidget*>())
         part->installEventFilter(this);
 

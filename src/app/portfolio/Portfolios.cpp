@@ -111,8 +111,11 @@ void Portfolios::PaintNumbers() {
     const ColorPair colors = ReadAreaColors(m_settings).Of("PN");
     for (int n = 1; n <= kPortfolioCount; ++n) {
         const bool current = n == m_current;
-        m_form.lblListNum[static_cast<std::size_t>(n)]->SetColors(current ? Swapped(colors)
-                                                                          : colors);
+        Chip* number = m_form.lblListNum[static_cast<std::size_t>(n)];
+        number->SetColors(current ? Swapped(colors) : colors);
+        // The colours say it to those who see them.
+        number->setAccessibleDescription(current ? u"Portfolio number, current"_s
+                                                 : u"Portfolio number"_s);
     }
     m_form.lblPort->SetColors(colors);
 }

@@ -125,7 +125,7 @@ private Q_SLOTS:
         session.Store("WSCTick", "True");
         session.Start();
         BrowserPane& strip = *session.Form().WebTick;
-        QTRY_VERIFY(strip.findChild<QWebEngineView*>() && !strip.Busy());
+        QTRY_VERIFY(strip.findChild<QWebEngineView*>());
         QWebEnginePage* page = strip.findChild<QWebEngineView*>()->page();
         const auto value = [&](const QString& expression) {
             QVariant result;
@@ -133,6 +133,7 @@ private Q_SLOTS:
             [[maybe_unused]] const bool isThere = Await([&] { return result.isValid(); });
             return result;
         };
+        QTRY_VERIFY(value(u"document.querySelector('.run') !== null"_s).toBool());
         const auto places = [&](int count) {
             QSet<int> seen;
             while (seen.size() < count) {

@@ -63,6 +63,9 @@ private Q_SLOTS:
         QCOMPARE(session.Form().lblPort->Caption(), u"R&D"_s);
         QCOMPARE(session.Form().lblListNum[2]->Colors(), (ColorPair{0x000080, 0xFFFFFF}));
         QCOMPARE(session.Form().lblListNum[1]->Colors(), (ColorPair{0xFFFFFF, 0x000080}));
+        for (std::size_t n = 1; n <= 10; ++n)
+            QCOMPARE(session.Form().lblListNum[n]->accessibleDescription().endsWith(u"current"),
+                     n == 2);
         SelectNumber(session, 1);
         QCOMPARE(session.Form().List1->ListIndex(), 2);
     }

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTextCharFormat>
+#include <QToolButton>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -110,6 +111,9 @@ private Q_SLOTS:
         QVERIFY(texts.contains(u"Summary of Reminders :"_s));
         for (const char* name : {"MonthView1", "Text1", "List1", "Label1"})
             QVERIFY2(dialog.findChild<QWidget*>(QString::fromLatin1(name)), name);
+        for (const QToolButton* arrow : dialog.MonthView1->findChildren<QToolButton*>())
+            QVERIFY(!arrow->text().isEmpty() || !arrow->accessibleName().isEmpty());
+        QCOMPARE(dialog.MonthView1->findChild<QTableView*>()->accessibleName(), u"Days"_s);
     }
 
     void AReminderForTodayOpensTheDialogAtTheStart() {

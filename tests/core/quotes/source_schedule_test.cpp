@@ -125,6 +125,59 @@ TEST(SourceSchedule, AsksNothingAgainBeforeItsInterval) {
     EXPECT_EQ(web.TakeAsked().size(), 1u);
 }
 
+TEST(SourceSchedule, QuotesOfAnEarlierRunAreShownAndFetchedAnew) {
+    Web before;
+    before.Get({"A", "B"});
+    const auto kept = before.Schedule().KeptQuotes();
+    ASSERT_EQ(kept.size(), 2u);
+    EXPECT_EQ(kept[0].receivedAt, kFridayClose);
+
+    Web web;
+    web.Set("first.example", SourceResponse());
+    web.Set("second.example", SourceResponse());
+    web.Schedule().Restore(kept);
+    EXPECT_EQ(web.Price("A"), 10);
+    EXPECT_TRUE(web.IsStale("A"));
+    EXPECT_EQ(web.Schedule().FindQuote("B").receivedAt, kFridayClose);
+    // Who is not answered keeps what was restored.
+    web.Ask({"A"});
+    EXPECT_FALSE(web.TakeAsked().empty());
+    EXPECT_EQ(web.Price("A"), 10);
+    EXPECT_TRUE(web.IsStale("A"));
+    Web answered;
+    answered.Set("first.example",
+                 [](const auto& address) { return Good(address, 12, "2026-11-20T16:00:30-0500"); });
+    answered.Schedule().Restore(kept);
+    answered.now += 60;
+    answered.Get({"A"});
+    EXPECT_EQ(answered.Price("A"), 12);
+    EXPECT_FALSE(answered.IsStale("A"));
+    EXPECT_EQ(answered.Price("B"), 10);
+}
+
+TEST(SourceSchedule, TellsHowEachSourceHasBeenDoing) {
+    Web web;
+    web.Set("first.example", {503, "text/plain", "", "down"});
+    web.Ask({"A"});
+    const auto reports = web.Schedule().Reports(web.now);
+    ASSERT_EQ(reports.size(), 4u);
+    EXPECT_EQ(reports[0].name, "First");
+    EXPECT_TRUE(reports[0].enabled);
+    EXPECT_EQ(reports[0].requestsToday, 1);
+    EXPECT_GT(reports[0].pausedUntil, web.now);
+    EXPECT_EQ(reports[0].lastGood, 0);
+    EXPECT_TRUE(reports[0].lastFailure);
+    EXPECT_EQ(reports[1].name, "Second");
+    EXPECT_EQ(reports[1].requestsToday, 1);
+    EXPECT_EQ(reports[1].lastGood, web.now);
+    EXPECT_EQ(reports[1].lastFailure, std::nullopt);
+    EXPECT_EQ(reports[2].requestsToday, 0);
+    // The count is that of the day, and a rest has its end.
+    const std::int64_t later = std::max(web.now + 86400, reports[0].pausedUntil);
+    EXPECT_EQ(web.Schedule().Reports(later)[0].requestsToday, 0);
+    EXPECT_EQ(web.Schedule().Reports(later)[0].pausedUntil, 0);
+}
+
 TEST(SourceSchedule, SendsOneRequestAtATimeToAHost) {
     Web web;
     auto& schedule = web.Schedule();

@@ -195,5 +195,36 @@ TEST(SourceTable, ReadsAnAnswerFromTheOutsideIn) {
               SourceFailure::Blocked);
 }
 
+TEST(SourceTable, EachSourceIsReadByTheReaderOfItsFormat) {
+    struct Case {
+        const char *source, *file, *symbol;
+        double last;
+        std::int64_t time;
+    };
+    const Case cases[] = {
+        {"yahoo-chart", "yahoo/chart_aapl.json", "AAPL", 231.5, kFridayClose + 1},
+        {"yahoo-spark", "yahoo/spark_flat.json", "AAPL", 231.5, kFridayClose + 1},
+        {"nasdaq", "nasdaq/info.json", "AAPL", 231.5, kFridayClose + 8 * 60},
+        {"cboe", "cboe/spx.json", "^SPC", 6011.25, kFridayClose},
+        {"fred", "fred/dgs30.csv", "^TYX", 4.53, kFridayClose - 2 * 86400},
+        {"treasury", "treasury/2026.csv", "^TYX", 4.51, kFridayClose - 1800},
+    };
+    const SourceTable table = ReadSourceTable(Shipped(), "sources.toml");
+    for (const Case& c : cases) {
+        const SourceRow row = RowOf(table, c.source);
+        const SourceAnswer answer =
+            ReadSourceAnswer(row, PriceSpan::Quote, {200, "", "", ResponseFile(c.file)}, {c.symbol},
+                             kFridayClose + 3600);
+        ASSERT_EQ(answer.quotes.size(), 1u) << c.source;
+        EXPECT_EQ(answer.failure, std::nullopt) << c.source;
+        EXPECT_EQ(answer.quotes[0].symbol, c.symbol) << c.source;
+        EXPECT_EQ(answer.quotes[0].last, c.last) << c.source;
+        EXPECT_EQ(answer.quotes[0].time, c.time) << c.source;
+        EXPECT_EQ(answer.quotes[0].source, row.name);
+        for (const PriceSeries& series : answer.series)
+            EXPECT_EQ(series.source, row.name);
+    }
+}
+
 } // namespace
 } // namespace tallowmere

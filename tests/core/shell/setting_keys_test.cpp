@@ -72,6 +72,7 @@ TEST(SettingKeys, DamagedValuesAreReportedByNameAndReadAsDefaults) {
     TemporaryFolder folder;
     SettingsStore store(folder.Path() / "settings.ini");
     EXPECT_TRUE(CheckSettings(store).empty());
+    EXPECT_EQ(DamagedSettingsText(store), "");
     store.SaveSetting("Settings", "Tips", "maybe");
     store.SaveSetting("Settings", "PROXY", "2");
     store.SaveSetting("Settings", "CustomB150", "blue");
@@ -83,6 +84,10 @@ TEST(SettingKeys, DamagedValuesAreReportedByNameAndReadAsDefaults) {
     for (const SettingProblem& problem : CheckSettings(store))
         keys += problem.section + "/" + problem.key + "=" + problem.value + " ";
     EXPECT_EQ(keys, "Settings/Tips=maybe Settings/CustomB150=blue frmMain/Width= Colors/bBack=x ");
+    EXPECT_EQ(DamagedSettingsText(store),
+              "These settings hold no usable value; their defaults are used:\n"
+              "Tips = maybe (Type mismatch)\nCustomB150 = blue (Type mismatch)\n"
+              "Width =  (Type mismatch)\nbBack = x (Type mismatch)");
     EXPECT_EQ(UsableSetting(store, "Settings", "Tips"), "True");
     EXPECT_EQ(UsableSetting(store, "Settings", "PROXY"), "2");
     EXPECT_EQ(UsableSetting(store, "Colors", "bBack"), "");
