@@ -126,6 +126,7 @@ void BrowserPane::Load(const QString& address) {
     EnsurePage();
     m_isAskingPlainly = false;
     EndQuestions();
+    m_page->Walk().Forget();
     m_page->BeginAnew();
     m_page->Leave();
     ShowPage();

@@ -1,17 +1,22 @@
 #include "app/engine/HistoryWalk.h"
 
 #include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
-
-#include <utility>
 
 namespace tallowmere {
 
+namespace {
+
+constexpr int kTries = 3; ///< of a step that the engine has lost
+
+} // namespace
+
 HistoryWalk::HistoryWalk(QWebEnginePage& page) : m_page(page) {
-    connect(&page, &QWebEnginePage::loadFinished, this, &HistoryWalk::Arrive);
+    connect(&page, &QWebEnginePage::loadingChanged, this, &HistoryWalk::LookAfter);
     connect(&page, &QWebEnginePage::urlChanged, this, [this] {
-        // A step within one page has no load.
-        if (!m_page.isLoading() && m_page.history()->currentItemIndex() == m_target)
+        // A step within one page has no load, nor has a page that puts its own address there.
+        if (!m_page.isLoading())
             Forget();
     });
 }
@@ -26,33 +31,44 @@ void HistoryWalk::GoForward() {
 
 void HistoryWalk::Forget() {
     m_target.reset();
-    m_isOwed = false;
+    m_triesLeft = 0;
 }
 
 // The engine's own step passes over what a page put into the history to hold the user. While a page
 // is on its way the engine counts from that page or from the one before, as it happens.
 void HistoryWalk::Step(int by) {
     QWebEngineHistory& history = *m_page.history();
-    m_isOwed = m_target.has_value();
+    const bool isOwed = m_target.has_value();
     const int target = m_target.value_or(history.currentItemIndex()) + by;
     if (target < 0 || target >= history.count())
         return;
+    if (!isOwed)
+        m_from = history.currentItemIndex();
     m_target = target;
-    if (m_isOwed)
+    m_triesLeft = isOwed ? kTries : 0;
+    if (isOwed)
         history.goToItem(history.itemAt(target));
     else
         m_page.triggerAction(by < 0 ? QWebEnginePage::Back : QWebEnginePage::Forward);
 }
 
-void HistoryWalk::Arrive() {
-    if (m_page.isLoading())
+// The index alone does not tell where the page is: the engine moves it as soon as a step begins,
+// and tells of the end of the page before after that. A step that is lost is taken again.
+void HistoryWalk::LookAfter(const QWebEngineLoadingInfo& load) {
+    if (!m_target || load.status() == QWebEngineLoadingInfo::LoadStartedStatus ||
+        m_page.isLoading())
         return;
     QWebEngineHistory& history = *m_page.history();
-    if (std::exchange(m_isOwed, false) && *m_target < history.count() &&
-        *m_target != history.currentItemIndex())
+    const int index = history.currentItemIndex();
+    if (index == *m_target) {
+        if (load.url() == history.itemAt(index).url())
+            Forget();
+    } else if (m_triesLeft > 0 && *m_target < history.count()) {
+        --m_triesLeft;
         history.goToItem(history.itemAt(*m_target));
-    else
-        m_target.reset();
+    } else if (index != m_from || load.status() != QWebEngineLoadingInfo::LoadSucceededStatus) {
+        Forget();
+    }
 }
 
 } // namespace tallowmere

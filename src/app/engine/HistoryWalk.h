@@ -4,6 +4,7 @@
 
 #include <optional>
 
+class QWebEngineLoadingInfo;
 class QWebEnginePage;
 
 namespace tallowmere {
@@ -24,11 +25,12 @@ public:
 
 private:
     void Step(int by);
-    void Arrive();
+    void LookAfter(const QWebEngineLoadingInfo& load);
 
     QWebEnginePage& m_page;
     std::optional<int> m_target; ///< index in the history of a step that is under way
-    bool m_isOwed = false;       ///< it was begun while another step was under way
+    int m_from = 0;              ///< index at which that step began
+    int m_triesLeft = 0;         ///< for a step that began while another one was under way
 };
 
 } // namespace tallowmere

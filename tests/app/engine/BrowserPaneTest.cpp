@@ -118,9 +118,10 @@ private Q_SLOTS:
                 step();
                 QTest::qWait(gap);
                 step();
-                // The engine names a page before it is there: the page itself is asked.
+                // The engine names a page before it is there: the page itself is asked. The next
+                // step does not wait for its end.
                 const QString last = isBack ? u"/one"_s : u"/three"_s;
-                QTRY_VERIFY2(bench.Run(u"location.pathname"_s) == last && !bench.pane.Busy(),
+                QTRY_VERIFY2(bench.Run(u"location.pathname"_s) == last,
                              qPrintable(u"%1 ms apart"_s.arg(gap)));
                 QCOMPARE(bench.pane.LocationURL(), bench.server.Address(last));
             }
