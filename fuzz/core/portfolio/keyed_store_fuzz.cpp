@@ -1,20 +1,15 @@
 #include "core/portfolio/keyed_store.h"
 
+#include "check.h"
 #include "core/text/bytes.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace tallowmere;
 
 namespace {
-
-void Check(bool good) {
-    if (!good)
-        std::abort();
-}
 
 // The rules as they are told, a step at a time, without a thought for speed.
 

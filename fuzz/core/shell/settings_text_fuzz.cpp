@@ -1,22 +1,13 @@
 #include "core/shell/settings_text.h"
 
+#include "check.h"
 #include "core/text/bytes.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <tuple>
 
 using namespace tallowmere;
-
-namespace {
-
-void Check(bool good) {
-    if (!good)
-        std::abort();
-}
-
-} // namespace
 
 // The input is a file, a section, a key and a value, apart by a byte that UTF-8 never has. Whatever
 // they are, the value is read back, every other value stays, and a second write changes nothing.

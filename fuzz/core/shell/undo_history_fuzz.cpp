@@ -1,25 +1,17 @@
 #include "core/shell/undo_history.h"
 
+#include "check.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace tallowmere;
-
-namespace {
-
-void Check(bool good) {
-    if (!good)
-        std::abort();
-}
-
-} // namespace
 
 // Whatever the file says, what was read of it is read back the same, and no step that fits a text
 // reaches beyond it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string input(reinterpret_cast<const char*>(data), size);
-    UndoHistory history = ReadUndoHistory(input);
+    UndoHistory history = ReadUndoHistory(input).value_or(UndoHistory());
     Check(ReadUndoHistory(history.Text()) == history);
     for (; history.Next(UndoDirection::Back); history.Pass(UndoDirection::Back))
         for (const UndoChange& change : history.Next(UndoDirection::Back)->changes)

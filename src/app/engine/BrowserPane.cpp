@@ -126,7 +126,6 @@ void BrowserPane::Load(const QString& address) {
     EnsurePage();
     m_isAskingPlainly = false;
     EndQuestions();
-    m_page->Walk().Forget();
     m_page->BeginAnew();
     m_page->Leave();
     ShowPage();

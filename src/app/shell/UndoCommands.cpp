@@ -30,6 +30,7 @@ UndoCommands::UndoCommands(frmMain& form, UndoRecorder& undo, Prompts& prompts, 
     });
     undo.SetListener([this](const UndoStep* step) { Recorded(step); });
     SetCaptions();
+    TellProblem();
 }
 
 UndoCommands::~UndoCommands() {
@@ -48,7 +49,13 @@ void UndoCommands::Recorded(const UndoStep* step) {
         m_form.undoBar->Tell(ToQt(step->removed));
     else
         m_form.undoBar->Dismiss();
+    TellProblem();
     Q_EMIT Changed();
+}
+
+void UndoCommands::TellProblem() {
+    if (!m_undo.Problem().empty())
+        m_panes.ShowLastingStatus(ToQt(m_undo.Problem()));
 }
 
 void UndoCommands::Go(UndoDirection direction) {
@@ -65,6 +72,7 @@ void UndoCommands::Go(UndoDirection direction) {
     m_panes.ShowLastingStatus(
         (direction == UndoDirection::Back ? u"Undone: "_s : u"Done again: "_s) +
         ToQt(outcome.step.caption));
+    TellProblem();
 }
 
 } // namespace tallowmere

@@ -35,6 +35,7 @@ Q_SIGNALS:
 private:
     void Recorded(const UndoStep* step);
     void SetCaptions();
+    void TellProblem();
 
     frmMain& m_form;
     UndoRecorder& m_undo;

@@ -221,10 +221,12 @@ std::string UndoHistory::Text() const {
     return text;
 }
 
-UndoHistory ReadUndoHistory(std::string_view text, std::size_t mostSteps) {
+std::optional<UndoHistory> ReadUndoHistory(std::string_view text, std::size_t mostSteps) {
     UndoHistory history(mostSteps);
-    if (!text.starts_with(kHead))
+    if (text.empty())
         return history;
+    if (!text.starts_with(kHead))
+        return std::nullopt;
     Reader reader(text.substr(kHead.size()));
     const std::uint64_t done = reader.Number();
     const std::uint64_t steps = reader.Number();
@@ -245,7 +247,7 @@ UndoHistory ReadUndoHistory(std::string_view text, std::size_t mostSteps) {
         }
     }
     if (!reader.IsGood() || !reader.IsAtEnd() || done > steps)
-        return UndoHistory(mostSteps);
+        return std::nullopt;
     history.m_done = static_cast<std::size_t>(done);
     history.Cap();
     return history;

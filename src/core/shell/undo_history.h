@@ -85,7 +85,7 @@ public:
     friend bool operator==(const UndoHistory&, const UndoHistory&) = default;
 
 private:
-    friend UndoHistory ReadUndoHistory(std::string_view text, std::size_t mostSteps);
+    friend std::optional<UndoHistory> ReadUndoHistory(std::string_view text, std::size_t mostSteps);
     void Cap();
 
     std::deque<UndoStep> m_steps;
@@ -93,7 +93,9 @@ private:
     std::size_t m_mostSteps;
 };
 
-/// The history of a text that Text gave. One that is anything else, or was cut off, is empty.
-UndoHistory ReadUndoHistory(std::string_view text, std::size_t mostSteps = UndoHistory::kMostSteps);
+/// The history of a text that Text gave, that of the empty text without steps; none for a text that
+/// is anything else, or was cut off.
+std::optional<UndoHistory> ReadUndoHistory(std::string_view text,
+                                           std::size_t mostSteps = UndoHistory::kMostSteps);
 
 } // namespace tallowmere

@@ -10,24 +10,16 @@ namespace tallowmere {
 namespace {
 
 constexpr std::uint64_t kLargestFile = 64 * kMegabyte;
+constexpr std::string_view kNotUndone = "This cannot be undone: ";
 constexpr std::uint64_t kLargestHistory = 2 * UndoHistory::kMostBytes;
-
-UndoHistory ReadHistory(const std::filesystem::path& file, std::size_t mostSteps) {
-    try {
-        if (!file.empty())
-            return ReadUndoHistory(ReadExistingFile(file, kLargestHistory), mostSteps);
-    } catch (const RuntimeError&) {
-        // What cannot be read cannot be taken back either; the stores are as they are.
-    }
-    return UndoHistory(mostSteps);
-}
 
 } // namespace
 
 UndoRecorder::UndoRecorder(SettingsStore& settings, std::filesystem::path folder, UndoFiles files,
                            std::filesystem::path historyFile, std::size_t mostSteps)
     : m_settings(settings), m_folder(std::move(folder)), m_files(std::move(files)),
-      m_historyFile(std::move(historyFile)), m_history(ReadHistory(m_historyFile, mostSteps)) {
+      m_historyFile(std::move(historyFile)), m_history(mostSteps) {
+    ReadHistory(mostSteps);
     m_settings.Observe([this](const SettingChange& before) {
         const bool isKnown = std::any_of(
             m_settingsBefore.begin(), m_settingsBefore.end(), [&](const SettingChange& known) {
@@ -36,6 +28,22 @@ UndoRecorder::UndoRecorder(SettingsStore& settings, std::filesystem::path folder
         if (m_isRunning && !isKnown)
             m_settingsBefore.push_back(before);
     });
+}
+
+// What cannot be read cannot be taken back either; the stores are as they are.
+void UndoRecorder::ReadHistory(std::size_t mostSteps) {
+    constexpr std::string_view kLost = "What was done before cannot be undone any more: ";
+    if (m_historyFile.empty())
+        return;
+    try {
+        auto history = ReadUndoHistory(ReadExistingFile(m_historyFile, kLargestHistory), mostSteps);
+        if (history)
+            m_history = std::move(*history);
+        else
+            m_problem = std::string(kLost) + m_historyFile.string() + " is damaged.";
+    } catch (const RuntimeError& error) {
+        m_problem = std::string(kLost) + error.what();
+    }
 }
 
 UndoRecorder::~UndoRecorder() {
@@ -74,6 +82,7 @@ const std::optional<std::string>& UndoRecorder::Look(const std::string& file) {
 
 void UndoRecorder::Begin(const UndoFiles& moreFiles) {
     m_isRunning = true;
+    m_problem.clear();
     m_removed.clear();
     m_settingsBefore.clear();
     m_filesBefore.clear();
@@ -82,8 +91,9 @@ void UndoRecorder::Begin(const UndoFiles& moreFiles) {
     for (const std::string& file : files) {
         try {
             m_filesBefore.emplace_back(file, Look(file));
-        } catch (const RuntimeError&) {
-            // The command will find out for itself, and says so if it has to.
+        } catch (const RuntimeError& error) {
+            // The command itself may well be done.
+            m_problem = std::string(kNotUndone) + error.what();
         }
     }
 }
@@ -100,15 +110,17 @@ void UndoRecorder::End(const std::string& caption) {
     for (const auto& [file, before] : m_filesBefore) {
         try {
             add(MakeUndoChange({}, file, before, Look(file)));
-        } catch (const RuntimeError&) {
-            // It was readable a moment ago; what became of it is not known.
+        } catch (const RuntimeError& error) {
+            m_problem = std::string(kNotUndone) + error.what();
         }
     }
-    if (step.changes.empty())
-        return;
-    m_history.Record(step);
-    Save();
-    Announce(&step);
+    if (!step.changes.empty()) {
+        m_history.Record(step);
+        Save();
+        Announce(&step);
+    } else if (!m_problem.empty()) {
+        Announce(nullptr);
+    }
 }
 
 std::optional<std::string> UndoRecorder::Read(const UndoChange& change) const {
@@ -163,6 +175,7 @@ void UndoRecorder::Write(const std::vector<Target>& targets) {
 }
 
 UndoRecorder::Outcome UndoRecorder::Go(UndoDirection direction) {
+    m_problem.clear();
     Outcome outcome{*m_history.Next(direction), {}};
     std::vector<Target> targets;
     for (const UndoChange& change : outcome.step.changes) {
@@ -190,11 +203,12 @@ UndoRecorder::Outcome UndoRecorder::Go(UndoDirection direction) {
 
 // The command is done whether its step is kept for a later run or not. What such a run finds in the
 // file then is older, and does not fit where it matters.
-void UndoRecorder::Save() const {
+void UndoRecorder::Save() {
     try {
         if (!m_historyFile.empty())
             WriteWholeFile(m_historyFile, m_history.Text());
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        m_problem = std::string("After a restart nothing can be undone: ") + error.what();
     }
 }
 

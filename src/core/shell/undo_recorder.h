@@ -36,6 +36,10 @@ public:
     /// Called by a command while it runs: what it removed, for the user to read.
     void TellRemoved(std::string words) { m_removed = std::move(words); }
 
+    /// Why the command that ran last cannot be undone, or not after a restart; after the
+    /// construction why the history of earlier runs is lost. Empty when neither is so.
+    const std::string& Problem() const { return m_problem; }
+
     /// The step that is next; null when there is none.
     const UndoStep* Next(UndoDirection direction) const { return m_history.Next(direction); }
 
@@ -51,7 +55,7 @@ public:
     Outcome Go(UndoDirection direction);
 
     /// Is called after a step was recorded, taken back, done again or forgotten; the step if it was
-    /// recorded, else null.
+    /// recorded, else null. Also after a command that could not be recorded.
     using Listener = std::function<void(const UndoStep* recorded)>;
     void SetListener(Listener listener) { m_listener = std::move(listener); }
 
@@ -65,11 +69,12 @@ private:
     void End(const std::string& caption);
     /// Reads a file, unless it is as it was when it was read last.
     const std::optional<std::string>& Look(const std::string& file);
+    void ReadHistory(std::size_t mostSteps);
     std::optional<std::string> Read(const UndoChange& change) const;
     void Write(const std::vector<Target>& targets);
     void WriteFile(const std::string& file, const std::optional<std::string>& text) const;
     void WriteSettings(const std::vector<Target>& targets, bool isBack);
-    void Save() const;
+    void Save();
     void Announce(const UndoStep* recorded) const;
 
     SettingsStore& m_settings;
@@ -77,6 +82,7 @@ private:
     UndoFiles m_files;
     std::filesystem::path m_historyFile;
     UndoHistory m_history;
+    std::string m_problem;
     Listener m_listener;
 
     /// A file as it was when it was last looked at.

@@ -4,12 +4,13 @@
 #include "app/links/PaneDeck.h"
 #include "app/market/ActiveEdges.h"
 #include "core/text/files.h"
+#include "support/LinkDrop.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
 #include <QDesktopServices>
+#include <QDrag>
 #include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 
 using namespace tallowmere;
@@ -41,18 +42,6 @@ private:
         session.Store(("CustomT" + number).c_str(), title);
         session.Store(("CustomF" + number).c_str(), fore);
         session.Store(("CustomB" + number).c_str(), back);
-    }
-
-    /// Drops what is dragged from one slot on another, as the window system tells it.
-    static void Drop(TestSession& session, int from, int to) {
-        QMimeData mime;
-        mime.setData(u"application/x-tallowmere-link"_s, QByteArray::number(from));
-        const QPoint center = session.Link(to)->rect().center();
-        QDragEnterEvent enter(center, Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(session.Link(to), &enter);
-        QVERIFY(enter.isAccepted());
-        QDropEvent drop(center, Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(session.Link(to), &drop);
     }
 
 public Q_SLOTS:
@@ -275,7 +264,7 @@ private Q_SLOTS:
         TestSession session;
         StoreLink(session, 101, "One", "255", "65280");
         session.Start();
-        Drop(session, 101, 150);
+        QVERIFY(DropLink(session, 101, 150));
         QCOMPARE(session.prompts.messages, QStringList());
         QCOMPARE(session.Link(150)->Caption(), u"One"_s);
         QCOMPARE(session.Link(150)->Colors(), (ColorPair{255, 65280}));
@@ -293,14 +282,14 @@ private Q_SLOTS:
         StoreLink(session, 101, "One", "255", "65280");
         StoreLink(session, 102, "R&D", "1", "2");
         session.Start();
-        Drop(session, 101, 102);
+        QVERIFY(DropLink(session, 101, 102));
         const QString question = u"Move Custom Link: Do you want to overwrite the 'R&D' link?"_s;
         QCOMPARE(session.prompts.messages, QStringList{question});
         QCOMPARE(session.Link(101)->Caption(), u"One"_s);
         QCOMPARE(session.Link(102)->Caption(), u"R&D"_s);
         QCOMPARE(session.Stored("Custom102"), u"http://h.example/102"_s);
         session.prompts.answers = {true};
-        Drop(session, 101, 102);
+        QVERIFY(DropLink(session, 101, 102));
         QCOMPARE(session.Link(102)->Caption(), u"One"_s);
         QCOMPARE(session.Stored("Custom102"), u"http://h.example/101"_s);
         QCOMPARE(session.Link(101)->Caption(), u"< Custom >"_s);
@@ -328,7 +317,7 @@ private Q_SLOTS:
         session.Start();
         const ColorPair shown = session.Link(101)->Colors();
         session.prompts.answers = {true};
-        Drop(session, 101, 102);
+        QVERIFY(DropLink(session, 101, 102));
         QCOMPARE(session.Link(102)->Colors(), shown);
         QCOMPARE(session.Stored("CustomF102"), u"0"_s);
     }

@@ -136,19 +136,19 @@ TEST(UndoHistory, OfADamagedTextNothingIsLeft) {
     history.Record(Step("one", "A", "B"));
     history.Record(Step("two", "B", "C"));
     const std::string text = history.Text();
-    const UndoHistory empty;
     for (std::size_t size = 0; size < text.size(); ++size)
-        EXPECT_EQ(ReadUndoHistory(text.substr(0, size)), empty) << size;
-    EXPECT_EQ(ReadUndoHistory(text + "x"), empty);
-    for (const char* wrong : {"", "x", "Tallowmere undo 2\n0\n0\n", "Tallowmere undo 1\n1\n0\n",
+        EXPECT_EQ(ReadUndoHistory(text.substr(0, size)).has_value(), size == 0) << size;
+    EXPECT_EQ(ReadUndoHistory(""), UndoHistory());
+    EXPECT_FALSE(ReadUndoHistory(text + "x"));
+    for (const char* wrong : {"x", "Tallowmere undo 2\n0\n0\n", "Tallowmere undo 1\n1\n0\n",
                               "Tallowmere undo 1\n0\n18446744073709551615\n",
                               "Tallowmere undo 1\n0\n1\n18446744073709551615\nx\n"})
-        EXPECT_EQ(ReadUndoHistory(wrong), empty) << wrong;
+        EXPECT_FALSE(ReadUndoHistory(wrong)) << wrong;
     std::mt19937 random(1);
     for (int n = 0; n < 2000; ++n) {
         std::string damaged = text;
         damaged[random() % damaged.size()] = static_cast<char>(random());
-        UndoHistory read = ReadUndoHistory(damaged);
+        UndoHistory read = ReadUndoHistory(damaged).value_or(UndoHistory());
         for (int step = 0; step < 3 && read.Next(kBack); ++step, read.Pass(kBack))
             for (const UndoChange& change : read.Next(kBack)->changes)
                 for (const Text& now : {Text("A"), Text("B"), Text("C"), Text()})

@@ -184,8 +184,50 @@ TEST(UndoRecorder, ADamagedHistoryIsNone) {
     WriteWholeFile(stores.history, "Tallowmere undo 1\nnonsense");
     stores.Restart();
     EXPECT_EQ(stores.recorder->Next(kBack), nullptr);
+    EXPECT_EQ(stores.recorder->Problem(), "What was done before cannot be undone any more: " +
+                                              stores.history.string() + " is damaged.");
     stores.Store("PortName1", "B");
     EXPECT_NE(stores.recorder->Next(kBack), nullptr);
+    EXPECT_EQ(stores.recorder->Problem(), "");
+}
+
+TEST(UndoRecorder, AHistoryThatCannotBeKeptIsTold) {
+    Stores stores;
+    std::filesystem::create_directory(stores.history);
+    stores.Restart();
+    EXPECT_TRUE(
+        stores.recorder->Problem().starts_with("What was done before cannot be undone any more: "));
+    stores.Store("PortName1", "A");
+    EXPECT_TRUE(stores.recorder->Problem().starts_with("After a restart nothing can be undone: "));
+    // In this run it can.
+    EXPECT_EQ(stores.recorder->Go(kBack).refusal, "");
+    EXPECT_EQ(stores.Stored("PortName1"), "Tech");
+}
+
+TEST(UndoRecorder, ACommandOnAFileThatCannotBeReadIsNoStepAndThatIsTold) {
+    Stores stores;
+    std::filesystem::create_directory(stores.folder.Path() / "TickNotes.txt");
+    int told = 0;
+    stores.recorder->SetListener([&](const UndoStep* step) { told += step == nullptr ? 1 : 0; });
+    stores.recorder->Run("Note", [] {});
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(stores.recorder->Problem().starts_with("This cannot be undone: "));
+    EXPECT_EQ(stores.recorder->Next(kBack), nullptr);
+}
+
+TEST(UndoRecorder, AHistoryThatNamesAFileElsewhereLeavesThatFileAlone) {
+    Stores stores;
+    const auto inside = stores.folder.Path() / "profile";
+    const auto outside = stores.folder.Path() / "outside.txt";
+    WriteWholeFile(outside, "theirs");
+    UndoHistory history;
+    history.Record({"Evil", "", {*MakeUndoChange("", "../outside.txt", "mine", "theirs")}});
+    WriteWholeFile(inside / "undo.txt", history.Text());
+    UndoRecorder recorder(*stores.settings, inside, kFiles, inside / "undo.txt");
+    ASSERT_NE(recorder.Next(kBack), nullptr);
+    EXPECT_EQ(recorder.Go(kBack).refusal,
+              "\"Evil\" cannot be undone: ../outside.txt changed in another way since.");
+    EXPECT_EQ(ReadExistingFile(outside), "theirs");
 }
 
 TEST(UndoRecorder, RefusesWhatSomethingElseChangedAndGoesOnWithTheStepBefore) {
