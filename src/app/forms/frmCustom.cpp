@@ -32,7 +32,11 @@ QLabel* HelpText(std::string_view text, QWidget* parent) {
 frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     setObjectName(u"frmCustom"_s);
     setWindowTitle(ToQt(kEditorCaption));
+    BuildControls();
+    LayOut();
+}
 
+void frmCustom::BuildControls() {
     txtTitle = Box(u"txtTitle"_s, u"Title"_s);
     txtTitle->setMaxLength(static_cast<int>(kLongestTitle));
     txtURL = Box(u"txtURL"_s, u"URL"_s);
@@ -61,7 +65,9 @@ frmCustom::frmCustom(QWidget* parent) : QDialog(parent) {
     Command3 = Button(u"Command3"_s, u"&Cancel"_s);
     Command2->setDefault(true);
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
+}
 
+void frmCustom::LayOut() {
     auto* titleLabel = new QLabel(u"T&itle :"_s, this);
     titleLabel->setBuddy(txtTitle);
     auto* addressLabel = new QLabel(u"&URL :"_s, this);

@@ -37,6 +37,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void BuildControls();
+    void LayOut();
     void EditTitle(const QString& text);
     QPushButton* Button(const QString& name, const QString& caption);
     QLineEdit* Box(const QString& name, const QString& accessibleName);

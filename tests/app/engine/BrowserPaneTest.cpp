@@ -10,6 +10,7 @@
 #include "support/LoopbackServer.h"
 #include "support/PageReplies.h"
 #include "support/PaintedPage.h"
+#include "support/PaneBench.h"
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
@@ -29,72 +30,11 @@ using namespace tallowmere;
 using namespace Qt::StringLiterals;
 using Ending = CannedPage::Ending;
 
-namespace {
-
-/// A pane on a fresh profile, beside a server that knows a few pages.
-struct Bench {
-    explicit Bench(WebMode mode = WebMode::Direct) : access(mode) {
-        server.Serve(u"/a"_s, "<title>a</title><body style='margin:0'>"
-                              "<a href='/b?x=1' style='display:block;height:300px'>b</a>");
-        server.Serve(u"/b"_s, "<title>b</title>");
-        pane.resize(400, 300);
-        pane.show();
-        QObject::connect(&pane, &BrowserPane::BeforeNavigate2, &pane,
-                         [this](const QString& address, bool* cancel) {
-                             before << address;
-                             *cancel = isCancelling;
-                         });
-    }
-
-    /// Navigates and waits for the end of the load; false when there is none.
-    bool Show(const QString& address) {
-        pane.Navigate(address);
-        return WaitForEnd();
-    }
-    bool WaitForEnd() {
-        return Await([this] { return !pane.Busy(); });
-    }
-    PanePage* Page() { return profile.findChild<PanePage*>(); }
-    QVariant Run(const QString& script) {
-        QVariant result;
-        bool isDone = false;
-        Page()->runJavaScript(script, [&](const QVariant& value) {
-            result = value;
-            isDone = true;
-        });
-        [[maybe_unused]] const bool ran = Await([&] { return isDone; });
-        return result;
-    }
-    /// A real click into the page; a page that was never clicked may not make history.
-    void ClickPage() {
-        QVERIFY(AwaitPaint(*Page()));
-        QWidget* view = pane.findChild<QWebEngineView*>()->focusProxy();
-        QTest::mouseClick(view, Qt::LeftButton, {}, {100, 100});
-    }
-    QString Title() { return Page()->title(); }
-    bool HasNotice() { return pane.findChild<PaneNotice*>()->isVisible(); }
-    QString NoticeText(const QString& label) { return pane.findChild<QLabel*>(label)->text(); }
-    void ClickNotice(const QString& button) {
-        QTest::mouseClick(pane.findChild<QPushButton*>(button), Qt::LeftButton);
-    }
-
-    LoopbackServer server;
-    TestPrompts prompts;
-    QTemporaryDir folder;
-    WebAccess access;
-    EngineProfile profile{folder.path() + u"/engine"_s, folder.path(), access, prompts};
-    BrowserPane pane{profile, prompts};
-    QStringList before;
-    bool isCancelling = false;
-};
-
-} // namespace
-
 class BrowserPaneTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void NothingIsStartedBeforeTheFirstNavigation() {
-        Bench bench;
+        PaneBench bench;
         bench.pane.GoBack();
         bench.pane.Refresh();
         bench.pane.Stop();
@@ -106,47 +46,8 @@ private Q_SLOTS:
     }
 
     // Whether the second step comes before, while or after the page of the first arrives.
-    void TwoStepsAreTwoStepsHoweverQuick() {
-        Bench bench;
-        for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
-            bench.server.Serve(path, "<title>page</title>");
-            QVERIFY(bench.Show(bench.server.Address(path)));
-        }
-        for (int gap = 0; gap < 40; gap += 2) {
-            for (const bool isBack : {true, false}) {
-                const auto step = [&] { isBack ? bench.pane.GoBack() : bench.pane.GoForward(); };
-                step();
-                QTest::qWait(gap);
-                step();
-                // The engine names a page before it is there: the page itself is asked. The next
-                // step does not wait for its end.
-                const QString last = isBack ? u"/one"_s : u"/three"_s;
-                QTRY_VERIFY2(bench.Run(u"location.pathname"_s) == last,
-                             qPrintable(u"%1 ms apart"_s.arg(gap)));
-                QCOMPARE(bench.pane.LocationURL(), bench.server.Address(last));
-            }
-        }
-    }
-
-    void TheNextPageIsNotLeftForAStepThatWasOwed() {
-        Bench bench;
-        for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
-            bench.server.Serve(path, "<title>page</title>");
-            QVERIFY(bench.Show(bench.server.Address(path)));
-        }
-        bench.pane.GoBack();
-        bench.pane.GoBack();
-        QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
-        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
-        // Past the ends of the history there is nothing to go to.
-        bench.pane.GoForward();
-        bench.pane.GoForward();
-        QVERIFY(!bench.pane.Busy());
-        QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
-    }
-
     void APageThatEndsLeavesThePaneAsBeforeItsFirstNavigation() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Serve(u"/hung"_s, {"<title>hung", Ending::Silent});
         for (const QString& path : {u"/a"_s, u"/hung"_s, u"/a"_s}) {
             bench.pane.Navigate(bench.server.Address(path));
@@ -176,7 +77,7 @@ private Q_SLOTS:
     }
 
     void AnAddressIsSeenAsGivenAndAskedOfTheServer() {
-        Bench bench;
+        PaneBench bench;
         const QString address = bench.server.Address(u"/a?q=%02x%26q%3dY&s=msft "_s);
         QSignalSpy progress(&bench.pane, &BrowserPane::ProgressChange);
         QSignalSpy status(&bench.pane, &BrowserPane::StatusTextChange);
@@ -194,7 +95,7 @@ private Q_SLOTS:
     }
 
     void AServerThatWantsAPasswordGetsTheUsers() {
-        Bench bench;
+        PaneBench bench;
         CannedPage locked{"<title>locked</title>", Ending::Length, 401};
         locked.headers << "WWW-Authenticate: Basic realm=\"the desk\"";
         bench.server.Serve(u"/locked"_s, locked);
@@ -212,7 +113,7 @@ private Q_SLOTS:
     }
 
     void ACancelledNavigationLoadsNothing() {
-        Bench bench;
+        PaneBench bench;
         bench.isCancelling = true;
         bench.pane.Navigate(bench.server.Address(u"/a"_s));
         QVERIFY(!bench.pane.Busy());
@@ -220,7 +121,7 @@ private Q_SLOTS:
     }
 
     void ANavigationThatAReceiverStartsReplacesTheFirst() {
-        Bench bench;
+        PaneBench bench;
         const QString second = bench.server.Address(u"/b"_s);
         bool hasReplaced = false;
         connect(&bench.pane, &BrowserPane::BeforeNavigate2, &bench.pane, [&] {
@@ -234,7 +135,7 @@ private Q_SLOTS:
     }
 
     void WhatThePageStartsIsSeenOnceAndCanBeCancelled() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         bench.before.clear();
         bench.ClickPage();
@@ -262,7 +163,7 @@ private Q_SLOTS:
     }
 
     void AServersRedirectIsNotSeenAndTheAddressStaysAsBuilt() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Redirect(u"/old"_s, u"/b"_s);
         const QString old = bench.server.Address(u"/old"_s);
         QVERIFY(bench.Show(old));
@@ -272,7 +173,7 @@ private Q_SLOTS:
     }
 
     void ALoadThatIsStoppedLeavesThePaneFreeForTheNext() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Serve(u"/silent"_s, CannedPage{{}, Ending::Silent});
         bench.server.Serve(u"/stall"_s, CannedPage{"<title>stall</title>", Ending::Stall});
         for (const QString& path : {u"/silent"_s, u"/stall"_s}) {
@@ -292,7 +193,7 @@ private Q_SLOTS:
     }
 
     void ALoadThatTakesThePlaceOfAnotherKeepsItsAddressAsBuilt() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Serve(u"/hung"_s, {"<title>hung</title>words", Ending::Stall});
         for (const bool isStopped : {false, true}) {
             bench.pane.Navigate(bench.server.Address(u"/hung"_s));
@@ -309,7 +210,7 @@ private Q_SLOTS:
     }
 
     void ALateWordOfThePageBeforeTakesNothingFromTheNext() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         QList<QWebEngineLoadingInfo> ends;
         connect(bench.Page(), &QWebEnginePage::loadingChanged, this,
@@ -329,7 +230,7 @@ private Q_SLOTS:
     }
 
     void AFailedLoadSaysSoAndOffersAWayOn() {
-        Bench bench;
+        PaneBench bench;
         const QString address = u"nowhere.invalid/q?s=<b>"_s;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         QVERIFY(bench.Show(address));
@@ -351,7 +252,7 @@ private Q_SLOTS:
     }
 
     void TryAgainLoadsTheFailedAddress() {
-        Bench bench;
+        PaneBench bench;
         const quint16 port = bench.server.serverPort();
         bench.server.close();
         const QString address = u"127.0.0.1:"_s + QString::number(port) + u"/a"_s;
@@ -365,7 +266,7 @@ private Q_SLOTS:
     }
 
     void ThePageOfA404IsShownAndAnEmptyOneIsNamed() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/missing"_s)));
         QVERIFY(!bench.HasNotice());
         QCOMPARE(bench.Run(u"document.body.innerText"_s).toString(), u"not here"_s);
@@ -386,7 +287,7 @@ private Q_SLOTS:
     }
     void WhatIsNoWebAddressIsRefused() {
         QFETCH(const QString, address);
-        Bench bench;
+        PaneBench bench;
         bench.pane.Navigate(address);
         QVERIFY(!bench.pane.Busy());
         QVERIFY(!bench.Page());
@@ -395,7 +296,7 @@ private Q_SLOTS:
     }
 
     void TheTextOfAPageIsFoundOnAndBack() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Serve(u"/words"_s, "<title>words</title>gold silver gold oil gold");
         QVERIFY(bench.Show(bench.server.Address(u"/words"_s)));
         bench.pane.Find();
@@ -416,7 +317,7 @@ private Q_SLOTS:
     }
 
     void APageIsZoomedWithinBoundsAndTheZoomStays() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         bench.pane.ZoomIn();
         const double larger = bench.Page()->zoomFactor();
@@ -431,7 +332,7 @@ private Q_SLOTS:
     }
 
     void TheMenuOfAPageOffersNoWindowsThatTheProgramDoesNotHave() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         QVERIFY(AwaitPaint(*bench.Page()));
         QTest::mouseClick(bench.pane.windowHandle(), Qt::RightButton, {}, {100, 200});
@@ -445,7 +346,7 @@ private Q_SLOTS:
     }
 
     void ACrashedPageSaysSoAndRefreshBringsItBack() {
-        Bench bench;
+        PaneBench bench;
         QVERIFY(bench.Show(bench.server.Address(u"/a"_s)));
         ::kill(static_cast<pid_t>(bench.Page()->renderProcessPid()), SIGKILL);
         QTRY_VERIFY(bench.HasNotice());
@@ -459,7 +360,7 @@ private Q_SLOTS:
     }
 
     void ACrashDuringALoadIsSurvived() {
-        Bench bench;
+        PaneBench bench;
         bench.server.Serve(u"/stall"_s, CannedPage{"<title>stall</title>", Ending::Stall});
         bench.pane.Navigate(bench.server.Address(u"/stall"_s));
         QTRY_COMPARE(bench.Title(), u"stall"_s);
@@ -473,7 +374,7 @@ private Q_SLOTS:
     }
 
     void AGeneratedPageIsShownByItsPath() {
-        Bench bench;
+        PaneBench bench;
         const QString path = bench.folder.path() + u"/report.html"_s;
         WriteWholeFile(path.toStdString(), "<title>report</title><body>caf\xE9</body>");
         QVERIFY(bench.Show(path));
@@ -493,7 +394,7 @@ private Q_SLOTS:
     }
 
     void NothingElseOfTheFolderCanBeReached() {
-        Bench bench;
+        PaneBench bench;
         WriteWholeFile((bench.folder.path() + u"/TickNotes.txt"_s).toStdString(), "secret");
         WriteWholeFile((bench.folder.path() + u"/report.html"_s).toStdString(),
                        "<iframe src='portal://pages/TickNotes.txt'></iframe>"
@@ -508,7 +409,7 @@ private Q_SLOTS:
     }
 
     void APageOfTheWebCannotShowGeneratedPages() {
-        Bench bench;
+        PaneBench bench;
         WriteWholeFile((bench.folder.path() + u"/report.html"_s).toStdString(),
                        "<script>parent.postMessage('shown', '*')</script>");
         bench.server.Serve(u"/spy"_s,
@@ -520,7 +421,7 @@ private Q_SLOTS:
     }
 
     void SampleModeAnswersPagesAndImagesWithoutANetwork() {
-        Bench bench(WebMode::Sample);
+        PaneBench bench(WebMode::Sample);
         QStringList asked;
         bench.access.SetPortal([&](const std::string& host, const std::string& path) {
             asked << QString::fromStdString(host + path);
@@ -548,7 +449,7 @@ private Q_SLOTS:
     }
 
     void LiveModeLoadsWhereTheResolverSaysAndKeepsTheAddress() {
-        Bench bench(WebMode::Live);
+        PaneBench bench(WebMode::Live);
         const std::string today = (u"http://"_s + bench.server.Address(u"/b"_s)).toStdString();
         bench.access.SetResolver([&](const std::string& address, AddressUse) {
             return address == "http://old.invalid/q?s=x" ? today : address;
@@ -560,7 +461,7 @@ private Q_SLOTS:
     }
 
     void AWindowThatNobodyAskedForIsDroppedAndAWantedOneOpensInTheTarget() {
-        Bench bench;
+        PaneBench bench;
         BrowserPane main(bench.profile, bench.prompts);
         QSignalSpy inMain(&main, &BrowserPane::BeforeNavigate2);
         bench.server.Serve(u"/strip"_s,

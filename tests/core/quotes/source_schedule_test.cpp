@@ -1,9 +1,6 @@
 #include "core/quotes/source_schedule.h"
 
-#include "core/quotes/source_files.h"
-#include "core/text/bytes.h"
-
-#include <functional>
+#include "core/quotes/scheduled_web.h"
 
 namespace tallowmere {
 namespace {
@@ -11,99 +8,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Two fast sources of one shape on two hosts, and an end-of-day one.
-constexpr const char* kSources = R"(
-user_agent = "test"
-[sources.a]
-name = "First"
-format = "cnbc"
-request = "https://first.example/q?s={symbols}"
-separator = "|"
-batch = 3
-daily_cap = 20
-[sources.b]
-name = "Second"
-format = "cnbc"
-request = "https://second.example/q?s={symbols}"
-separator = "|"
-batch = 2
-[sources.c]
-name = "Floor"
-format = "fred-csv"
-request = "https://floor.example/csv?id={symbols}"
-[sources.d]
-name = "Chart"
-format = "yahoo-chart"
-request = "https://second.example/chart/{symbols}?r={range}"
-gives = ["year"]
-)";
-
-/// A source in its own words: a row for each symbol of the address.
-SourceResponse Good(const std::string& address, double price = 10,
-                    std::string_view time = "2026-11-20T16:00:00-0500") {
-    std::string rows;
-    const auto list = address.substr(address.find("s=") + 2);
-    for (const auto symbol : Split(list, '|'))
-        rows += (rows.empty() ? "" : ",") + std::string("{\"symbol\":\"") + std::string(symbol) +
-                "\",\"code\":0,\"last\":\"" + std::to_string(price) + "\",\"last_time\":\"" +
-                std::string(time) + "\"}";
-    return {200, "application/json", "",
-            "{\"FormattedQuoteResult\":{\"FormattedQuote\":[" + rows + "]}}"};
-}
-
-/// Drives a schedule with a provider for each host and notes what was asked.
-class Web {
-public:
-    using Provider = std::function<SourceResponse(const std::string& address)>;
-
-    explicit Web(const char* sources = kSources)
-        : m_schedule(ReadSourceTable(sources, "sources.toml")) {
-        m_hosts["first.example"] = [](const auto& address) { return Good(address); };
-        m_hosts["second.example"] = [](const auto& address) { return Good(address, 20); };
-        m_hosts["floor.example"] = [](const auto&) { return SourceResponse(); };
-    }
-
-    void Set(const std::string& host, Provider provider) { m_hosts[host] = std::move(provider); }
-    void Set(const std::string& host, const SourceResponse& response) {
-        m_hosts[host] = [response](const auto&) { return response; };
-    }
-
-    void Get(const std::vector<std::string>& symbols, PriceSpan span = PriceSpan::Quote,
-             Urgency urgency = Urgency::Routine) {
-        m_schedule.Want(span, symbols, now, urgency);
-        while (const auto request = m_schedule.Next(now)) {
-            asked.push_back(request->address.substr(8));
-            const std::string host = asked.back().substr(0, asked.back().find('/'));
-            m_schedule.Answer(request->id, m_hosts[host](request->address), now);
-        }
-        EXPECT_FALSE(m_schedule.IsBusy());
-    }
-
-    /// The same for somebody who asks.
-    void Ask(const std::vector<std::string>& symbols) {
-        Get(symbols, PriceSpan::Quote, Urgency::Asked);
-    }
-
-    double Price(std::string_view symbol) const {
-        const auto kept = m_schedule.FindQuote(symbol);
-        return kept.value ? kept.value->last : 0;
-    }
-
-    bool IsStale(std::string_view symbol) const { return m_schedule.FindQuote(symbol).stale; }
-
-    std::vector<std::string> TakeAsked() { return std::exchange(asked, {}); }
-    SourceSchedule& Schedule() { return m_schedule; }
-
-    std::int64_t now = kFridayClose;
-    std::vector<std::string> asked;
-
-private:
-    SourceSchedule m_schedule;
-    std::map<std::string, Provider> m_hosts;
-};
-
 TEST(SourceSchedule, AsksTheFirstSourceInBatchesOfItsSize) {
-    Web web;
+    ScheduledWeb web;
     web.Get({"a", "B", "C", "D", "A", "b", "E"});
     EXPECT_THAT(web.asked, ElementsAre("first.example/q?s=A|B|C", "first.example/q?s=D|E"));
     EXPECT_EQ(web.Price("a"), 10);
@@ -114,7 +20,7 @@ TEST(SourceSchedule, AsksTheFirstSourceInBatchesOfItsSize) {
 }
 
 TEST(SourceSchedule, AsksNothingAgainBeforeItsInterval) {
-    Web web;
+    ScheduledWeb web;
     web.Get({"A"});
     web.now += 14;
     web.Get({"A"});
@@ -126,13 +32,13 @@ TEST(SourceSchedule, AsksNothingAgainBeforeItsInterval) {
 }
 
 TEST(SourceSchedule, QuotesOfAnEarlierRunAreShownAndFetchedAnew) {
-    Web before;
+    ScheduledWeb before;
     before.Get({"A", "B"});
     const auto kept = before.Schedule().KeptQuotes();
     ASSERT_EQ(kept.size(), 2u);
     EXPECT_EQ(kept[0].receivedAt, kFridayClose);
 
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse());
     web.Set("second.example", SourceResponse());
     web.Schedule().Restore(kept);
@@ -144,7 +50,7 @@ TEST(SourceSchedule, QuotesOfAnEarlierRunAreShownAndFetchedAnew) {
     EXPECT_FALSE(web.TakeAsked().empty());
     EXPECT_EQ(web.Price("A"), 10);
     EXPECT_TRUE(web.IsStale("A"));
-    Web answered;
+    ScheduledWeb answered;
     answered.Set("first.example",
                  [](const auto& address) { return Good(address, 12, "2026-11-20T16:00:30-0500"); });
     answered.Schedule().Restore(kept);
@@ -156,7 +62,7 @@ TEST(SourceSchedule, QuotesOfAnEarlierRunAreShownAndFetchedAnew) {
 }
 
 TEST(SourceSchedule, TellsHowEachSourceHasBeenDoing) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", {503, "text/plain", "", "down"});
     web.Ask({"A"});
     const auto reports = web.Schedule().Reports(web.now);
@@ -179,7 +85,7 @@ TEST(SourceSchedule, TellsHowEachSourceHasBeenDoing) {
 }
 
 TEST(SourceSchedule, SendsOneRequestAtATimeToAHost) {
-    Web web;
+    ScheduledWeb web;
     auto& schedule = web.Schedule();
     schedule.Want(PriceSpan::Quote, {"A", "B", "C", "D"}, web.now);
     const auto first = schedule.Next(web.now);
@@ -195,7 +101,7 @@ TEST(SourceSchedule, SendsOneRequestAtATimeToAHost) {
 }
 
 TEST(SourceSchedule, DoesNotPutOnTheListWhatIsOnIt) {
-    Web web;
+    ScheduledWeb web;
     auto& schedule = web.Schedule();
     schedule.Want(PriceSpan::Quote, {"A"}, web.now);
     const auto request = schedule.Next(web.now);
@@ -207,7 +113,7 @@ TEST(SourceSchedule, DoesNotPutOnTheListWhatIsOnIt) {
 }
 
 TEST(SourceSchedule, GoesToTheNextSourceWhenTheFirstIsDown) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse());
     web.Get({"A", "B", "C"});
     EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B|C", "second.example/q?s=A|B",
@@ -218,7 +124,7 @@ TEST(SourceSchedule, GoesToTheNextSourceWhenTheFirstIsDown) {
 }
 
 TEST(SourceSchedule, RestsLongerEachTimeASourceIsDownAndComesBack) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse());
     web.Get({"A"}); // rests 15 seconds
     web.now += 15;
@@ -235,7 +141,7 @@ TEST(SourceSchedule, RestsLongerEachTimeASourceIsDownAndComesBack) {
 }
 
 TEST(SourceSchedule, KeepsTheLastGoodValueWhenAllAreDown) {
-    Web web;
+    ScheduledWeb web;
     web.Get({"A", "B"});
     web.Set("first.example", SourceResponse());
     web.Set("second.example", SourceResponse{500, "text/html", "", "<html>"});
@@ -256,7 +162,7 @@ TEST(SourceSchedule, KeepsTheLastGoodValueWhenAllAreDown) {
 }
 
 TEST(SourceSchedule, GivesUpOnASlowAnswerAndPassesOverItWhenItComes) {
-    Web web;
+    ScheduledWeb web;
     auto& schedule = web.Schedule();
     schedule.Want(PriceSpan::Quote, {"A"}, web.now);
     const auto slow = schedule.Next(web.now);
@@ -271,7 +177,7 @@ TEST(SourceSchedule, GivesUpOnASlowAnswerAndPassesOverItWhenItComes) {
 }
 
 TEST(SourceSchedule, LeavesASourceOfGarbageAlone) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse{200, "application/json", "", "{\"oops\":"});
     web.Get({"A"});
     EXPECT_EQ(web.Price("A"), 20);
@@ -287,7 +193,7 @@ TEST(SourceSchedule, LeavesASourceOfGarbageAlone) {
 
 TEST(SourceSchedule, WaitsAsLongAsARefusalSays) {
     for (const char* header : {"120", "Fri, 20 Nov 2026 21:02:00 GMT"}) {
-        Web web;
+        ScheduledWeb web;
         web.Set("first.example", SourceResponse{429, "text/plain", header, "slow down"});
         web.Get({"A"});
         EXPECT_EQ(web.Schedule().Reports(web.now)[0].pausedUntil, kFridayClose + 120) << header;
@@ -302,14 +208,14 @@ TEST(SourceSchedule, WaitsAsLongAsARefusalSays) {
 }
 
 TEST(SourceSchedule, WaitsADayAtMost) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse{429, "", "99999999", ""});
     web.Get({"A"});
     EXPECT_EQ(web.Schedule().Reports(web.now)[0].pausedUntil, kFridayClose + 86400);
 }
 
 TEST(SourceSchedule, TakesAPageForARefusal) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example",
             SourceResponse{200, "text/html", "", ResponseFile("blocked/robot.html")});
     web.Get({"A"});
@@ -319,7 +225,7 @@ TEST(SourceSchedule, TakesAPageForARefusal) {
 }
 
 TEST(SourceSchedule, RefusalOfOneSourceRestsAllOnItsHost) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse());
     web.Set("second.example", SourceResponse{429, "", "300", ""});
     web.Get({"A"});
@@ -329,7 +235,7 @@ TEST(SourceSchedule, RefusalOfOneSourceRestsAllOnItsHost) {
 }
 
 TEST(SourceSchedule, DoesNotBelieveAnswersAboutOtherSymbols) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", [](const auto&) { return Good("s=WRONG|OTHER"); });
     web.Get({"A"});
     EXPECT_EQ(web.Price("A"), 20);
@@ -337,7 +243,7 @@ TEST(SourceSchedule, DoesNotBelieveAnswersAboutOtherSymbols) {
 }
 
 TEST(SourceSchedule, AsksTheNextSourceForTheSymbolsThatWereLeftOut) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", [](const auto&) { return Good("s=A|C"); });
     web.Get({"A", "B", "C"});
     EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B|C", "second.example/q?s=B"));
@@ -353,7 +259,7 @@ TEST(SourceSchedule, AsksTheNextSourceForTheSymbolsThatWereLeftOut) {
 }
 
 TEST(SourceSchedule, StopsAtTheDailyCapUntilTheNextDay) {
-    Web web;
+    ScheduledWeb web;
     for (int i = 0; i < 21; ++i) {
         web.now += 20;
         web.Get({"A"});
@@ -367,7 +273,7 @@ TEST(SourceSchedule, StopsAtTheDailyCapUntilTheNextDay) {
 }
 
 TEST(SourceSchedule, AsksOnlySourcesThatHaveTheSymbolAndTheSpan) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse());
     web.Set("second.example", SourceResponse());
     web.Set("floor.example", SourceResponse{200, "text/csv", "", ResponseFile("fred/dgs30.csv")});
@@ -380,7 +286,7 @@ TEST(SourceSchedule, AsksOnlySourcesThatHaveTheSymbolAndTheSpan) {
 }
 
 TEST(SourceSchedule, DoesNotReplaceAQuoteByAMuchOlderOne) {
-    Web web;
+    ScheduledWeb web;
     web.Get({"^TYX"});
     web.Set("first.example", SourceResponse());
     web.Set("second.example", SourceResponse());
@@ -393,7 +299,7 @@ TEST(SourceSchedule, DoesNotReplaceAQuoteByAMuchOlderOne) {
 }
 
 TEST(SourceSchedule, FetchesThePricesOfAChart) {
-    Web web;
+    ScheduledWeb web;
     web.Set("second.example",
             SourceResponse{200, "application/json", "", ResponseFile("yahoo/chart_year.json")});
     web.now += 60;
@@ -408,7 +314,7 @@ TEST(SourceSchedule, FetchesThePricesOfAChart) {
 }
 
 TEST(SourceSchedule, GoesOnWhenTheClockIsSetBack) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", SourceResponse{429, "", "3600", ""});
     web.Get({"A"});
     web.Set("first.example", [](const auto& address) { return Good(address, 5, "2026-11-19"); });
@@ -419,7 +325,8 @@ TEST(SourceSchedule, GoesOnWhenTheClockIsSetBack) {
 }
 
 TEST(SourceSchedule, GivesUpAtOnceWithoutASource) {
-    Web web("[sources.a]\nformat = \"cnbc\"\nrequest = \"https://x.example/\"\nenabled = false\n");
+    ScheduledWeb web(
+        "[sources.a]\nformat = \"cnbc\"\nrequest = \"https://x.example/\"\nenabled = false\n");
     web.Get({"A", "", " "});
     EXPECT_THAT(web.asked, IsEmpty());
     EXPECT_FALSE(web.Schedule().IsBusy());
@@ -427,8 +334,8 @@ TEST(SourceSchedule, GivesUpAtOnceWithoutASource) {
 }
 
 TEST(SourceSchedule, AsksForAThousandSymbolsOnceEach) {
-    Web web("[sources.a]\nformat = \"cnbc\"\nbatch = 40\nseparator = \"|\"\n"
-            "request = \"https://first.example/q?s={symbols}\"\n");
+    ScheduledWeb web("[sources.a]\nformat = \"cnbc\"\nbatch = 40\nseparator = \"|\"\n"
+                     "request = \"https://first.example/q?s={symbols}\"\n");
     std::vector<std::string> symbols;
     for (int i = 0; i < 1000; ++i)
         symbols.push_back("T" + std::to_string(i));
@@ -444,7 +351,7 @@ TEST(SourceSchedule, AsksForAThousandSymbolsOnceEach) {
 constexpr const char* kDayBefore = "2026-11-19T16:00:00-0500";
 
 TEST(SourceSchedule, GoesOnPastAnAnswerOfAnEarlierDay) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", [](const auto& address) { return Good(address, 9, kDayBefore); });
     web.Get({"A", "B"});
     EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A|B", "second.example/q?s=A|B"));
@@ -457,7 +364,7 @@ TEST(SourceSchedule, GoesOnPastAnAnswerOfAnEarlierDay) {
 }
 
 TEST(SourceSchedule, GoesOnPastAnAnswerWithoutATime) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", [](const auto& address) { return Good(address, 9, ""); });
     web.Get({"A"});
     EXPECT_THAT(web.TakeAsked(), ElementsAre("first.example/q?s=A", "second.example/q?s=A"));
@@ -476,7 +383,7 @@ TEST(SourceSchedule, TakesTheNewestWhenNoneIsCurrent) {
                           {"", kDayBefore, 10},
                           {kDayBefore, "", 20},
                           {"", "", 10}}) {
-        Web web;
+        ScheduledWeb web;
         web.Set("first.example", [&](const auto& address) { return Good(address, 10, c.first); });
         web.Set("second.example", [&](const auto& address) { return Good(address, 20, c.second); });
         web.Get({"A"});
@@ -486,7 +393,7 @@ TEST(SourceSchedule, TakesTheNewestWhenNoneIsCurrent) {
 }
 
 TEST(SourceSchedule, TakesAnOldPriceWhereTheOtherSourcesHaveNone) {
-    Web web;
+    ScheduledWeb web;
     web.Set("first.example", [](const auto& address) { return Good(address, 9, kDayBefore); });
     web.Set("second.example", SourceResponse());
     web.Get({"A"});
@@ -498,7 +405,7 @@ TEST(SourceSchedule, TakesAnOldPriceWhereTheOtherSourcesHaveNone) {
 }
 
 TEST(SourceSchedule, AsksNobodyTwiceForAPriceThatIsDelayedButCurrent) {
-    Web web;
+    ScheduledWeb web;
     web.Get({"A"});
     web.Set("first.example", SourceResponse());
     web.Set("second.example",
@@ -511,132 +418,6 @@ TEST(SourceSchedule, AsksNobodyTwiceForAPriceThatIsDelayedButCurrent) {
     web.now += 5;
     web.Get({"A"});
     EXPECT_THAT(web.asked, IsEmpty());
-}
-
-/// Lets every source refuse for an hour, asked once a minute.
-void RefuseForAnHour(Web& web, const SourceResponse& refusal) {
-    for (const char* host : {"first.example", "second.example", "floor.example"})
-        web.Set(host, refusal);
-    for (int minute = 0; minute < 60; ++minute) {
-        web.Get({"A"});
-        web.now += 60;
-    }
-    for (const char* host : {"first.example", "second.example"})
-        web.Set(host, [](const auto& address) { return Good(address, 30); });
-    web.TakeAsked();
-}
-
-TEST(SourceSchedule, TriesRestingSourcesAgainForWhoeverAsks) {
-    for (const SourceResponse& refusal :
-         {SourceResponse{403, "text/html", "", "<html>"}, SourceResponse(),
-          SourceResponse{200, "application/json", "", "{\"oops\":"}}) {
-        Web web;
-        RefuseForAnHour(web, refusal);
-        web.Ask({"A"});
-        EXPECT_EQ(web.Price("A"), 30) << refusal.status;
-    }
-}
-
-TEST(SourceSchedule, APersonDoesNotWaitForWhatTheProgramTriedJustBefore) {
-    Web web;
-    RefuseForAnHour(web, {403, "text/html", "", "<html>"});
-    for (const char* host : {"first.example", "second.example"})
-        web.Set(host, SourceResponse{403, "text/html", "", "<html>"});
-    web.Get({"A"}, PriceSpan::Quote, Urgency::Regular);
-    EXPECT_EQ(web.TakeAsked().size(), 2u);
-    web.Set("first.example", [](const auto& address) { return Good(address, 30); });
-    web.now += 15;
-    web.Get({"A"}, PriceSpan::Quote, Urgency::Regular);
-    EXPECT_EQ(web.Price("A"), 0);
-    web.Ask({"A"});
-    EXPECT_EQ(web.Price("A"), 30);
-}
-
-TEST(SourceSchedule, RoutineDoesNotTryRestingSourcesAgain) {
-    Web web;
-    RefuseForAnHour(web, {403, "text/html", "", "<html>"});
-    web.Get({"A"});
-    EXPECT_THAT(web.asked, IsEmpty());
-}
-
-TEST(SourceSchedule, KeepsTheRestThatASourceAskedFor) {
-    Web web;
-    RefuseForAnHour(web, {429, "text/html", "7200", ""});
-    web.Ask({"A"});
-    EXPECT_THAT(web.asked, IsEmpty());
-    web.now += 3601;
-    web.Ask({"A"});
-    EXPECT_EQ(web.Price("A"), 30);
-}
-
-TEST(SourceSchedule, TriesRestingSourcesAgainOnceAMinute) {
-    Web web;
-    for (const char* host : {"first.example", "second.example"})
-        web.Set(host, SourceResponse{403, "text/html", "", "<html>"});
-    // Refused at once, and once more as soon as the interval of the symbol is over.
-    for (int i = 0; i < 12; ++i) {
-        web.Ask({"A"});
-        web.now += 5;
-    }
-    EXPECT_EQ(web.TakeAsked().size(), 4u);
-    for (int i = 0; i < 120; ++i) {
-        web.Ask({"A"});
-        web.now += 5;
-    }
-    EXPECT_EQ(web.TakeAsked().size(), 20u) << "two sources, ten minutes";
-}
-
-TEST(SourceSchedule, ATrialStaysWithinTheCap) {
-    Web web;
-    web.Set("first.example", SourceResponse{403, "text/html", "", "<html>"});
-    web.Set("second.example", SourceResponse{403, "text/html", "", "<html>"});
-    for (int i = 0; i < 40; ++i) {
-        web.Ask({"A"});
-        web.now += 60;
-    }
-    EXPECT_EQ(web.Schedule().Reports(web.now)[0].requestsToday, 20);
-}
-
-TEST(SourceSchedule, SendsNothingAgainToAHostThatHungUp) {
-    Web web;
-    web.Set("first.example", SourceResponse());
-    web.Set("second.example", SourceResponse());
-    for (int i = 0; i < 14; ++i) {
-        web.Ask({"A"});
-        web.now += 1;
-    }
-    EXPECT_THAT(web.asked, ElementsAre("first.example/q?s=A", "second.example/q?s=A"));
-}
-
-TEST(SourceSchedule, ASymbolIsUnknownOnceEverySourceThatCouldBeAskedHasSaidSo) {
-    Web web;
-    const auto none = [](const auto&) { return Good("s=OTHER"); };
-    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "nobody was asked";
-    web.Set("first.example", none);
-    web.Ask({"A", "B"});
-    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "the second source knows it";
-    web.Set("second.example", none);
-    web.Ask({"C"});
-    EXPECT_TRUE(web.Schedule().IsUnknown("C"));
-    EXPECT_TRUE(web.Schedule().IsUnknown("c"));
-    EXPECT_FALSE(web.Schedule().IsUnknown("A")) << "its last price is still there";
-    web.Set("second.example", SourceResponse());
-    web.Ask({"D"});
-    EXPECT_FALSE(web.Schedule().IsUnknown("D")) << "the second source did not answer";
-    web.Ask({"E"});
-    EXPECT_FALSE(web.Schedule().IsUnknown("E")) << "the second source rests";
-    web.Set("second.example", [](const auto& address) { return Good(address, 20); });
-    web.now += 3600;
-    web.Ask({"C"});
-    EXPECT_FALSE(web.Schedule().IsUnknown("C")) << "by now it is known";
-}
-
-TEST(SourceSchedule, NoSymbolIsUnknownWhenNobodyAnswers) {
-    Web web;
-    web.Set("first.example", SourceResponse());
-    web.Set("second.example", SourceResponse{403, "text/html", "", "<html>"});
-    web.Ask({"A"});
-    EXPECT_FALSE(web.Schedule().IsUnknown("A"));
 }
 
 } // namespace
