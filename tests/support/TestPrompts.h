@@ -23,14 +23,14 @@ public:
     bool Ask(const QString& text, const QString& title, Answer byDefault) override {
         Record(text, title);
         defaults << byDefault;
-        return !answers.isEmpty() && answers.takeFirst();
+        return !answers.isEmpty() && Take(answers);
     }
 
     std::optional<QString> Input(const QString& prompt, const QString& title,
                                  const QString& preset) override {
         Record(prompt, title);
         presets << preset;
-        return inputs.isEmpty() ? std::nullopt : inputs.takeFirst();
+        return inputs.isEmpty() ? std::nullopt : Take(inputs);
     }
 
     std::optional<QString> InputLines(const QString& prompt, const QString& title,
@@ -41,16 +41,23 @@ public:
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                     const QString&) override {
         Record(suggested, title);
-        return files.isEmpty() ? std::nullopt : files.takeFirst();
+        return files.isEmpty() ? std::nullopt : Take(files);
     }
 
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override {
         Record({}, title);
         initials << initial;
-        return colors.isEmpty() ? std::nullopt : colors.takeFirst();
+        return colors.isEmpty() ? std::nullopt : Take(colors);
     }
 
 private:
+    // In Qt 6.8 a list is not to be assigned to after its front was taken away in place.
+    template <typename T>
+    static T Take(QList<T>& list) {
+        const T first = list.first();
+        list = list.mid(1);
+        return first;
+    }
     void Record(const QString& text, const QString& title) {
         messages << title + QStringLiteral(": ") + text;
     }

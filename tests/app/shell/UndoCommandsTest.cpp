@@ -180,7 +180,7 @@ private Q_SLOTS:
     void CancelInTheBoxOfANoteIsToldInTheBar() {
         User user;
         user.Select(1);
-        user.prompts.inputs << std::nullopt;
+        user.prompts.inputs = {std::nullopt};
         user.Menus().mnuTickNotes->trigger();
         QVERIFY(user.Bar().isVisible());
         QCOMPARE(user.Bar().Words(), u"Note on MSFT removed."_s);
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(user.Form().List1->hasFocus());
         // Where there is no note, none was removed.
         user.Select(0);
-        user.prompts.inputs << std::nullopt;
+        user.prompts.inputs = {std::nullopt};
         user.Menus().mnuTickNotes->trigger();
         QVERIFY(user.Bar().isHidden());
     }
