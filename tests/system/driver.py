@@ -1,8 +1,6 @@
-"""Drives the built program from outside, as a person would: a display of its own, the
-accessibility tree to see what is there, pointer and keys to act, and a web server on the loopback
-interface that remembers what was asked of it. Nothing here sleeps for a fixed time: every wait
-polls a condition up to a deadline.
-"""
+"""Drives the built program from outside, as a person would: a display of its own, the accessibility
+tree to see what is there, pointer and keys to act. Nothing here sleeps for a fixed time: every wait
+polls a condition up to a deadline."""
 
 import contextlib
 import ctypes

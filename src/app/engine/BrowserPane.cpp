@@ -349,11 +349,10 @@ void BrowserPane::LoadAgainUnlessBegun() {
 }
 
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
-    if (!m_isAskingPlainly)
-        m_profile.Access().Https().NoteFailure(m_page->Wanted().host(), error);
     // That was the try by https, which is given up.
     if (m_isAskingPlainly)
         return;
+    m_profile.Access().Https().NoteFailure(m_page->Wanted().host(), error);
     const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url,

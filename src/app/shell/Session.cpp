@@ -13,9 +13,8 @@
 #include "app/market/TickerStrip.h"
 #include "app/market/Timers.h"
 #include "app/portfolio/Portfolios.h"
-#include "app/portfolio/TickerMarks.h"
-#include "app/quotes/LiveQuotes.h"
 #include "app/shell/ClosingNote.h"
+#include "app/shell/Portal.h"
 #include "app/shell/Subsystems.h"
 #include "app/shell/WindowPlace.h"
 #include "app/sites/UserSites.h"
@@ -50,7 +49,7 @@ Session::Session(SessionSetup setup)
     m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_undo, m_web,
                                                 *m_profile, m_transfers, *m_userSites);
     m_web.SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
-    ConnectPortal();
+    m_portal = std::make_unique<Portal>(m_setup, m_web, *m_subsystems);
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);
     connect(m_form.get(), &frmMain::PanelsChanged, this,
             [this] { SavePanels(*m_form, m_settings); });
@@ -71,27 +70,6 @@ Session::Session(SessionSetup setup)
 Session::~Session() {
     m_web.SetLatePortal({});
     m_form.reset();
-}
-
-void Session::ConnectPortal() {
-    if (m_setup.web == WebMode::Live) {
-        TickerMarks* marks = m_subsystems->portfolio.marks;
-        m_live = std::make_unique<LiveQuotes>(m_setup.tables.sites, m_setup.texts, m_setup.sources,
-                                              m_setup.clock,
-                                              m_setup.folders.programFolder / "quotes.json");
-        marks->SetUnknown(
-            [live = m_live.get()](const std::string& ticker) { return live->IsUnknown(ticker); });
-        connect(m_live.get(), &LiveQuotes::Learned, marks, &TickerMarks::Refresh);
-        m_web.SetLatePortal([this](const std::string& host, const std::string& pathAndQuery,
-                                   Asker asker, WebAccess::PortalReply reply) {
-            m_live->Answer(host, m_subsystems->market.ticker->WithTickers(pathAndQuery), asker,
-                           std::move(reply));
-        });
-    } else if (m_setup.portal) {
-        m_web.SetPortal([this](const std::string& host, const std::string& pathAndQuery) {
-            return m_setup.portal(host, m_subsystems->market.ticker->WithTickers(pathAndQuery));
-        });
-    }
 }
 
 void Session::Start() {
@@ -148,8 +126,7 @@ void Session::ApplyProxy() {
     const bool isNamed = ToInteger(UsableSetting(m_settings, kSettingsSection, "PROXY")) == 1;
     const ProxySetting proxy{Text("Firewall"), isNamed ? ProxySetting::kNamedProxy : 0};
     m_transfers.UseProxy(proxy);
-    if (m_live)
-        m_live->UseProxy(proxy);
+    m_portal->UseProxy(proxy);
 }
 
 void Session::ChooseFirstPage() {
@@ -172,8 +149,7 @@ QString Session::Text(std::string_view key) const {
 void Session::Close() {
     m_subsystems->market.Stop();
     m_transfers.CancelAll();
-    if (m_live)
-        m_live->Save();
+    m_portal->Save();
     try {
         m_settings.SaveSetting(kSettingsSection, "TickerList",
                                std::to_string(m_subsystems->portfolio.portfolios->Current()));

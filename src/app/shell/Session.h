@@ -12,7 +12,7 @@
 namespace tallowmere {
 
 class EngineProfile;
-class LiveQuotes;
+class Portal;
 class UserSites;
 class frmMain;
 struct Subsystems;
@@ -37,7 +37,6 @@ public:
     Subsystems& Controllers() { return *m_subsystems; }
 
 private:
-    void ConnectPortal();
     void ApplyProxy();
     void ChooseFirstPage();
     void Close();
@@ -50,7 +49,7 @@ private:
     SettingsStore m_settings;
     UndoRecorder m_undo;
     WebAccess m_web;
-    std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
+    std::unique_ptr<Portal> m_portal;
     std::unique_ptr<EngineProfile> m_profile;
     Transfers m_transfers;
     std::unique_ptr<frmMain> m_form;

@@ -11,7 +11,7 @@
 #include "core/text/files.h"
 #include "support/FullDisk.h"
 #include "support/LinkDrop.h"
-#include "support/TestSession.h"
+#include "support/UndoUser.h"
 #include "support/WebTest.h"
 
 #include <QCalendarWidget>
@@ -25,40 +25,9 @@ using namespace Qt::StringLiterals;
 
 class UndoCommandsTest : public QObject {
     Q_OBJECT
-private:
-    /// A session with two portfolios, of which the first is named and has a note.
-    struct User : TestSession {
-        User() {
-            Store("First", "OK");
-            Store("Stocks1", "AOL|MSFT|IBM|");
-            Store("Stocks2", "IBM|");
-            Store("PortName1", "Tech");
-            std::string ignored;
-            TickerNotes(Folder(), ignored, "SET", "MSFT", "mine", kTickerNotesFile);
-            Start();
-            Form().activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&Form()));
-            Form().List1->setFocus();
-        }
-        MainMenus& Menus() { return *Form().menus; }
-        UndoBar& Bar() { return *Form().undoBar; }
-        QString Undo() { return Menus().undo->text(); }
-        QString Redo() { return Menus().redo->text(); }
-        QStringList Tickers() { return Form().List1->Items(); }
-        void Select(int index) { Form().List1->SetListIndex(index); }
-        QByteArray File(const char* name) const {
-            const std::string content = ReadExistingFile(Folder() / name);
-            return QByteArray::fromStdString(content);
-        }
-        /// Leaves out what no command of the user's wrote.
-        QList<QByteArray> Stores() const {
-            return {File("settings.ini"), File("TickNotes.txt"), File("remind.txt")};
-        }
-    };
-
 private Q_SLOTS:
     void AtFirstThereIsNothingToUndo() {
-        User user;
+        UndoUser user;
         QCOMPARE(user.Undo(), u"&Undo"_s);
         QCOMPARE(user.Redo(), u"&Redo"_s);
         QVERIFY(!user.Menus().undo->isEnabled());
@@ -67,7 +36,7 @@ private Q_SLOTS:
     }
 
     void ADeletedTickerComesBackWithItsNoteAndIsSelected() {
-        User user;
+        UndoUser user;
         const auto before = user.Stores();
         user.Select(1);
         QTest::keyClick(user.Form().List1, Qt::Key_Delete);
@@ -87,7 +56,7 @@ private Q_SLOTS:
     }
 
     void AHistoryThatCannotBeKeptIsSaidInTheStatusLine() {
-        User user;
+        UndoUser user;
         std::filesystem::remove(user.Folder() / "undo.txt");
         std::filesystem::create_directory(user.Folder() / "undo.txt");
         user.Select(1);
@@ -100,7 +69,7 @@ private Q_SLOTS:
     }
 
     void TheEntryBoxKeepsItsOwnUndo() {
-        User user;
+        UndoUser user;
         user.Enter(u"amd"_s);
         QTest::keyClicks(user.Form().txtStock, u"x"_s);
         QTest::keyClick(user.Form().txtStock, Qt::Key_Z, Qt::ControlModifier);
@@ -112,42 +81,42 @@ private Q_SLOTS:
 
     void EveryCommandOfThePortfoliosCanBeUndone_data() {
         QTest::addColumn<QString>("caption");
-        QTest::addColumn<std::function<void(User&)>>("command");
-        const auto row = [](const char* caption, std::function<void(User&)> command) {
+        QTest::addColumn<std::function<void(UndoUser&)>>("command");
+        const auto row = [](const char* caption, std::function<void(UndoUser&)> command) {
             QTest::newRow(caption) << QString::fromLatin1(caption) << std::move(command);
         };
-        row("Add AMD", [](User& user) { user.Enter(u"amd"_s); });
-        row("Add 2 Tickers", [](User& user) { user.Enter(u"amd ge"_s); });
-        row("Delete IBM", [](User& user) {
+        row("Add AMD", [](UndoUser& user) { user.Enter(u"amd"_s); });
+        row("Add 2 Tickers", [](UndoUser& user) { user.Enter(u"amd ge"_s); });
+        row("Delete IBM", [](UndoUser& user) {
             user.Select(2);
             user.Menus().mnuDeleteTick->trigger();
         });
-        row("Clear Ticker List", [](User& user) {
+        row("Clear Ticker List", [](UndoUser& user) {
             user.prompts.answers = {true};
             user.Menus().clearList->trigger();
         });
-        row("Copy MSFT to Portfolio #2", [](User& user) {
+        row("Copy MSFT to Portfolio #2", [](UndoUser& user) {
             user.Select(1);
             user.Menus().mnuCopyPort.items[2]->trigger();
         });
-        row("Move MSFT to Portfolio #3", [](User& user) {
+        row("Move MSFT to Portfolio #3", [](UndoUser& user) {
             user.Select(1);
             user.Menus().mnuMovePort.items[3]->trigger();
         });
         row("Copy Portfolio to Portfolio #2",
-            [](User& user) { user.Menus().mnuCopyAllPort.items[2]->trigger(); });
+            [](UndoUser& user) { user.Menus().mnuCopyAllPort.items[2]->trigger(); });
         row("Move Portfolio to Portfolio #2",
-            [](User& user) { user.Menus().mnuMoveAllPort.items[2]->trigger(); });
-        row("Rename Portfolio", [](User& user) {
+            [](UndoUser& user) { user.Menus().mnuMoveAllPort.items[2]->trigger(); });
+        row("Rename Portfolio", [](UndoUser& user) {
             user.prompts.inputs = {u"R&D"_s};
             user.Menus().mnuPortOpt[1]->trigger();
         });
-        row("Note on AOL", [](User& user) {
+        row("Note on AOL", [](UndoUser& user) {
             user.Select(0);
             user.prompts.inputs = {u"first"_s};
             user.Menus().mnuTickNotes->trigger();
         });
-        row("Note on MSFT", [](User& user) {
+        row("Note on MSFT", [](UndoUser& user) {
             user.Select(1);
             user.prompts.inputs = {std::nullopt};
             user.Menus().mnuTickNotes->trigger();
@@ -156,8 +125,8 @@ private Q_SLOTS:
 
     void EveryCommandOfThePortfoliosCanBeUndone() {
         QFETCH(const QString, caption);
-        QFETCH(const std::function<void(User&)>, command);
-        User user;
+        QFETCH(const std::function<void(UndoUser&)>, command);
+        UndoUser user;
         const auto before = user.Stores();
         const QStringList tickers = user.Tickers();
         command(user);
@@ -177,89 +146,8 @@ private Q_SLOTS:
         QVERIFY(!user.Menus().redo->isEnabled());
     }
 
-    void CancelInTheBoxOfANoteIsToldInTheBar() {
-        User user;
-        user.Select(1);
-        user.prompts.inputs = {std::nullopt};
-        user.Menus().mnuTickNotes->trigger();
-        QVERIFY(user.Bar().isVisible());
-        QCOMPARE(user.Bar().Words(), u"Note on MSFT removed."_s);
-        auto* link = user.Bar().findChild<QPushButton*>();
-        QCOMPARE(link->text(), u"Undo"_s);
-        QVERIFY(link->focusPolicy() & Qt::TabFocus);
-        QTest::keyClick(link, Qt::Key_Space);
-        QCOMPARE(user.File("TickNotes.txt"), QByteArray("||MSFT||mine|||||\r\n"));
-        QVERIFY(user.Bar().isHidden());
-        QVERIFY(user.Form().List1->hasFocus());
-        // Where there is no note, none was removed.
-        user.Select(0);
-        user.prompts.inputs = {std::nullopt};
-        user.Menus().mnuTickNotes->trigger();
-        QVERIFY(user.Bar().isHidden());
-    }
-
-    void TheBarGoesAfterTenSecondsUnlessItIsNeeded() {
-        User user;
-        user.Select(2);
-        user.Menus().mnuDeleteTick->trigger();
-        QVERIFY(user.Bar().isVisible());
-        QCOMPARE(user.Bar().Words(), u"IBM removed."_s);
-        QCOMPARE(user.Bar().Seconds.interval(), 10'000);
-        QVERIFY(user.Bar().Seconds.isActive());
-        auto* link = user.Bar().findChild<QPushButton*>();
-        link->setFocus();
-        user.Bar().Seconds.start(0);
-        QTRY_VERIFY(user.Bar().Seconds.interval() == 10'000);
-        QVERIFY(user.Bar().isVisible());
-        user.Form().List1->setFocus();
-        user.Bar().Seconds.start(0);
-        QTRY_VERIFY(user.Bar().isHidden());
-        user.Menus().undo->trigger();
-        QCOMPARE(user.Tickers().size(), 3);
-    }
-
-    void TheNextCommandTakesTheBarAway() {
-        User user;
-        user.Select(2);
-        user.Menus().mnuDeleteTick->trigger();
-        QVERIFY(user.Bar().isVisible());
-        user.Enter(u"ge"_s);
-        QVERIFY(user.Bar().isHidden());
-    }
-
-    void TheBarTakesItsPlaceFromTheListAndMovesNothingElse() {
-        User user;
-        user.Form().resize(667, 567);
-        QCoreApplication::processEvents();
-        const QRect list = user.Form().List1->geometry();
-        const QRect left = user.Form().fraLeft->geometry();
-        const QRect web = user.Form().fraRight->geometry();
-        user.Select(2);
-        user.Menus().mnuDeleteTick->trigger();
-        QCOMPARE(user.Form().fraLeft->geometry(), left);
-        QCOMPARE(user.Form().fraRight->geometry(), web);
-        QCOMPARE(user.Form().List1->geometry().topLeft(), list.topLeft());
-        QVERIFY(!user.Bar().geometry().intersects(user.Form().List1->geometry()));
-        QVERIFY(user.Form().List1->height() >= 2 * user.Form().List1->fontMetrics().height() ||
-                user.Form().List1->geometry() == list);
-        user.Bar().Dismiss();
-        QCOMPARE(user.Form().List1->geometry(), list);
-    }
-
-    void AfterNoToTheQuestionTheBarStillOffersTheTickerOfTheFirstClick() {
-        User user;
-        user.Select(2);
-        QTest::mouseClick(user.Form().Label1, Qt::LeftButton);
-        QTest::mouseDClick(user.Form().Label1, Qt::LeftButton);
-        QCOMPARE(user.prompts.messages.size(), 1);
-        QVERIFY(user.Bar().isVisible());
-        QCOMPARE(user.Bar().Words(), u"IBM removed."_s);
-        user.Bar().findChild<QPushButton*>()->click();
-        QCOMPARE(user.Tickers(), (QStringList{u"AOL"_s, u"MSFT"_s, u"IBM"_s}));
-    }
-
     void WhatAnEntryAddedToTheListAloneIsUndoneToo() {
-        User user;
+        UndoUser user;
         user.Enter(u"amd aol"_s);
         QCOMPARE(user.Tickers().size(), 4);
         QCOMPARE(user.Stored("Stocks1"), u"AOL|MSFT|IBM|"_s);
@@ -273,7 +161,7 @@ private Q_SLOTS:
     }
 
     void UndoOutlastsARestart() {
-        User user;
+        UndoUser user;
         user.Select(1);
         user.Menus().mnuDeleteTick->trigger();
         user.Enter(u"ge"_s);
@@ -289,7 +177,7 @@ private Q_SLOTS:
     }
 
     void WhatSomethingElseChangedIsNotOverwritten() {
-        User user;
+        UndoUser user;
         user.prompts.inputs = {u"Mine"_s};
         user.Menus().mnuPortOpt[1]->trigger();
         user.Select(1);
@@ -309,7 +197,7 @@ private Q_SLOTS:
     }
 
     void AStepThatCannotBeWrittenStaysAndIsReported() {
-        User user;
+        UndoUser user;
         user.Select(1);
         user.Menus().mnuDeleteTick->trigger();
         const auto before = user.Stores();
@@ -325,7 +213,7 @@ private Q_SLOTS:
     }
 
     void LinksComeBackWithTheirColours() {
-        User user;
+        UndoUser user;
         SaveCustomLink(user->Settings(), 101, {"http://a/", "Mine", {0x112233, 0x445566}});
         user.Start();
         const ColorPair mine = user.Link(101)->Colors();
@@ -359,7 +247,7 @@ private Q_SLOTS:
     }
 
     void ALinkThatWasOverwrittenIsTold() {
-        User user;
+        UndoUser user;
         SaveCustomLink(user->Settings(), 101, {"http://a/", "Mine", {1, 2}});
         SaveCustomLink(user->Settings(), 102, {"http://b/", "Other", {3, 4}});
         user.Start();
@@ -373,7 +261,7 @@ private Q_SLOTS:
     }
 
     void TheEditorsResetComesBackWithThePageOfAMultiLink() {
-        User user;
+        UndoUser user;
         WriteWholeFile(user.Folder() / "Two.mlnk", "<html>page</html>");
         SaveCustomLink(user->Settings(), 103, {"MULTILINK:Two.mlnk", "Two", {1, 2}});
         user.Start();
@@ -390,7 +278,7 @@ private Q_SLOTS:
     }
 
     void AnEditedLinkIsUndone() {
-        User user;
+        UndoUser user;
         user->Editor().Open(104);
         user->Editor().Editor()->txtTitle->setText(u"New"_s);
         user->Editor().Editor()->txtURL->setText(u"http://n/"_s);
@@ -403,7 +291,7 @@ private Q_SLOTS:
     }
 
     void RemindersComeBack() {
-        User user;
+        UndoUser user;
         user->Reminders().Open();
         user->Reminders().Dialog()->Text1->setPlainText(u"call"_s);
         user->Reminders().SetRemind();
@@ -423,7 +311,7 @@ private Q_SLOTS:
 
     // What a user does at the windows themselves, in any order.
     void ARandomWalkThroughTheCommandsIsUndoneAndDoneAgain() {
-        User user;
+        UndoUser user;
         std::mt19937 random(7);
         const auto below = [&](int most) {
             return static_cast<int>(random() % static_cast<unsigned>(most));

@@ -1,0 +1,49 @@
+#include "app/shell/Portal.h"
+
+#include "app/base/WebAccess.h"
+#include "app/market/TickerStrip.h"
+#include "app/portfolio/TickerMarks.h"
+#include "app/quotes/LiveQuotes.h"
+#include "app/shell/SessionSetup.h"
+#include "app/shell/Subsystems.h"
+
+namespace tallowmere {
+
+Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& parts) {
+    if (setup.web == WebMode::Live) {
+        ServeLive(setup, web, parts);
+    } else if (setup.portal) {
+        web.SetPortal([portal = setup.portal, ticker = parts.market.ticker](
+                          const std::string& host, const std::string& pathAndQuery) {
+            return portal(host, ticker->WithTickers(pathAndQuery));
+        });
+    }
+}
+
+Portal::~Portal() = default;
+
+void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsystems& parts) {
+    m_live = std::make_unique<LiveQuotes>(setup.tables.sites, setup.texts, setup.sources,
+                                          setup.clock, setup.folders.programFolder / "quotes.json");
+    LiveQuotes* live = m_live.get();
+    parts.portfolio.marks->SetUnknown(
+        [live](const std::string& ticker) { return live->IsUnknown(ticker); });
+    QObject::connect(live, &LiveQuotes::Learned, parts.portfolio.marks, &TickerMarks::Refresh);
+    web.SetLatePortal([live, ticker = parts.market.ticker](
+                          const std::string& host, const std::string& pathAndQuery, Asker asker,
+                          WebAccess::PortalReply reply) {
+        live->Answer(host, ticker->WithTickers(pathAndQuery), asker, std::move(reply));
+    });
+}
+
+void Portal::UseProxy(const ProxySetting& proxy) {
+    if (m_live)
+        m_live->UseProxy(proxy);
+}
+
+void Portal::Save() const {
+    if (m_live)
+        m_live->Save();
+}
+
+} // namespace tallowmere

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+namespace tallowmere {
+
+class LiveQuotes;
+class WebAccess;
+struct ProxySetting;
+struct SessionSetup;
+struct Subsystems;
+
+/// Where the pages that the program makes itself come from: in live mode from the quotes of today's
+/// sources, in sample mode from the invented market.
+class Portal {
+public:
+    /// `web` shows the pages, to the ticker strip with the tickers of the list in them. All three
+    /// outlive the portal's last page.
+    Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& parts);
+    ~Portal();
+
+    /// Asks the sources through this proxy from now on.
+    void UseProxy(const ProxySetting& proxy);
+
+    /// Leaves the quotes at hand to a later run.
+    void Save() const;
+
+private:
+    void ServeLive(const SessionSetup& setup, WebAccess& web, const Subsystems& parts);
+
+    std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
+};
+
+} // namespace tallowmere
