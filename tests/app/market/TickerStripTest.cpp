@@ -140,8 +140,9 @@ private Q_SLOTS:
                 const QString place =
                     value(u"document.querySelector('.run').style.transform + ' '"_s).toString();
                 const QRegularExpressionMatch match =
-                    QRegularExpression(u"^translateX\\(-(\\d+)px\\) $"_s).match(place);
-                // Not moved yet, which is no offset, or moved by something else.
+                    QRegularExpression(u"^translateX\\(-?(\\d+)px\\) $"_s).match(place);
+                // Not moved yet, which is no offset, or moved by something else; newer engines
+                // write no sign before a zero.
                 if (!match.hasMatch() && place != u" "_s)
                     return QSet<int>();
                 if (match.hasMatch())
