@@ -1,6 +1,8 @@
 #include "app/forms/ListBox.h"
 
 #include "app/base/QtText.h"
+#include "app/forms/Chip.h"
+#include "core/tools/color_values.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -14,6 +16,16 @@ namespace {
 
 constexpr int kSignMargin = 4;
 
+// Not every style takes care that the text of a selected row can be read.
+void MakeSelectedLegible(QPalette& palette) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const std::uint32_t text = StoredColor(palette.color(group, QPalette::HighlightedText));
+        const std::uint32_t row = StoredColor(palette.color(group, QPalette::Highlight));
+        palette.setColor(group, QPalette::HighlightedText,
+                         ScreenColor(LegibleText(text, row), palette));
+    }
+}
+
 class Delegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -25,10 +37,12 @@ public:
         const QString sign = items ? items->MarkOf(index).sign : QString();
         if (sign.isEmpty())
             return;
+        QStyleOptionViewItem shown = option;
+        initStyleOption(&shown, index);
         const bool isSelected = option.state & QStyle::State_Selected;
         painter->save();
         painter->setPen(
-            option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+            shown.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
         painter->drawText(option.rect.adjusted(0, 0, -kSignMargin, 0),
                           Qt::AlignRight | Qt::AlignVCenter, sign);
         painter->restore();
@@ -38,6 +52,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         option->text = LineStart(option->text);
+        MakeSelectedLegible(option->palette);
     }
 };
 
