@@ -6,7 +6,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 id=org.tallowmere.tallowmere
-Install "${buildPackages[@]}" dpkg-dev file lintian desktop-file-utils appstream man-db
+Install "${buildPackages[@]}" git dpkg-dev file lintian desktop-file-utils appstream man-db
 Build run tallowmere
 
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
