@@ -18,6 +18,13 @@ endforeach()
 install(FILES packaging/icons/scalable.svg RENAME ${id}.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
+# AppStream 1.0 renamed the tag of who makes a program, and each side of it frowns on the other's
+# tag. Systems with Qt 6.4 are from before.
+if(Qt6_VERSION VERSION_LESS 6.5)
+    set(developer "<developer_name>The Tallowmere developers</developer_name>")
+else()
+    set(developer "<developer id=\"${id}\"><name>The Tallowmere developers</name></developer>")
+endif()
 configure_file(packaging/${id}.metainfo.xml.in packaging/${id}.metainfo.xml @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/${id}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
