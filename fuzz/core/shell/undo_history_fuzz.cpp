@@ -14,10 +14,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     UndoHistory history = ReadUndoHistory(input).value_or(UndoHistory());
     Check(ReadUndoHistory(history.Text()) == history);
     for (; history.Next(UndoDirection::Back); history.Pass(UndoDirection::Back))
-        for (const UndoChange& change : history.Next(UndoDirection::Back)->changes)
-            if (Fits(change, UndoDirection::Back, input)) {
-                const auto changed = Changed(change, UndoDirection::Back, input);
-                Check(!changed || changed->size() + change.after.size() >= change.before.size());
-            }
+        for (UndoChange change : history.Next(UndoDirection::Back)->changes) {
+            // As if it had been made on this very text, which no input could say of itself.
+            change.afterPrint = PrintOf(input);
+            if (!Fits(change, UndoDirection::Back, input))
+                continue;
+            const auto changed = Changed(change, UndoDirection::Back, input);
+            Check(!changed ||
+                  changed->size() + change.after.size() == input.size() + change.before.size());
+        }
     return 0;
 }
