@@ -77,8 +77,7 @@ def desktop(size=(1920, 1200)):
             return process
 
         number, theirs = os.pipe()
-        # Without -noreset the server starts afresh, and drops whom it has, when its last client of
-        # the moment leaves.
+        # Without -noreset the server starts afresh when its last client of the moment leaves.
         run("Xvfb", "-displayfd", str(theirs), "-nolisten", "tcp", "-noreset",
             "-screen", "0", "%dx%dx24" % size, pass_fds=[theirs])
         os.close(theirs)
@@ -94,7 +93,7 @@ def desktop(size=(1920, 1200)):
             LANG="C.UTF-8", TZ=_noon(), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
             # The engine tells of its pages only when it is asked to.
             QTWEBENGINE_CHROMIUM_FLAGS="--force-renderer-accessibility",
-            # The bus's services would start daemons of the desktop that nobody here needs.
+            # No daemons of the desktop, which nobody here needs.
             GIO_USE_VFS="local", NO_AT_BRIDGE="1")
         if os.geteuid() == 0:
             # The web engine refuses its sandbox to root and would end the program.
@@ -238,15 +237,21 @@ def xdotool(*arguments):
     return result.stdout.strip()
 
 
+def ask_xdotool(*question):
+    """What xdotool says; nothing while it cannot say that, because a window goes away."""
+    found = subprocess.run(["xdotool", *map(str, question)], capture_output=True, text=True)
+    return found.stdout.strip() if found.returncode == 0 else ""
+
+
 def active_window():
     """The id of the window that has the keys; empty while none has."""
-    found = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)
-    return found.stdout.strip() if found.returncode == 0 else ""
+    return ask_xdotool("getactivewindow")
 
 
 def move_pointer(left, top):
     """Moves the pointer and waits until it is there; xdotool would wait long for one that is."""
-    if f"x:{left} y:{top} " not in xdotool("getmouselocation"):
+    place = wait_for(lambda: ask_xdotool("getmouselocation"), "the place of the pointer")
+    if f"x:{left} y:{top} " not in place:
         xdotool("mousemove", "--sync", left, top)
 
 
@@ -347,19 +352,14 @@ class Program:
 
     def window_id(self):
         """The main window as the window manager knows it: the biggest of the process."""
-        def biggest():
-            found = subprocess.run(
-                ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
-                capture_output=True, text=True).stdout.split()
-            return max(found, key=lambda w: self._area(w)) if found else None
-        return wait_for(biggest, "a window of the program")
+        return wait_for(lambda: max(self.windows() or (), key=self._area, default=None),
+                        "a window of the program")
 
     def windows(self):
         """All its windows by their ids, open menus among them: the accessibility tree leaves those
         out. None while one of them is just going."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid",
-                                str(self.process.pid)], capture_output=True, text=True)
-        return set(found.stdout.split()) if found.returncode == 0 else None
+        found = ask_xdotool("search", "--onlyvisible", "--pid", self.process.pid)
+        return set(found.split()) or None
 
     @staticmethod
     def _area(window):
