@@ -349,10 +349,11 @@ void BrowserPane::LoadAgainUnlessBegun() {
 }
 
 void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
-    // That was the try by https, which is given up.
+    if (!m_isAskingPlainly)
+        m_profile.Access().Https().NoteFailure(m_page->Wanted().host(), error);
+    // That was the try by https, which is given up, or has just been.
     if (m_isAskingPlainly)
         return;
-    m_profile.Access().Https().NoteFailure(m_page->Wanted().host(), error);
     const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url,
@@ -381,8 +382,7 @@ void BrowserPane::TellOfEmptyAnswer(int status) {
     });
 }
 
-// A script that asks without end never comes back from its loop: nothing but the end of its process
-// stops it.
+// Nothing but the end of its process stops a script that asks in a loop without end.
 void BrowserPane::OnStorm() {
     m_notice->TellOfStorm(LocationURL());
     GiveUpPage();

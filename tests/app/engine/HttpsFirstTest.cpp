@@ -9,6 +9,7 @@
 #include "support/WebTest.h"
 
 #include <QNetworkProxy>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 using namespace tallowmere;
@@ -104,9 +105,13 @@ private Q_SLOTS:
         m_web.Serve(u"http://"_s + site + u"/a"_s, "<title>a</title>");
         m_web.Serve(u"http://"_s + site + u"/b"_s, "<title>b</title>");
         Bench bench;
+        const QSignalSpy ends(&bench.pane, &BrowserPane::DocumentComplete);
         bench.pane.Navigate(site + u"/a"_s);
         QTRY_COMPARE(bench.Title(), u"a"_s);
         QTRY_VERIFY(!bench.pane.Busy());
+        // The try is no load of its own that the user is told of.
+        QCOMPARE(ends.size(), 1);
+        QVERIFY(ends.first().first().toBool());
         QCOMPARE(bench.pane.LocationURL(), site + u"/a"_s);
         QVERIFY(m_web.Tunnels().contains(site + u":443"_s));
         const qsizetype tunnels = m_web.Tunnels().size();
