@@ -86,14 +86,15 @@ void UndoRecorder::Begin(const UndoFiles& moreFiles) {
     m_removed.clear();
     m_settingsBefore.clear();
     m_filesBefore.clear();
+    m_unread.clear();
     UndoFiles files = m_files;
     files.insert(files.end(), moreFiles.begin(), moreFiles.end());
     for (const std::string& file : files) {
         try {
             m_filesBefore.emplace_back(file, Look(file));
         } catch (const RuntimeError& error) {
-            // The command itself may well be done.
-            m_problem = std::string(kNotUndone) + error.what();
+            // The command may do something to it none the less.
+            m_unread.push_back({file, StampOf(PathInFolder(m_folder, file)), error.what()});
         }
     }
 }
@@ -114,6 +115,9 @@ void UndoRecorder::End(const std::string& caption) {
             m_problem = std::string(kNotUndone) + error.what();
         }
     }
+    for (const auto& [file, stamp, reason] : m_unread)
+        if (StampOf(PathInFolder(m_folder, file)) != stamp)
+            m_problem = std::string(kNotUndone) + reason;
     if (!step.changes.empty()) {
         m_history.Record(step);
         Save();

@@ -92,10 +92,18 @@ private:
     };
     std::map<std::string, SeenFile> m_seen;
 
+    /// A file that could not be read before a command, and why.
+    struct UnreadFile {
+        std::string name;
+        std::optional<FileStamp> stamp;
+        std::string reason;
+    };
+
     // Of the command that runs.
     bool m_isRunning = false;
     std::string m_removed;
     std::vector<std::pair<std::string, std::optional<std::string>>> m_filesBefore;
+    std::vector<UnreadFile> m_unread;
     std::vector<SettingChange> m_settingsBefore;
 };
 

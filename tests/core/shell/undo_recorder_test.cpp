@@ -204,15 +204,22 @@ TEST(UndoRecorder, AHistoryThatCannotBeKeptIsTold) {
     EXPECT_EQ(stores.Stored("PortName1"), "Tech");
 }
 
-TEST(UndoRecorder, ACommandOnAFileThatCannotBeReadIsNoStepAndThatIsTold) {
+TEST(UndoRecorder, ACommandOnAFileThatIsTooLargeIsNoStepAndThatIsTold) {
     Stores stores;
-    std::filesystem::create_directory(stores.folder.Path() / "TickNotes.txt");
+    const auto notes = stores.folder.Path() / "TickNotes.txt";
+    WriteWholeFile(notes, "");
+    std::filesystem::resize_file(notes, 64 * kMegabyte + 1);
     int told = 0;
     stores.recorder->SetListener([&](const UndoStep* step) { told += step == nullptr ? 1 : 0; });
-    stores.recorder->Run("Note", [] {});
+    stores.recorder->Run("Note", [&] { AppendToFile(notes, "x"); });
     EXPECT_EQ(told, 1);
     EXPECT_TRUE(stores.recorder->Problem().starts_with("This cannot be undone: "));
     EXPECT_EQ(stores.recorder->Next(kBack), nullptr);
+    // What leaves that file alone has nothing to do with it.
+    stores.Store("PortName1", "A");
+    EXPECT_EQ(stores.recorder->Problem(), "");
+    EXPECT_EQ(stores.recorder->Go(kBack).refusal, "");
+    EXPECT_EQ(told, 2);
 }
 
 TEST(UndoRecorder, AHistoryThatNamesAFileElsewhereLeavesThatFileAlone) {
