@@ -163,7 +163,7 @@ void BrowserPane::Stop() {
     EndQuestions();
     if (!m_page || !m_isBusy)
         return;
-    m_page->Walk().Forget();
+    m_page->Walk().Interrupt();
     m_page->triggerAction(QWebEnginePage::Stop);
     // A load that the engine has not begun yet ends without a word from it.
     m_isStartAwaited = false;

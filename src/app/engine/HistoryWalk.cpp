@@ -4,6 +4,8 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
 
+#include <utility>
+
 namespace tallowmere {
 
 namespace {
@@ -31,13 +33,23 @@ void HistoryWalk::GoForward() {
 
 void HistoryWalk::Forget() {
     m_target.reset();
+    m_interrupted.reset();
     m_triesLeft = 0;
+}
+
+void HistoryWalk::Interrupt() {
+    m_interrupted = std::exchange(m_target, std::nullopt);
+    m_triesLeft = 0;
+    QMetaObject::invokeMethod(
+        this, [this] { m_interrupted.reset(); }, Qt::QueuedConnection);
 }
 
 // The engine's own step passes over what a page put into the history to hold the user. While a page
 // is on its way the engine counts from that page or from the one before, as it happens.
 void HistoryWalk::Step(int by) {
     QWebEngineHistory& history = *m_page.history();
+    if (m_interrupted)
+        m_target = std::exchange(m_interrupted, std::nullopt);
     const bool isOwed = m_target.has_value();
     const int target = m_target.value_or(history.currentItemIndex()) + by;
     if (target < 0 || target >= history.count())

@@ -31,6 +31,29 @@ private Q_SLOTS:
         }
     }
 
+    // So does a click on a link: it stops what is being loaded first.
+    void AStepThatStopsTheOneBeforeCountsFromWhereThatWasToLead() {
+        PaneBench bench;
+        for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
+            bench.server.Serve(path, "<title>page</title>");
+            QVERIFY(bench.Show(bench.server.Address(path)));
+        }
+        for (int gap = 0; gap < 40; gap += 4) {
+            for (const bool isBack : {true, false}) {
+                const auto step = [&] {
+                    bench.pane.Stop();
+                    isBack ? bench.pane.GoBack() : bench.pane.GoForward();
+                };
+                step();
+                QTest::qWait(gap);
+                step();
+                const QString last = isBack ? u"/one"_s : u"/three"_s;
+                QTRY_VERIFY2(bench.Run(u"location.pathname"_s) == last,
+                             qPrintable(u"%1 ms apart"_s.arg(gap)));
+            }
+        }
+    }
+
     void TheNextPageIsNotLeftForAStepThatWasOwed() {
         PaneBench bench;
         for (const QString& path : {u"/one"_s, u"/two"_s, u"/three"_s}) {
