@@ -3,8 +3,6 @@
 #include "support/PaneBench.h"
 #include "support/WebTest.h"
 
-#include <QSignalSpy>
-
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
 
@@ -61,12 +59,8 @@ private Q_SLOTS:
         walk.Interrupt();
         bench.Page()->triggerAction(QWebEnginePage::Stop);
         QTest::qWait(50);
-        // Forward of the last page there is nothing.
-        const QSignalSpy begun(bench.Page(), &QWebEnginePage::loadStarted);
-        walk.GoForward();
-        QTest::qWait(100);
-        QCOMPARE(begun.size(), 0);
-        QCOMPARE(bench.Run(u"location.pathname"_s).toString(), u"/three"_s);
+        walk.GoBack();
+        QTRY_COMPARE(bench.Run(u"location.pathname"_s).toString(), u"/two"_s);
     }
 
     void TheNextPageIsNotLeftForAStepThatWasOwed() {
