@@ -19,6 +19,7 @@ namespace {
 constexpr int kPaddingX = 5;
 constexpr int kPaddingY = 2;
 constexpr int kRadius = 4;
+constexpr int kMarkSize = 4;
 
 QString DragType() {
     return u"application/x-tallowmere-link"_s;
@@ -89,6 +90,11 @@ void Chip::SetSizeOf(const QString& caption) {
     updateGeometry();
 }
 
+void Chip::SetHasMenu(bool has) {
+    m_hasMenu = has;
+    update();
+}
+
 void Chip::ForgetPointer() {
     m_isHovered = false;
     m_forgottenAt = QCursor::pos();
@@ -132,8 +138,19 @@ void Chip::paintEvent(QPaintEvent*) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(body.adjusted(2, 2, -2, -2), kRadius - 1, kRadius - 1);
     }
+    if (m_hasMenu)
+        DrawMenuMark(painter);
     painter.setPen(fore);
     DrawCaption(painter);
+}
+
+// A small triangle that fills the corner, where no caption reaches.
+void Chip::DrawMenuMark(QPainter& painter) const {
+    const QPointF corner = QRectF(rect()).bottomRight() - QPointF(2.5, 2.5);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ScreenText(m_colors, palette()));
+    painter.drawPolygon(
+        QPolygonF{{corner, corner - QPointF(0, kMarkSize), corner - QPointF(kMarkSize, 0)}});
 }
 
 void Chip::DrawCaption(QPainter& painter) const {

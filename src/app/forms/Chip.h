@@ -47,6 +47,10 @@ public:
     /// Whether a second press that follows quickly is a double click; if not, it is one more press.
     void SetHasDoubleClick(bool has) { m_hasDoubleClick = has; }
 
+    /// A chip with a menu bears a small mark.
+    void SetHasMenu(bool has);
+    bool HasMenu() const { return m_hasMenu; }
+
     /// The chip looks as without the pointer until that moves over it again: after a menu or a
     /// drag nobody tells it where the pointer went.
     void ForgetPointer();
@@ -88,6 +92,7 @@ protected:
 private:
     void AttendPointer();
     void DrawCaption(QPainter& painter) const;
+    void DrawMenuMark(QPainter& painter) const;
 
     QString m_caption;
     QString m_shown;  ///< of the caption, without blanks around it
@@ -96,6 +101,7 @@ private:
     int m_index;
     bool m_quiet = false;
     bool m_hasDoubleClick = false;
+    bool m_hasMenu = false;
     bool m_isHovered = false;
     std::optional<QPoint> m_forgottenAt; ///< where the pointer was when it was forgotten
     QPoint m_pressedAt;

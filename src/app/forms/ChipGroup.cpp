@@ -13,6 +13,7 @@ namespace tallowmere {
 namespace {
 
 constexpr int kGap = 3;
+constexpr double kHeadingFontScale = 0.8;
 
 } // namespace
 
@@ -27,15 +28,27 @@ ChipGroup::ChipGroup(const QString& heading, QWidget* parent) : QWidget(parent) 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kGap, 2, kGap, 2);
     column->setSpacing(2);
-    auto* label = new QLabel(heading, this);
-    QFont small = label->font();
-    small.setPointSizeF(small.pointSizeF() * 0.8);
-    small.setBold(true);
-    label->setFont(small);
-    column->addWidget(label);
+    m_heading = new QLabel(heading, this);
+    ApplyFont();
+    column->addWidget(m_heading);
     m_flow = m_wrapping = new FlowLayout(nullptr, kGap);
     column->addLayout(m_flow);
     setAccessibleName(heading);
+}
+
+void ChipGroup::ApplyFont() {
+    if (!m_heading)
+        return;
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kHeadingFontScale);
+    small.setBold(true);
+    m_heading->setFont(small);
+}
+
+void ChipGroup::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        ApplyFont();
 }
 
 void ChipGroup::Add(Chip* chip) {

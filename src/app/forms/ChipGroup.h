@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QLabel;
+
 namespace tallowmere {
 
 class Chip;
@@ -22,13 +24,16 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void ApplyFont();
     Chip* Neighbour(const Chip* from, int key) const;
     void MakeEntry(Chip* chip);
     void ScrollTo(Chip* chip);
 
     QList<Chip*> m_chips;
+    QLabel* m_heading = nullptr; ///< null for a single row
     QLayout* m_flow;
     FlowLayout* m_wrapping = nullptr; ///< the same; null for a single row
 };

@@ -4,15 +4,16 @@
 
 namespace tallowmere {
 
-/// The edge between a side panel and the panes: dragging resizes the panel, a double-click folds
-/// it away or brings it back.
+/// An edge between two parts of the window that is dragged, or moved with the arrow keys while it
+/// has the focus. What a double-click or Enter does is the window's business.
 class Grip : public QWidget {
     Q_OBJECT
 public:
-    Grip(const QString& accessibleName, QWidget* parent);
+    /// `direction` is the one in which the edge moves.
+    Grip(const QString& accessibleName, Qt::Orientation direction, QWidget* parent);
 
 Q_SIGNALS:
-    /// The edge was dragged by so many pixels to the right.
+    /// The edge was dragged by so many pixels to the right, or down.
     void Dragged(int pixels);
     void Released();
     void DoubleClicked();
@@ -23,9 +24,13 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    int m_lastX = 0;
+    int Along(const QPoint& point) const;
+
+    Qt::Orientation m_direction;
+    int m_last = 0;
 };
 
 } // namespace tallowmere

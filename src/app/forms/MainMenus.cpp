@@ -1,5 +1,10 @@
 #include "app/forms/MainMenus.h"
 
+#include "app/base/QtText.h"
+#include "app/forms/NameMenu.h"
+#include "core/tools/text_size.h"
+
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -54,7 +59,7 @@ QAction* MainMenus::Command(const QString& name, const QString& caption, const Q
 
 PortfolioMenu MainMenus::Targets(const QString& array, const QString& heading) {
     PortfolioMenu targets;
-    targets.menu = new QMenu(heading, &m_window);
+    targets.menu = new NameMenu(heading, &m_window);
     for (int n = 1; n <= 10; ++n) {
         auto* item = new QAction(&m_window);
         item->setObjectName(array + QString::number(n));
@@ -129,7 +134,7 @@ void MainMenus::BuildTickerMenu() {
 }
 
 void MainMenus::BuildOptionsMenu() {
-    mnuPortOptions = new QMenu(&m_window);
+    mnuPortOptions = new NameMenu({}, &m_window);
     mnuPortOptions->setObjectName(u"mnuPortOptions"_s);
     portfolioHeading = Command(u"portfolioHeading"_s, {});
     portfolioHeading->setEnabled(false);
@@ -155,7 +160,8 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
     portfolioMenu = bar.addMenu(u"&Portfolio"_s);
     portfolioMenu->addActions({undo, redo});
     portfolioMenu->addSeparator();
-    QMenu* select = portfolioMenu->addMenu(u"&Select"_s);
+    auto* select = new NameMenu(u"&Select"_s, &m_window);
+    portfolioMenu->addMenu(select);
     for (int n = 1; n <= 10; ++n)
         select->addAction(selectPortfolio[static_cast<std::size_t>(n)]);
     portfolioMenu->addActions({mnuPortOpt[1], mnuPortOpt[3], clearList});
@@ -184,6 +190,16 @@ void MainMenus::BuildMenuBar(QMenuBar& bar) {
 
     QMenu* view = bar.addMenu(u"&View"_s);
     view->addActions({foldLeft, foldRight});
+    view->addSeparator();
+    QMenu* sizes = view->addMenu(u"&Text Size"_s);
+    auto* choice = new QActionGroup(sizes);
+    for (std::size_t at = 0; at < kTextSizes.size(); ++at) {
+        textSizes[at] =
+            Command(u"textSize"_s + ToQt(kTextSizes[at].name), u"&"_s + ToQt(kTextSizes[at].name));
+        textSizes[at]->setCheckable(true);
+        choice->addAction(textSizes[at]);
+        sizes->addAction(textSizes[at]);
+    }
 
     QMenu* tools = bar.addMenu(u"T&ools"_s);
     addLinks(tools, kTools);

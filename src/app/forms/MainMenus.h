@@ -59,6 +59,7 @@ public:
     QAction* openOutside;
     QAction* foldLeft;
     QAction* foldRight;
+    std::array<QAction*, 3> textSizes{}; ///< as in kTextSizes
     QAction* zoomIn;
     QAction* zoomOut;
     QAction* zoomReset;

@@ -10,6 +10,7 @@
 
 #include <QCloseEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -20,7 +21,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kGap = 3;
+constexpr double kLinkFontScale = 0.88;
 constexpr int kListRows = 6;
+constexpr int kLeastRows = 3;
 constexpr int kRowsBesideBar = 2;
 constexpr int kLongestEntry = 1'000'000; // a list of any size may be pasted
 
@@ -84,11 +87,13 @@ void frmMain::BuildPortfolioControls() {
         auto* number = new Chip(u"lblListNum"_s, n, QString::number(n), m_body);
         number->setAccessibleDescription(u"Portfolio number"_s);
         number->SetHasDoubleClick(true);
+        number->SetHasMenu(true);
         lblListNum[static_cast<std::size_t>(n)] = number;
     }
     lblListNum[1]->setFocusPolicy(Qt::StrongFocus);
     lblPort = new Chip(u"lblPort"_s, -1, {}, m_body);
     lblPort->SetHasDoubleClick(true);
+    lblPort->SetHasMenu(true);
     txtStock = new QLineEdit(m_body);
     txtStock->setObjectName(u"txtStock"_s);
     txtStock->setAccessibleName(u"Ticker entry"_s);
@@ -124,10 +129,8 @@ void frmMain::BuildLinks() {
     fraLeft = MakePanel(new QScrollArea(m_body), u"fraLeft"_s, u"Left panel"_s);
     fraRight = MakePanel(new QScrollArea(m_body), u"fraRight"_s, u"Right panel"_s);
 
-    QFont font = this->font();
-    font.setPointSizeF(font.pointSizeF() * 0.88);
+    ApplyFont();
     for (QScrollArea* panel : {fraTop, fraLeft, fraRight}) {
-        panel->setFont(font);
         QBoxLayout* layout = panel == fraTop ? static_cast<QBoxLayout*>(new QHBoxLayout)
                                              : static_cast<QBoxLayout*>(new QVBoxLayout);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -144,7 +147,6 @@ void frmMain::BuildLinks() {
         for (const int index : group.indexes) {
             const LinkRow& row = Catalogue()[static_cast<std::size_t>(index)];
             auto* link = new Chip(u"lbllink"_s, index, tallowmere::ToQt(row.caption), chips);
-            link->setFont(font);
             link->setAccessibleDescription(tallowmere::ToQt(row.tooltip));
             link->SetColors(kDesignedTool);
             link->setProperty("tag", tallowmere::ToQt(AreaCode(row.area)));
@@ -153,6 +155,8 @@ void frmMain::BuildLinks() {
                 chips->SetEqualColumns();
                 link->SetSizeOf(tallowmere::ToQt(kEmptyCustomCaption));
             }
+            link->SetHasMenu(row.action == LinkAction::Menu ||
+                             row.action == LinkAction::QueryPortfolio);
             chips->Add(link);
             lbllink[static_cast<std::size_t>(index)] = link;
         }
@@ -162,40 +166,55 @@ void frmMain::BuildLinks() {
         static_cast<QBoxLayout*>(panel->widget()->layout())->addStretch(1);
 }
 
+// The links are many: their captions are somewhat smaller than the other texts of the window.
+void frmMain::ApplyFont() {
+    QFont font = this->font();
+    font.setPointSizeF(font.pointSizeF() * kLinkFontScale);
+    for (QScrollArea* panel : {fraTop, fraLeft, fraRight})
+        panel->setFont(font);
+}
+
 void frmMain::ConnectGrips() {
-    m_leftGrip = new Grip(u"Edge of the left panel"_s, m_body);
-    m_rightGrip = new Grip(u"Edge of the right panel"_s, m_body);
+    m_leftGrip = new Grip(u"Edge of the left panel"_s, Qt::Horizontal, m_body);
+    m_rightGrip = new Grip(u"Edge of the right panel"_s, Qt::Horizontal, m_body);
+    m_listGrip = new Grip(u"Edge of the ticker list"_s, Qt::Vertical, m_body);
     connect(m_leftGrip, &Grip::Dragged, this, [this](int pixels) {
-        m_leftWidth = std::max(1, fraLeft->width() + pixels);
+        m_panels.leftWidth = std::max(1, fraLeft->width() + pixels);
         LayOut();
     });
     connect(m_rightGrip, &Grip::Dragged, this, [this](int pixels) {
-        m_rightWidth = std::max(1, fraRight->width() - pixels);
+        m_panels.rightWidth = std::max(1, fraRight->width() - pixels);
         LayOut();
     });
-    for (Grip* grip : {m_leftGrip, m_rightGrip})
+    connect(m_listGrip, &Grip::Dragged, this, [this](int pixels) {
+        m_panels.portfolioHeight =
+            std::max(1, m_listGrip->y() - lblListNum[1]->y() + kGap + pixels);
+        LayOut();
+    });
+    for (Grip* grip : {m_leftGrip, m_rightGrip, m_listGrip})
         connect(grip, &Grip::Released, this, &frmMain::PanelsChanged);
-    const auto foldLeft = [this] {
-        SetPanels(m_leftWidth, m_rightWidth, !m_leftFolded, m_rightFolded);
-        Q_EMIT PanelsChanged();
+    const auto change = [this](auto what) {
+        return [this, what] {
+            PanelSizes panels = m_panels;
+            what(panels);
+            SetPanels(panels);
+            Q_EMIT PanelsChanged();
+        };
     };
-    const auto foldRight = [this] {
-        SetPanels(m_leftWidth, m_rightWidth, m_leftFolded, !m_rightFolded);
-        Q_EMIT PanelsChanged();
-    };
+    const auto foldLeft = change([](PanelSizes& panels) { panels.leftFolded ^= true; });
+    const auto foldRight = change([](PanelSizes& panels) { panels.rightFolded ^= true; });
     connect(m_leftGrip, &Grip::DoubleClicked, this, foldLeft);
     connect(m_rightGrip, &Grip::DoubleClicked, this, foldRight);
+    connect(m_listGrip, &Grip::DoubleClicked, this,
+            change([](PanelSizes& panels) { panels.portfolioHeight = 0; }));
     connect(menus->foldLeft, &QAction::triggered, this, foldLeft);
     connect(menus->foldRight, &QAction::triggered, this, foldRight);
 }
 
-void frmMain::SetPanels(int leftWidth, int rightWidth, bool leftFolded, bool rightFolded) {
-    m_leftWidth = leftWidth;
-    m_rightWidth = rightWidth;
-    m_leftFolded = leftFolded;
-    m_rightFolded = rightFolded;
-    menus->foldLeft->setChecked(!leftFolded);
-    menus->foldRight->setChecked(!rightFolded);
+void frmMain::SetPanels(const PanelSizes& panels) {
+    m_panels = panels;
+    menus->foldLeft->setChecked(!panels.leftFolded);
+    menus->foldRight->setChecked(!panels.rightFolded);
     LayOut();
 }
 
@@ -206,11 +225,16 @@ void frmMain::LayOut() {
     request.width = m_body->width();
     request.height = m_body->height();
     request.tickerShown = !fraTick->isHidden();
-    request.leftShown = !m_leftFolded && !fraLeft->isHidden();
-    request.rightShown = !m_rightFolded && !fraRight->isHidden();
-    request.leftWidth = m_leftWidth;
-    request.rightWidth = m_rightWidth;
-    request.portfolioHeight = PortfolioHeight();
+    request.leftShown = !m_panels.leftFolded && !fraLeft->isHidden();
+    request.rightShown = !m_panels.rightFolded && !fraRight->isHidden();
+    request.leftWidth = m_panels.leftWidth;
+    request.rightWidth = m_panels.rightWidth;
+    request.portfolioLeast = PortfolioHeight(kLeastRows);
+    request.portfolioHeight = PortfolioHeight(kListRows);
+    request.portfolioDragged = m_panels.portfolioHeight;
+    // Beside a scroll bar: a panel that has one keeps it until all links fit even so.
+    request.linksHeight = fraLeft->widget()->heightForWidth(
+        std::max(0, LeftPanelWidth(request) - fraLeft->verticalScrollBar()->sizeHint().width()));
     request.statusHeight = fontMetrics().height() + 4;
     request.stripHeight = SpooBar->heightForWidth(m_body->width());
     const WindowLayout layout = LayOutWindow(request);
@@ -223,6 +247,7 @@ void frmMain::LayOut() {
     fraRight->setGeometry(ToQt(layout.right));
     m_leftGrip->setGeometry(ToQt(layout.leftGrip));
     m_rightGrip->setGeometry(ToQt(layout.rightGrip));
+    m_listGrip->setGeometry(ToQt(layout.listGrip));
     Web->setGeometry(ToQt(layout.web));
     WebB->setGeometry(ToQt(layout.web));
     WebStatus->setGeometry(ToQt(layout.status));
@@ -231,10 +256,10 @@ void frmMain::LayOut() {
     SpooBar->setGeometry(ToQt(layout.strip));
 }
 
-int frmMain::PortfolioHeight() const {
+int frmMain::PortfolioHeight(int rows) const {
     const int row = lblListNum[1]->sizeHint().height() + kGap;
-    return 3 * row + txtStock->sizeHint().height() + kGap +
-           kListRows * fontMetrics().lineSpacing() + 2 * kGap;
+    return (lblPort->isHidden() ? 2 : 3) * row + txtStock->sizeHint().height() + kGap +
+           rows * List1->fontMetrics().lineSpacing() + 2 * List1->frameWidth() + 2 * kGap;
 }
 
 // The numbers in two rows of five, the caption, the entry box beside " X", the list below.
@@ -328,6 +353,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        ApplyFont();
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         LayOut();
 }

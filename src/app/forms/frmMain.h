@@ -24,6 +24,16 @@ class Grip;
 class Prompts;
 class UndoBar;
 
+/// The side panels of the main window as the user left them; sizes are in pixels, 0 for those that
+/// suit the window.
+struct PanelSizes {
+    int leftWidth = 0;
+    int rightWidth = 0;
+    int portfolioHeight = 0; ///< of the portfolio controls with their list
+    bool leftFolded = false;
+    bool rightFolded = false;
+};
+
 /// The main window: its controls under their names, and where they stand. What they do is the
 /// controllers' business.
 class frmMain : public QMainWindow {
@@ -80,12 +90,8 @@ public:
     /// The background of the window and the link frames.
     void SetBackground(const QColor& color);
 
-    /// Widths of the side panels as the user left them, in pixels, 0 for the designed ones.
-    int LeftWidth() const { return m_leftWidth; }
-    int RightWidth() const { return m_rightWidth; }
-    bool LeftFolded() const { return m_leftFolded; }
-    bool RightFolded() const { return m_rightFolded; }
-    void SetPanels(int leftWidth, int rightWidth, bool leftFolded, bool rightFolded);
+    const PanelSizes& Panels() const { return m_panels; }
+    void SetPanels(const PanelSizes& panels);
 
 Q_SIGNALS:
     /// The window is about to close; the program ends.
@@ -108,18 +114,17 @@ private:
     QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
     void LayOutPortfolio(const QRect& area);
     void LayOutUndoBar();
-    int PortfolioHeight() const;
+    int PortfolioHeight(int rows) const;
     void ConnectGrips();
+    void ApplyFont();
     void TellPointer(const QPoint& globalPosition);
 
     QWidget* m_body;
     Grip* m_leftGrip;
     Grip* m_rightGrip;
-    int m_leftWidth = 0;
-    int m_rightWidth = 0;
+    Grip* m_listGrip;
+    PanelSizes m_panels;
     bool m_toolTips = true;
-    bool m_leftFolded = false;
-    bool m_rightFolded = false;
 };
 
 } // namespace tallowmere

@@ -45,9 +45,11 @@ Session::Session(SessionSetup setup)
       m_profile(std::make_unique<EngineProfile>(PathToQt(m_setup.folders.engine),
                                                 PathToQt(m_setup.folders.programFolder), m_web,
                                                 m_setup.prompts)),
-      m_transfers(m_web), m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
+      m_transfers(m_web), m_textSizes(m_settings),
+      m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
     m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_undo, m_web,
                                                 *m_profile, m_transfers, *m_userSites);
+    m_textSizes.Serve(*m_form->menus);
     m_web.SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
     m_portal = std::make_unique<Portal>(m_setup, m_web, *m_subsystems);
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);

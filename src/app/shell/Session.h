@@ -3,6 +3,7 @@
 #include "app/base/Transfers.h"
 #include "app/base/WebAccess.h"
 #include "app/shell/SessionSetup.h"
+#include "app/tools/TextSizes.h"
 #include "core/shell/undo_recorder.h"
 
 #include <QObject>
@@ -52,6 +53,7 @@ private:
     std::unique_ptr<Portal> m_portal;
     std::unique_ptr<EngineProfile> m_profile;
     Transfers m_transfers;
+    TextSizes m_textSizes;
     std::unique_ptr<frmMain> m_form;
     std::unique_ptr<Subsystems> m_subsystems;
 };

@@ -17,15 +17,20 @@ void RestoreWindow(frmMain& form, const SettingsStore& settings) {
     const auto value = [&](std::string_view key) {
         return UsableSetting(settings, "frmMain", key);
     };
-    form.SetPanels(ToInteger(value("LeftWidth")), ToInteger(value("RightWidth")),
-                   ToBoolean(value("LeftFolded")), ToBoolean(value("RightFolded")));
+    form.SetPanels({.leftWidth = ToInteger(value("LeftWidth")),
+                    .rightWidth = ToInteger(value("RightWidth")),
+                    .portfolioHeight = ToInteger(value("PortfolioHeight")),
+                    .leftFolded = ToBoolean(value("LeftFolded")),
+                    .rightFolded = ToBoolean(value("RightFolded"))});
 }
 
 void SavePanels(const frmMain& form, SettingsStore& settings) {
-    settings.SaveSetting("frmMain", "LeftWidth", std::to_string(form.LeftWidth()));
-    settings.SaveSetting("frmMain", "RightWidth", std::to_string(form.RightWidth()));
-    settings.SaveSetting("frmMain", "LeftFolded", FromBoolean(form.LeftFolded()));
-    settings.SaveSetting("frmMain", "RightFolded", FromBoolean(form.RightFolded()));
+    const PanelSizes& panels = form.Panels();
+    settings.SaveSettings("frmMain", {{"LeftWidth", std::to_string(panels.leftWidth)},
+                                      {"RightWidth", std::to_string(panels.rightWidth)},
+                                      {"PortfolioHeight", std::to_string(panels.portfolioHeight)},
+                                      {"LeftFolded", FromBoolean(panels.leftFolded)},
+                                      {"RightFolded", FromBoolean(panels.rightFolded)}});
 }
 
 } // namespace tallowmere

@@ -47,6 +47,7 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"Settings", "First",         0,   0, SettingKind::Text,      "",               "OK once the program was started"},
     {"Settings", "FRT",           0,   0, SettingKind::Text,      "",               "Done once an account for real-time quotes was offered"},
     {"Settings", "OldEngine",     0,   0, SettingKind::Text,      "",               "security patches of the web engine whose age is not told any more"},
+    {"Settings", "TextSize",      0,   0, SettingKind::Text,      "Normal",         "size of captions, headings and rows: Small, Normal or Large"},
     {"Settings", "CookieSites",   0,   0, SettingKind::Text,      "",               "sites that may use cookies across sites, each followed by a bar"},
     {"Settings", "Custom",      101, 170, SettingKind::Text,      "",               "target of custom link n"},
     {"Settings", "CustomT",     101, 170, SettingKind::Text,      "< Custom >",     "caption of custom link n"},
@@ -59,6 +60,7 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"frmMain",  "Width",         0,   0, SettingKind::Single,    "10000",          "window width in twips"},
     {"frmMain",  "LeftWidth",     0,   0, SettingKind::Integer,   "0",              "width of the left panel in pixels, 0: as designed"},
     {"frmMain",  "RightWidth",    0,   0, SettingKind::Integer,   "0",              "width of the right panel in pixels, 0: as designed"},
+    {"frmMain",  "PortfolioHeight", 0, 0, SettingKind::Integer,   "0",              "height of the portfolio controls with their list in pixels, 0: as designed"},
     {"frmMain",  "LeftFolded",    0,   0, SettingKind::Boolean,   "False",          "the left panel is folded away"},
     {"frmMain",  "RightFolded",   0,   0, SettingKind::Boolean,   "False",          "the right panel is folded away"},
 };

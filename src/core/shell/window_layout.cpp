@@ -29,7 +29,20 @@ int PanelWidth(bool shown, int dragged, int windowWidth) {
     return std::clamp(wanted, kNarrowestPanel, widest);
 }
 
+// What the links do not need is the list's.
+int PortfolioHeight(const LayoutRequest& request, int bodyHeight) {
+    const int shared = bodyHeight - kGripWidth;
+    const int suitable =
+        std::max(std::min(request.portfolioHeight, shared / 2), shared - request.linksHeight);
+    const int wanted = request.portfolioDragged > 0 ? request.portfolioDragged : suitable;
+    return std::max(0, std::min(std::max(wanted, request.portfolioLeast), shared));
+}
+
 } // namespace
+
+int LeftPanelWidth(const LayoutRequest& request) {
+    return PanelWidth(request.leftShown, request.leftWidth, request.width);
+}
 
 WindowLayout LayOutWindow(const LayoutRequest& request) {
     WindowLayout layout;
@@ -40,11 +53,13 @@ WindowLayout LayOutWindow(const LayoutRequest& request) {
     layout.topBar = {0, 0, request.width, topBarHeight};
     layout.strip = {0, stripTop, request.width, request.stripHeight};
 
-    const int leftWidth = PanelWidth(request.leftShown, request.leftWidth, request.width);
+    const int leftWidth = LeftPanelWidth(request);
     const int rightWidth = PanelWidth(request.rightShown, request.rightWidth, request.width);
-    const int portfolioHeight = std::min(request.portfolioHeight, bodyHeight / 2);
+    const int portfolioHeight = PortfolioHeight(request, bodyHeight);
     layout.portfolio = {0, top, leftWidth, portfolioHeight};
-    layout.left = {0, top + portfolioHeight, leftWidth, bodyHeight - portfolioHeight};
+    layout.listGrip = {0, top + portfolioHeight, leftWidth, kGripWidth};
+    const int linksTop = layout.listGrip.y + kGripWidth;
+    layout.left = {0, linksTop, leftWidth, std::max(0, stripTop - linksTop)};
     layout.leftGrip = {leftWidth, top, kGripWidth, bodyHeight};
     layout.right = {request.width - rightWidth, top, rightWidth, bodyHeight};
     layout.rightGrip = {layout.right.x - kGripWidth, top, kGripWidth, bodyHeight};

@@ -30,9 +30,12 @@ struct LayoutRequest {
     bool rightShown = true;
     int leftWidth = 0; ///< as the user dragged it, 0 for the width that suits the window
     int rightWidth = 0;
-    int portfolioHeight = 0; ///< what the portfolio controls would like
-    int statusHeight = 0;    ///< of the status line
-    int stripHeight = 0;     ///< of the index strip
+    int portfolioLeast = 0;   ///< what the portfolio controls need for a few rows of the list
+    int portfolioHeight = 0;  ///< what they would like
+    int portfolioDragged = 0; ///< as the user dragged it, 0 for the height that suits the window
+    int linksHeight = 0;      ///< of the links below them when all are in view
+    int statusHeight = 0;     ///< of the status line
+    int stripHeight = 0;      ///< of the index strip
 };
 
 /// Where everything stands in the body of the main window.
@@ -41,6 +44,7 @@ struct WindowLayout {
     Rect tickerFrame;
     int tickerWidth = 0; ///< of the ticker pane inside its frame
     Rect portfolio;
+    Rect listGrip;
     Rect left;
     Rect leftGrip;
     Rect web;
@@ -51,8 +55,14 @@ struct WindowLayout {
     Rect strip;
 };
 
+/// How wide the left panel is in the body, 0 while it is not shown. The heights of a request have
+/// no part in it.
+int LeftPanelWidth(const LayoutRequest& request);
+
 /// Lays out the body: the panes between the two side panels, the status line and the progress bar
-/// directly below them, the index strip at the bottom.
+/// directly below them, the index strip at the bottom. The portfolio controls have what the links
+/// below them leave, or else what they would like but no more than half; never less than they need
+/// as long as the body has it.
 WindowLayout LayOutWindow(const LayoutRequest& request);
 
 } // namespace tallowmere

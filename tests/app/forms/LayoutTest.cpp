@@ -1,6 +1,9 @@
 #include "app/engine/BrowserPane.h"
+#include "app/forms/Grip.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
+
+#include <QScrollBar>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -129,6 +132,98 @@ private Q_SLOTS:
                                         controls[j]->objectName()));
             QCOMPARE(form.WebB->geometry(), form.Web->geometry());
         }
+    }
+
+    void TheListShowsThreeRowsInTheSmallestWindow_data() {
+        QTest::addColumn<bool>("ticker");
+        QTest::newRow("without the ticker strip") << false;
+        QTest::newRow("with the ticker strip") << true;
+    }
+
+    void TheListShowsThreeRowsInTheSmallestWindow() {
+        QFETCH(bool, ticker);
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        if (ticker)
+            form.ShowTicker(true);
+        Resize(form, 565, 300);
+        QVERIFY2(form.List1->viewport()->height() >= 3 * form.List1->sizeHintForRow(0),
+                 qPrintable(QString::number(form.List1->viewport()->height())));
+        QVERIFY(IsInView(form, form.List1));
+        QVERIFY(!form.List1->geometry().intersects(form.fraLeft->geometry()));
+        QVERIFY(!form.List1->geometry().intersects(form.SpooBar->geometry()));
+    }
+
+    void TheListTakesWhatTheLinksLeave() {
+        TestSession session;
+        session.Start();
+        frmMain& form = session.Form();
+        Resize(form, 1600, 1000);
+        const int low = form.List1->height();
+        Resize(form, 1600, 1190);
+        QCOMPARE(form.List1->height(), low + 190);
+        QVERIFY(!form.fraLeft->verticalScrollBar()->isVisible());
+    }
+
+    void TheEdgeOfTheListIsDraggedKeptAndReset() {
+        TestSession session;
+        session.Start();
+        frmMain* form = &session.Form();
+        Resize(*form, 1280, 900);
+        const auto grip = [&] {
+            for (Grip* each : form->findChildren<Grip*>())
+                if (each->accessibleName() == u"Edge of the ticker list"_s)
+                    return each;
+            return static_cast<Grip*>(nullptr);
+        };
+        const int designed = form->List1->height();
+        grip()->setFocus();
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(grip(), Qt::Key_Up);
+        QCOMPARE(form->List1->height(), designed - 48);
+        const QPoint middle = grip()->rect().center();
+        QTest::mousePress(grip(), Qt::LeftButton, {}, middle);
+        QTest::mouseMove(grip(), middle + QPoint(5, 100));
+        QTest::mouseRelease(grip(), Qt::LeftButton);
+        QCOMPARE(form->List1->height(), designed + 52);
+        QCOMPARE(form->fraLeft->y(), grip()->geometry().bottom() + 1);
+
+        session.Start();
+        form = &session.Form();
+        Resize(*form, 1280, 900);
+        QCOMPARE(form->List1->height(), designed + 52);
+        QTest::mouseDClick(grip(), Qt::LeftButton);
+        QCOMPARE(form->List1->height(), designed);
+    }
+
+    void ALabelWithAMenuBearsAMark() {
+        TestSession session;
+        session.Start();
+        for (const Chip* link : session.Form().lbllink) {
+            const LinkAction action = Catalogue()[static_cast<std::size_t>(link->Index())].action;
+            QCOMPARE(link->HasMenu(),
+                     action == LinkAction::Menu || action == LinkAction::QueryPortfolio);
+        }
+        for (std::size_t n = 1; n <= 10; ++n)
+            QVERIFY(session.Form().lblListNum[n]->HasMenu());
+        Chip chip(u"lbllink"_s, 3, u"Charts"_s, nullptr);
+        chip.SetColors({0x000000, 0xFFFFFF});
+        chip.adjustSize();
+        const QSize size = chip.size();
+        const QImage without = chip.grab().toImage();
+        chip.SetHasMenu(true);
+        QCOMPARE(chip.sizeHint(), size);
+        const QImage with = chip.grab().toImage();
+        // It stands in the corner alone: no point left of or above that differs.
+        bool differs = false;
+        for (int x = 0; x < with.width(); ++x)
+            for (int y = 0; y < with.height(); ++y)
+                if (with.pixel(x, y) != without.pixel(x, y)) {
+                    differs = true;
+                    QVERIFY(x >= with.width() - 8 && y >= with.height() - 8);
+                }
+        QVERIFY(differs);
     }
 
     void TheTabKeyReachesEveryGroupOnce() {

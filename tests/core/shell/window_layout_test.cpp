@@ -65,5 +65,58 @@ TEST(WindowLayout, ADraggedPanelKeepsRoomForThePanes) {
     EXPECT_GE(layout.web.width, 200);
 }
 
+/// The heights of the left panel in a body that leaves 600 pixels below the top bar: 594 for the
+/// list and the links, and a grip of 6 between them.
+struct LeftCase {
+    const char* name;
+    int least, usual, dragged, links; ///< what is asked for
+    int portfolio;                    ///< what the portfolio controls get
+};
+
+class LeftPanel : public testing::TestWithParam<LeftCase> {};
+
+TEST_P(LeftPanel, IsSharedByTheListAndTheLinks) {
+    LayoutRequest request = RequestOf(1280, 654);
+    request.portfolioLeast = GetParam().least;
+    request.portfolioHeight = GetParam().usual;
+    request.portfolioDragged = GetParam().dragged;
+    request.linksHeight = GetParam().links;
+    const WindowLayout layout = LayOutWindow(request);
+    EXPECT_EQ(layout.portfolio.height, GetParam().portfolio);
+    EXPECT_EQ(layout.listGrip, (Rect{0, 30 + GetParam().portfolio, layout.left.width, 6}));
+    EXPECT_EQ(layout.left.y, layout.listGrip.y + 6);
+    EXPECT_EQ(layout.left.y + layout.left.height, layout.strip.y);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Heights, LeftPanel,
+    testing::Values(LeftCase{"LinksLeaveMoreThanIsLiked", 150, 200, 0, 244, 350},
+                    LeftCase{"LinksLeaveLess", 150, 200, 0, 450, 200},
+                    LeftCase{"LinksLeaveNothing", 150, 200, 0, 2000, 200},
+                    LeftCase{"NoMoreThanHalfIsTakenFromTheLinks", 150, 400, 0, 2000, 297},
+                    LeftCase{"TheLeastIsTakenEvenSo", 320, 400, 0, 2000, 320},
+                    LeftCase{"Dragged", 150, 200, 500, 244, 500},
+                    LeftCase{"DraggedBelowTheLeast", 150, 200, 1, 244, 150},
+                    LeftCase{"DraggedBeyondTheEnd", 150, 200, 5000, 244, 594}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(WindowLayout, ABodyThatIsTooLowForTheListGivesItAllThereIs) {
+    LayoutRequest request = RequestOf(565, 134);
+    request.portfolioLeast = 150;
+    const WindowLayout layout = LayOutWindow(request);
+    EXPECT_EQ(layout.portfolio.height, 134 - 30 - 24 - 6);
+    EXPECT_EQ(layout.left.height, 0);
+}
+
+TEST(WindowLayout, TheWidthOfTheLeftPanelIsKnownBeforeItsHeights) {
+    for (const bool shown : {true, false}) {
+        LayoutRequest request = RequestOf(1280, 900);
+        request.leftShown = shown;
+        request.leftWidth = 200;
+        EXPECT_EQ(LeftPanelWidth(request), shown ? 200 : 0);
+        EXPECT_EQ(LayOutWindow(request).left.width, LeftPanelWidth(request));
+    }
+}
+
 } // namespace
 } // namespace tallowmere
