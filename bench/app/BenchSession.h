@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/base/Clock.h"
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/PortalScheme.h"
 #include "app/forms/frmMain.h"

@@ -66,6 +66,60 @@ class Colors(driver.SystemTest):
         self.wait_for_pixel(self.point_of_list(window), NAVY)
         self.wait_for_pixel(self.point_of_link(window), MAROON)
 
+    def color_dialog(self, program, window):
+        window.find(name="Setup--Help").click()
+        setup = program.application.find(role="dialog", name="Browser Setup & Help")
+        setup.find(name="Set Colors").click()
+        return program.application.find(role="dialog", name="Color Settings")
+
+    def close(self, program, dialog, button):
+        dialog.find(role="push button", name=button).click()
+        driver.wait_for(lambda: not program.application.find_all(role="dialog"), "both to close")
+
+    def test_a_scheme_is_seen_behind_the_dialog_and_taken_back_by_cancel(self):
+        program, window = self.open()
+        designed = (0, 0, 0x80)
+        self.wait_for_pixel(self.point_of_list(window), designed)
+        dialog = self.color_dialog(program, window)
+        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+        dialog.find(role="combo box").click()
+        driver.press("Down", "Down", "Return")
+        self.wait_for_pixel(self.point_of_list(window), (0x1B, 0x20, 0x27))
+        driver.screenshot(driver.SCREENSHOTS / "scheme-dark.png", program.window_id())
+        driver.screenshot(driver.SCREENSHOTS / "colors-dialog.png")
+        self.close(program, dialog, "Cancel")
+        self.wait_for_pixel(self.point_of_list(window), designed)
+        self.assertNotIn("bTL", (self.folder / "profile" / "settings.ini").read_text())
+
+    def test_a_scheme_stays_and_is_reset(self):
+        program, window = self.open()
+        dialog = self.color_dialog(program, window)
+        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+        dialog.find(role="combo box").click()
+        driver.press("Down", "Down", "Down", "Return")
+        self.wait_for_pixel(self.point_of_list(window), (0, 0, 0))
+        self.close(program, dialog, "OK")
+        driver.screenshot(driver.SCREENSHOTS / "scheme-contrast.png", program.window_id())
+        # Pages of our own go with it.
+        driver.press("ctrl+shift+r")
+        left, top, width, height = window.find(name="Research page").extents
+        driver.wait_for(lambda: max(driver.pixel(left + width - 40, top + height - 60)) < 40,
+                        "a dark report")
+        driver.screenshot(driver.SCREENSHOTS / "report-dark.png", program.window_id())
+        program.ask_to_close()
+        self.assertEqual(program.wait_for_end(), 0, program.errors())
+
+        program, window = self.open()
+        self.wait_for_pixel(self.point_of_list(window), (0, 0, 0))
+        dialog = self.color_dialog(program, window)
+        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+        item = dialog.find(role="list item", name="Ticker List")
+        item.click()
+        driver.wait_for(lambda: item.selected, "the area to be selected")
+        dialog.find(role="push button", name="Reset Area").click()
+        self.wait_for_pixel(self.point_of_list(window), (0, 0, 0x80))
+        self.close(program, dialog, "OK")
+
     def test_cancel_changes_nothing(self):
         program, window = self.open()
         self.choose(program, window, "Ticker List", "Back", MAROON, confirm="Cancel")

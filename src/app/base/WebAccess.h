@@ -2,6 +2,7 @@
 
 #include "app/base/HttpsHosts.h"
 #include "app/base/WebMode.h"
+#include "core/pages/page_scheme.h"
 #include "core/portal/portal_answer.h"
 #include "core/sites/site_resolver.h"
 
@@ -46,6 +47,9 @@ public:
     /// Where the files of the user guide lie.
     void SetHelpFolder(const QString& folder) { m_helpFolder = folder; }
     const QString& HelpFolder() const { return m_helpFolder; }
+    /// Whether pages of our own that are loaded from now on are light or dark.
+    void SetScheme(PageScheme scheme) { m_scheme = scheme; }
+    PageScheme Scheme() const { return m_scheme; }
     /// Used in live mode only.
     void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
 
@@ -76,6 +80,7 @@ public:
 
 private:
     WebMode m_mode;
+    PageScheme m_scheme = PageScheme::Desktop;
     LatePortalFunction m_portal;
     QString m_helpFolder;
     Resolver m_resolver;

@@ -3,6 +3,7 @@
 #include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
 #include "core/pages/page_policy.h"
+#include "core/pages/page_scheme.h"
 #include "core/portal/generated_pages.h"
 #include "core/portal/html_page.h"
 
@@ -29,9 +30,9 @@ void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArra
 }
 
 // The scheme has no headers for its answers, and the text of the pages is fixed: the policy goes in
-// on the way to the engine.
-QByteArray Governed(std::string_view page, const std::string& policy) {
-    return QByteArray::fromStdString(WithPolicy(page, policy));
+// on the way to the engine, and so does whether they are light or dark.
+QByteArray Governed(std::string_view page, const std::string& policy, PageScheme scheme) {
+    return QByteArray::fromStdString(WithPolicy(WithScheme(page, scheme), policy));
 }
 
 /// The policy of what the portal makes: its strip has the one script.
@@ -87,10 +88,11 @@ void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
         AnswerHelp(job);
     } else {
         // The job ends when its page goes away, which may be before the answer comes.
-        const auto take = [job = QPointer(job)](const std::optional<PortalAnswer>& answer) {
+        const auto take = [job = QPointer(job),
+                           scheme = m_access.Scheme()](const std::optional<PortalAnswer>& answer) {
             if (job && answer && answer->type.starts_with("text/html"))
                 Reply(job, QByteArray::fromStdString(answer->type),
-                      Governed(answer->body, PolicyOfPortal()));
+                      Governed(answer->body, PolicyOfPortal(), scheme));
             else if (job && answer)
                 Reply(job, QByteArray::fromStdString(answer->type),
                       QByteArray::fromStdString(answer->body));
@@ -112,6 +114,10 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
     QFile file(m_access.HelpFolder() + path);
     if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    else if (match.captured(1) == u"html")
+        Reply(
+            job, types.value(match.captured(1)),
+            QByteArray::fromStdString(WithScheme(file.readAll().toStdString(), m_access.Scheme())));
     else
         Reply(job, types.value(match.captured(1)), file.readAll());
 }
@@ -143,7 +149,8 @@ void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
         return;
     }
     const QByteArray body = file.readAll();
-    Reply(job, PageType(body), Governed(body.toStdString(), PolicyOfGenerated(name)));
+    Reply(job, PageType(body),
+          Governed(body.toStdString(), PolicyOfGenerated(name), m_access.Scheme()));
 }
 
 } // namespace tallowmere

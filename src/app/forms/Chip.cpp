@@ -25,6 +25,16 @@ QString DragType() {
     return u"application/x-tallowmere-link"_s;
 }
 
+// A shade of the background; black has none that is darker.
+QColor OutlineOf(const QColor& back, const QColor& fore) {
+    constexpr int kNearBlack = 16;
+    if (back.value() >= kNearBlack)
+        return back.darker(125);
+    QColor outline = fore;
+    outline.setAlphaF(0.4F);
+    return outline;
+}
+
 } // namespace
 
 QColor ScreenColor(std::uint32_t color, const QPalette& palette) {
@@ -128,7 +138,7 @@ void Chip::paintEvent(QPaintEvent*) {
     const QRectF body = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(attended && isEnabled() ? QPen(fore, 1)
                    : m_quiet               ? QPen(back, 1)
-                                           : QPen(back.darker(125), 1));
+                                           : QPen(OutlineOf(back, fore), 1));
     painter.setBrush(m_isHovered && isEnabled()
                          ? (back.lightnessF() > 0.5 ? back.darker(108) : back.lighter(130))
                          : back);

@@ -2,7 +2,7 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/Chip.h"
-#include "core/tools/color_areas.h"
+#include "core/tools/color_schemes.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -16,6 +16,46 @@ using namespace Qt::StringLiterals;
 frmColor::frmColor(QWidget* parent) : QDialog(parent) {
     setObjectName(u"frmColor"_s);
     setWindowTitle(u"Color Settings"_s);
+    BuildAreas();
+    Label1 = new QLabel(u"Sample"_s, this);
+    Label1->setObjectName(u"Label1"_s);
+    Label1->setAccessibleName(u"Sample"_s);
+    Label1->setAlignment(Qt::AlignCenter);
+    Label1->setFrameShape(QFrame::StyledPanel);
+    Label1->setAutoFillBackground(true);
+    Label1->setMinimumHeight(4 * fontMetrics().lineSpacing());
+    cmdFore[0] = Button(u"cmdFore0"_s, u"&Fore"_s);
+    cmdFore[1] = Button(u"cmdFore1"_s, u"&Back"_s);
+    cmdReset = Button(u"cmdReset"_s, u"&Reset Area"_s);
+    cmbScheme = new QComboBox(this);
+    cmbScheme->setObjectName(u"cmbScheme"_s);
+    cmbScheme->setAccessibleName(u"Scheme"_s);
+    cmbScheme->addItem(u"As designed"_s);
+    for (const ColorScheme& scheme : ColorSchemes())
+        cmbScheme->addItem(ToQt(scheme.name));
+    cmbScheme->setPlaceholderText(u"Your own"_s);
+    cmdResetAll = Button(u"cmdResetAll"_s, u"Reset &All"_s);
+    cmdOK = Button(u"cmdOK"_s, u"&OK"_s);
+    cmdOK->setDefault(true);
+    cmdCancel = Button(u"cmdCancel"_s, u"Cancel"_s);
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    // The list would keep these keys for itself.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        new QShortcut(key, List1, cmdOK, &QPushButton::click, Qt::WidgetShortcut);
+    LayOut();
+    List1->setFocus();
+}
+
+QPushButton* frmColor::Button(const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    button->setAccessibleName(QString(caption).remove(u'&'));
+    button->setAutoDefault(false);
+    return button;
+}
+
+void frmColor::BuildAreas() {
     List1 = new ListBox(u"List1"_s, u"Areas"_s, this);
     QStringList entries;
     int width = 0;
@@ -27,43 +67,26 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
     // All areas are in view at once.
     List1->setMinimumSize(width + 4 * fontMetrics().averageCharWidth(),
                           (static_cast<int>(entries.size()) + 1) * fontMetrics().lineSpacing());
+}
 
-    Label1 = new QLabel(u"Sample"_s, this);
-    Label1->setObjectName(u"Label1"_s);
-    Label1->setAccessibleName(u"Sample"_s);
-    Label1->setAlignment(Qt::AlignCenter);
-    Label1->setFrameShape(QFrame::StyledPanel);
-    Label1->setAutoFillBackground(true);
-    Label1->setMinimumHeight(4 * fontMetrics().lineSpacing());
-
-    const auto button = [this](const QString& name, const QString& caption) {
-        auto* result = new QPushButton(caption, this);
-        result->setObjectName(name);
-        result->setAccessibleName(QString(caption).remove(u'&'));
-        result->setAutoDefault(false);
-        return result;
-    };
-    cmdFore[0] = button(u"cmdFore0"_s, u"&Fore"_s);
-    cmdFore[1] = button(u"cmdFore1"_s, u"&Back"_s);
-    cmdOK = button(u"cmdOK"_s, u"&OK"_s);
-    cmdOK->setDefault(true);
-    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    // The list would keep these keys for itself.
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
-        new QShortcut(key, List1, cmdOK, &QPushButton::click, Qt::WidgetShortcut);
-
+void frmColor::LayOut() {
+    auto* scheme = new QLabel(u"&Scheme:"_s, this);
+    scheme->setBuddy(cmbScheme);
     auto* side = new QVBoxLayout;
-    side->addWidget(Label1);
-    side->addWidget(cmdFore[0]);
-    side->addWidget(cmdFore[1]);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{Label1, cmdFore[0], cmdFore[1], cmdReset})
+        side->addWidget(control);
+    side->addSpacing(fontMetrics().lineSpacing());
+    for (QWidget* control : std::initializer_list<QWidget*>{scheme, cmbScheme, cmdResetAll})
+        side->addWidget(control);
     side->addStretch(1);
     side->addWidget(cmdOK);
+    side->addWidget(cmdCancel);
     auto* layout = new QGridLayout(this);
     layout->addWidget(List1, 0, 0);
     layout->addLayout(side, 0, 1);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
-    List1->setFocus();
 }
 
 void frmColor::ShowSample(const ColorPair& colors) {

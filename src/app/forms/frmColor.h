@@ -3,6 +3,7 @@
 #include "app/forms/ListBox.h"
 #include "core/tools/color_config.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
@@ -20,10 +21,19 @@ public:
     ListBox* List1;
     QLabel* Label1;
     std::array<QPushButton*, 2> cmdFore{}; ///< 0 text, 1 background
+    QPushButton* cmdReset;                 ///< gives the area its designed colours back
+    QComboBox* cmbScheme;                  ///< colours for all areas at once
+    QPushButton* cmdResetAll;              ///< the same for all areas
     QPushButton* cmdOK;
+    QPushButton* cmdCancel; ///< closes the dialog, the colours being as they were before
 
     /// Shows colours on the sample.
     void ShowSample(const ColorPair& colors);
+
+private:
+    QPushButton* Button(const QString& name, const QString& caption);
+    void BuildAreas();
+    void LayOut();
 };
 
 } // namespace tallowmere

@@ -339,10 +339,9 @@ void frmMain::SetToolTips(bool shown) {
 }
 
 void frmMain::SetBackground(const QColor& color) {
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, color);
-    palette.setColor(QPalette::WindowText, color.lightnessF() > 0.5 ? Qt::black : Qt::white);
-    m_body->setPalette(palette);
+    // Scroll bars, arrows, edges and the strip take shades of it.
+    const QPalette system = palette();
+    m_body->setPalette(color == system.color(QPalette::Window) ? system : QPalette(color, color));
     m_body->setAutoFillBackground(true);
 }
 

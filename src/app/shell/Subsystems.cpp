@@ -38,6 +38,8 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
     QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
     QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
                      &Portfolios::PaintNumbers);
+    QObject::connect(tools.colors, &ColorConfig::Applied, &form,
+                     [&web](PageScheme pages) { web.SetScheme(pages); });
     QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);
     QObject::connect(undo, &UndoCommands::Changed, portfolio.marks, &TickerMarks::Refresh);
     QObject::connect(undo, &UndoCommands::AboutToUndo, portfolio.portfolios,

@@ -4,6 +4,7 @@
 #include "app/forms/frmMain.h"
 #include "core/shell/area_colors.h"
 #include "core/shell/settings_store.h"
+#include "core/tools/color_schemes.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -41,13 +42,14 @@ void ColorConfig::Apply() {
     Paint(m_form.List1, colors.Of("TL"), QPalette::Text, QPalette::Base);
     Paint(m_form.WebStatus, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
     Paint(m_form.lblStat, colors.Of("WS"), QPalette::WindowText, QPalette::Window);
-    m_form.SetBackground(ScreenColor(colors.Of("Back").background, QApplication::palette(&m_form)));
+    const std::uint32_t window = colors.Of("Back").background;
+    m_form.SetBackground(ScreenColor(window, QApplication::palette(&m_form)));
     for (Chip* link : m_form.lbllink) {
         const std::string tag = FromQt(link->property("tag").toString());
         if (const auto pair = colors.OfLink(link->Index(), tag, FromQt(link->Caption())))
             link->SetColors(*pair);
     }
-    Q_EMIT Applied();
+    Q_EMIT Applied(SchemeBeside(window));
 }
 
 bool ColorConfig::eventFilter(QObject* watched, QEvent* event) {

@@ -2,6 +2,8 @@
 
 #include "core/tools/color_config.h"
 
+#include "core/pages/page_scheme.h"
+
 #include <QObject>
 
 namespace tallowmere {
@@ -22,8 +24,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// The colours are on the controls; those that others paint follow.
-    void Applied();
+    /// The colours are on the controls; those that others paint follow, and pages of our own that
+    /// are loaded from now on are to be shown so.
+    void Applied(PageScheme pages);
 
 private:
     frmMain& m_form;

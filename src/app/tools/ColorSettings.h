@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/shell/settings_store.h"
 #include "core/tools/color_config.h"
 
 #include <QObject>
@@ -9,11 +10,11 @@ class QWidget;
 namespace tallowmere {
 
 class Prompts;
-class SettingsStore;
 class UndoRecorder;
 class frmColor;
 
-/// The dialog of the colours: shows the colours of the chosen area and saves each change at once.
+/// The dialog of the colours: shows the colours of the chosen area, or a scheme for all of them,
+/// and saves each change at once; Cancel saves what was there before.
 class ColorSettings : public QObject {
     Q_OBJECT
 public:
@@ -22,9 +23,17 @@ public:
     /// Shows the dialog over `owner` and returns when it is closed.
     void Show(QWidget* owner);
 
+Q_SIGNALS:
+    /// Other colours were saved.
+    void Changed();
+
 private:
+    void Refresh(frmColor& dialog);
     void ChooseArea(frmColor& dialog);
     void ChangeColor(frmColor& dialog, bool background);
+    void Reset(frmColor& dialog);
+    void ChooseScheme(frmColor& dialog, int index);
+    void Save(const std::string& command, const std::vector<SettingChange>& changes);
 
     SettingsStore& m_settings;
     UndoRecorder& m_undo;

@@ -16,10 +16,12 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRec
                                  const SiteTable& sites, Prompts& prompts, const Clock& clock,
                                  const std::filesystem::path& programFolder, LinkControllers& links)
     : colors(new ColorConfig(form, settings)),
+      colorSettings(new ColorSettings(settings, undo, prompts, &form)),
       reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
-                      *new ColorSettings(settings, undo, prompts, &form))) {
+                      *colorSettings)) {
+    QObject::connect(colorSettings, &ColorSettings::Changed, colors, &ColorConfig::Apply);
     auto* help = new Help(form, sites, prompts, clock, *links.panes, *links.outside);
     QObject::connect(links.dispatch, &LinkDispatch::SetupRequested, setup, &Setup::Show);
     QObject::connect(setup, &Setup::Closed, colors, &ColorConfig::Apply);

@@ -6,6 +6,7 @@ namespace tallowmere {
 
 class Clock;
 class ColorConfig;
+class ColorSettings;
 class DailyReminders;
 class EngineNotice;
 class Prompts;
@@ -24,6 +25,7 @@ struct ToolControllers {
                     const std::filesystem::path& programFolder, LinkControllers& links);
 
     ColorConfig* colors;
+    ColorSettings* colorSettings;
     DailyReminders* reminders;
     EngineNotice* engine;
     Setup* setup;

@@ -36,7 +36,7 @@ std::string PolicyOfMade(std::string_view scriptHash) {
 }
 
 // Behind a document type, which counts only in front of all else.
-std::string WithPolicy(std::string_view page, std::string_view policy) {
+std::string WithHead(std::string_view page, std::string_view elements) {
     std::size_t at = page.starts_with("\xEF\xBB\xBF") ? 3 : 0;
     const std::size_t text = page.find_first_not_of(" \t\r\n", at);
     if (text != std::string_view::npos && ToLower(page.substr(text, kDoctype.size())) == kDoctype) {
@@ -44,8 +44,13 @@ std::string WithPolicy(std::string_view page, std::string_view policy) {
         at = end == std::string_view::npos ? at : end + 1;
     }
     std::string result(page.substr(0, at));
-    result.append("<meta http-equiv=\"Content-Security-Policy\" content=\"");
-    return result.append(policy).append("\">").append(page.substr(at));
+    return result.append(elements).append(page.substr(at));
+}
+
+std::string WithPolicy(std::string_view page, std::string_view policy) {
+    return WithHead(page, std::string("<meta http-equiv=\"Content-Security-Policy\" content=\"")
+                              .append(policy)
+                              .append("\">"));
 }
 
 } // namespace tallowmere

@@ -14,8 +14,11 @@ std::string PolicyOfGenerated(std::string_view name);
 /// scripts the one of this hash (SHA-256 in Base64); none when it is empty.
 std::string PolicyOfMade(std::string_view scriptHash);
 
-/// The page with the policy in it, in front of everything that it could govern. The text of the
-/// page itself stays as it is, and so does how it is laid out.
+/// The page with more elements of a head in it, in front of everything that they could govern. The
+/// text of the page itself stays as it is, and so does whether it is laid out by old rules.
+std::string WithHead(std::string_view page, std::string_view elements);
+
+/// The page with the policy in its head.
 std::string WithPolicy(std::string_view page, std::string_view policy);
 
 } // namespace tallowmere

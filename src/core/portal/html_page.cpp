@@ -1,5 +1,6 @@
 #include "core/portal/html_page.h"
 
+#include "core/pages/page_scheme.h"
 #include "core/text/bytes.h"
 
 #include <algorithm>
@@ -12,14 +13,8 @@ constexpr std::size_t kLongestShown = 2000;
 
 // The columns of a wide table stand beside each other only where the window is wide enough; below
 // that a row breaks into lines, and in a narrow pane it keeps name, price, change and time: the
-// rest is a click away. Every pair of text and background has a contrast above 4.5 in both schemes.
+// rest is a click away.
 constexpr std::string_view kStyle = R"(
-:root { color-scheme: light dark; --text: #1f2328; --quiet: #57606a; --page: #ffffff;
-  --line: #d0d7de; --head: #f0f3f6; --link: #0a58a6; --up: #14692f; --down: #b3261e;
-  --note-text: #5c3a00; --note: #fff1d0; }
-@media (prefers-color-scheme: dark) { :root { --text: #e6edf3; --quiet: #a3adb8; --page: #14181d;
-  --line: #39424d; --head: #1f252c; --link: #78b4ff; --up: #5fd080; --down: #ff8f86;
-  --note-text: #ffe2a8; --note: #43330f; } }
 body { margin: 0 auto; max-width: 70rem; padding: 0 1rem 1rem; font: 0.95rem/1.45 sans-serif;
   color: var(--text); background: var(--page); }
 .note { margin: 0 -1rem 1rem; padding: 0.4rem 1rem; font-weight: bold; color: var(--note-text);
@@ -115,7 +110,9 @@ std::string Page(const PageFrame& frame, std::string_view title, std::string_vie
                  std::string_view note, std::string_view body) {
     std::string page = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
     page.append(ShownText(title)).append(ShownText(frame.titleEnd)).append("</title><style>");
-    page.append(kStyle);
+    page.append(":root { color-scheme: light dark; ").append(kLightPageColors);
+    page.append(" }\n@media (prefers-color-scheme: dark) { :root { ").append(kDarkPageColors);
+    page.append(" } }").append(kStyle);
     page.append("</style></head>\n<body").append(bodyAttribute).append(">");
     if (!note.empty())
         page.append("<p class=\"note\">").append(ShownText(note)).append("</p>\n");

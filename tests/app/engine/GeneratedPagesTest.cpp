@@ -9,6 +9,7 @@
 #include "support/TestPrompts.h"
 #include "support/WebTest.h"
 
+#include <QDir>
 #include <QNetworkInformation>
 #include <QTemporaryDir>
 
@@ -100,6 +101,27 @@ private Q_SLOTS:
                                                 Http(u"/stolen"_s) + "'</script></body></html>")));
         QTRY_COMPARE(m_server.CountOf(u"/seen"_s), 1);
         QCOMPARE(m_server.CountOf(u"/stolen"_s), 0);
+    }
+
+    void PagesOfOurOwnAreLightOrDarkAsTheyAreToldTo() {
+        Bench bench(WebMode::Sample);
+        const QString report = bench.Write(u"report.html"_s, "<html><body>x</body></html>");
+        QDir(bench.folder.path()).mkdir(u"help"_s);
+        bench.Write(u"help/index.html"_s, "<!DOCTYPE html><html><body>x</body></html>");
+        bench.access.SetHelpFolder(bench.folder.path() + u"/help"_s);
+        bench.access.SetPortal([](const std::string&, const std::string&) {
+            return PortalAnswer{"text/html", "<html><body>x</body></html>"};
+        });
+        const QString scheme = u"getComputedStyle(document.documentElement).colorScheme"_s;
+        for (const QString& page : {report, u"portal://help/index.html"_s, u"h.example/page"_s}) {
+            for (const auto& [told, shown] : {std::pair{PageScheme::Dark, "dark"},
+                                              {PageScheme::Light, "light"},
+                                              {PageScheme::Desktop, "light dark"}}) {
+                bench.access.SetScheme(told);
+                QVERIFY(bench.Show(page));
+                QCOMPARE(bench.Ask(scheme), QString::fromLatin1(shown));
+            }
+        }
     }
 
     void APageOfTheFolderStandsInAMultiLink() {

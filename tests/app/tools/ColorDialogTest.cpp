@@ -3,7 +3,6 @@
 #include "app/forms/frmColor.h"
 #include "app/forms/frmCustom.h"
 #include "app/portfolio/Portfolios.h"
-#include "app/shell/UndoCommands.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/ColorSettings.h"
 #include "core/shell/conversion.h"
@@ -12,6 +11,9 @@
 #include "support/Navigations.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -31,8 +33,7 @@ private:
         }
 
         void Use(const std::function<void(frmColor&)>& use) {
-            ColorSettings dialogs((**this).Settings(), (**this).Controllers().undo->Recorder(),
-                                  prompts, nullptr);
+            ColorSettings& dialogs = *(**this).Controllers().tools.colorSettings;
             WithDialog<frmColor>([&] { dialogs.Show(&Form()); }, use);
         }
         QString Color(const char* key) { return ToQt(Settings().GetSetting("Colors", key, "-")); }
@@ -128,6 +129,98 @@ private Q_SLOTS:
         });
         QCOMPARE(window.Color("bTE"), QString::number(0xFF0000));
         QCOMPARE(window.Color("fTE"), u"-2147483640"_s);
+    }
+
+    void AnAreaIsResetToItsDesign() {
+        Window window;
+        window.Settings().SaveSetting("Colors", "bNR", "255");
+        window.Settings().SaveSetting("Colors", "fNR", "0");
+        window.Settings().SaveSetting("Colors", "bTL", "255");
+        window.Use([&](frmColor& dialog) {
+            QCOMPARE(dialog.cmbScheme->currentIndex(), -1);
+            ClickArea(dialog, kNewsArea);
+            QTest::mouseClick(dialog.cmdReset, Qt::LeftButton);
+            QCOMPARE(SampleBackground(dialog), QColor(128, 0, 0));
+            QCOMPARE(SampleText(dialog), QColor(255, 255, 255));
+        });
+        QCOMPARE(window.Color("fNR"), u"-"_s);
+        QCOMPARE(window.Color("bNR"), u"-"_s);
+        QCOMPARE(window.Color("bTL"), u"255"_s);
+    }
+
+    void AllAreasAreResetToTheirDesign() {
+        Window window;
+        for (const char* key : {"bNR", "fTE", "bBack", "bCUST"})
+            window.Settings().SaveSetting("Colors", key, "255");
+        window.Use([&](frmColor& dialog) {
+            QTest::mouseClick(dialog.cmdResetAll, Qt::LeftButton);
+            QCOMPARE(dialog.cmbScheme->currentText(), u"As designed"_s);
+        });
+        for (const char* key : {"bNR", "fTE", "bBack", "bCUST"})
+            QCOMPARE(window.Color(key), u"-"_s);
+        // What the links of the user begin with is their own design again.
+        window.ClickLink(102);
+        QCOMPARE(window->Editor().Editor()->lblExamp->Colors().background, 0xC0E0FFU);
+    }
+
+    void ASchemeIsSeenAtOnceStoredAsThePairsAndUndoneInOneStep() {
+        Window window;
+        const frmMain& form = window.Form();
+        const QColor designed = form.fraLeft->widget()->palette().color(QPalette::Window);
+        window.Use([&](frmColor& dialog) {
+            QCOMPARE(dialog.cmbScheme->currentText(), u"As designed"_s);
+            dialog.cmbScheme->setFocus();
+            QTest::keyClick(dialog.cmbScheme, Qt::Key_Down);
+            QTest::keyClick(dialog.cmbScheme, Qt::Key_Down);
+            QCOMPARE(dialog.cmbScheme->currentText(), u"Dark"_s);
+            // The window behind the dialog, with all that stands in it.
+            QVERIFY(form.fraLeft->widget()->palette().color(QPalette::Window).lightness() < 64);
+            QVERIFY(form.SpooBar->palette().color(QPalette::Window).lightness() < 64);
+            QVERIFY(
+                form.fraRight->verticalScrollBar()->palette().color(QPalette::Button).lightness() <
+                64);
+            QCOMPARE(form.List1->palette().color(QPalette::Base), QColor(0x1B, 0x20, 0x27));
+            QCOMPARE(window.Link(3)->Colors(), (ColorPair{0xE6EBC2, 0x383B1C}));
+            QCOMPARE(window.Link(150)->Colors(), (ColorPair{0xB8C6C9, 0x282D2E}));
+        });
+        QCOMPARE(window.Color("bTL"), QString::number(0x27201B));
+        QCOMPARE(window.Color("bBack"), QString::number(0x1D1814));
+        QCOMPARE(window.Color("fBack"), u"-"_s);
+        form.menus->undo->trigger(); // back to the scheme that the key passed on its way
+        form.menus->undo->trigger();
+        QCOMPARE(window.Color("bTL"), u"-"_s);
+        QCOMPARE(form.fraLeft->widget()->palette().color(QPalette::Window), designed);
+    }
+
+    void CancelPutsBackWhatWasThereBefore() {
+        Window window;
+        window.Settings().SaveSetting("Colors", "bNR", "255");
+        window.prompts.colors = {QColor(0, 0, 255)};
+        window.Use([&](frmColor& dialog) {
+            QTest::mouseClick(dialog.cmdFore[1], Qt::LeftButton);
+            dialog.cmbScheme->setFocus();
+            QTest::keyClick(dialog.cmbScheme, Qt::Key_End);
+            QCOMPARE(dialog.cmbScheme->currentText(), u"High contrast"_s);
+            QVERIFY(window.Color("bTL") != u"-"_s);
+            QTest::mouseClick(dialog.cmdCancel, Qt::LeftButton);
+            QVERIFY(!dialog.isVisible());
+        });
+        QCOMPARE(window.Color("bTL"), u"-"_s);
+        QCOMPARE(window.Color("bTE"), u"-"_s);
+        QCOMPARE(window.Color("bNR"), u"255"_s);
+        QCOMPARE(window.Form().List1->palette().color(QPalette::Base), QColor(0, 0, 128));
+    }
+
+    void PagesOfOurOwnGoWithTheWindow() {
+        Window window;
+        const QSignalSpy applied(&window->Colors(), &ColorConfig::Applied);
+        for (const auto& [color, scheme] : {std::pair{"0", PageScheme::Dark},
+                                            {"16777215", PageScheme::Light},
+                                            {"", PageScheme::Desktop}}) {
+            window.Settings().SaveSetting("Colors", "bBack", color);
+            window->Colors().Apply();
+            QCOMPARE(applied.last().first().value<PageScheme>(), scheme);
+        }
     }
 
     void AColourIsUndoneAndTheWindowFollows() {
