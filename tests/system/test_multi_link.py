@@ -73,6 +73,27 @@ class MultiLink(driver.SystemTest):
         driver.wait_for(lambda: path(PROFILE, "ibm") in program.pages(), "the page in its cell")
         driver.screenshot(driver.SCREENSHOTS / "multi_link_cell.png")
 
+    def test_a_bar_counts_the_pages_and_escape_discards_the_last(self):
+        program = self.start()
+        window = self.window(program)
+        item = window.find(role="list item", name="AOL")
+        item.click()
+        driver.wait_for(lambda: item.selected, "AOL to be selected")
+        window.find(name="ML").click()
+        window.find(name="Recording: no page yet. Links that are about a ticker are recorded; "
+                         "ML ends.")
+        for description in ("Full Yahoo! Quote", "Yahoo! Profile Sheet", "ZACKS Research"):
+            self.link(window, description).click()
+        window.find(name="Recording: 3 pages. ML ends, Esc discards the last.")
+        driver.screenshot(driver.SCREENSHOTS / "multi_link_bar.png", program.window_id())
+        driver.press("Escape")
+        window.find(name="Recording: 2 pages. ML ends, Esc discards the last.")
+        window.find(role="push button", name="End").click()
+        for form in (QUOTE, PROFILE):
+            self.server.wait_for_request(path(form, "aol"))
+        self.assertNotIn(path(RESEARCH, "aol"), self.server.paths())
+        driver.wait_for(lambda: not window.find_all(name="End", role="push button"), "no bar")
+
     def test_what_is_recorded_without_the_editor_is_shown_at_once(self):
         program = self.start()
         window = self.window(program)

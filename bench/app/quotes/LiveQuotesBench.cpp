@@ -1,5 +1,6 @@
 // The page of a portfolio of 1,000 tickers in live mode, from the question for it to the page, with
 // a source on the loopback interface; beside the time that the same requests take by themselves.
+#include "app/base/WebAccess.h"
 #include "app/quotes/LiveQuotes.h"
 #include "core/sites/site_table.h"
 #include "core/text/bytes.h"
@@ -69,7 +70,7 @@ double PageTime(const SiteTable& sites, const LoopbackServer& server, const std:
     QElapsedTimer timer;
     timer.start();
     std::size_t rows = 0;
-    quotes.Answer("h", path, [&](const auto& answer) {
+    quotes.Answer("h", path, Asker::Pane, [&](const auto& answer) {
         rows = CountOccurrences(answer->body, "<b>1,234.50</b>");
         loop.quit();
     });

@@ -4,6 +4,7 @@
 #include "app/custom/CustomMenu.h"
 #include "app/custom/MultiLinks.h"
 #include "app/custom/PageCells.h"
+#include "app/custom/RecordingGuide.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkControllers.h"
 #include "core/custom/custom_link.h"
@@ -20,6 +21,7 @@ CustomControllers::CustomControllers(frmMain& form, SettingsStore& settings, Und
                           *editor)),
       multiLinks(new MultiLinks(form, settings, undo, sites, prompts, programFolder,
                                 links.recording, *links.panes, *links.dispatch, *links.panel)) {
+    new RecordingGuide(form, links.recording, *multiLinks);
     new PageCells(form, prompts, programFolder, *links.panes, profile);
 }
 

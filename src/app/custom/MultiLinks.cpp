@@ -48,6 +48,7 @@ MultiLinks::MultiLinks(frmMain& form, SettingsStore& settings, UndoRecorder& und
     Timer4.setInterval(kBlinkInterval);
     connect(&Timer4, &QTimer::timeout, this, &MultiLinks::Blink);
     connect(&dispatch, &LinkDispatch::RecordingToggled, this, &MultiLinks::Toggle);
+    connect(&panes, &PaneDeck::Recorded, this, &MultiLinks::RecordingChanged);
     connect(&dispatch, &LinkDispatch::MultiLinkRequested, this, &MultiLinks::ShowStored);
 }
 
@@ -66,6 +67,12 @@ void MultiLinks::Start() {
         Timer4.start();
     else
         Blink();
+    Q_EMIT RecordingChanged();
+}
+
+void MultiLinks::DiscardLast() {
+    m_recording.multiLinkPage = ToQt(WithoutLastFrame(FromQt(m_recording.multiLinkPage)));
+    Q_EMIT RecordingChanged();
 }
 
 void MultiLinks::EnableRecordable() {
@@ -94,6 +101,7 @@ void MultiLinks::Finish() {
     m_recording.templateMode = false;
     const std::string page = FromQt(m_recording.multiLinkPage).append(kMultiLinkTail);
     m_recording.multiLinkPage.clear();
+    Q_EMIT RecordingChanged();
     if (std::exchange(m_recording.multiLinkPending, false))
         StorePage(page);
     else if (Contains(page, kFrame))

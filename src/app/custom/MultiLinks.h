@@ -30,9 +30,14 @@ public:
     /// What a click of link 211 does.
     void Toggle();
 
+    /// Takes back the page that was recorded last, if any was.
+    void DiscardLast();
+
     QTimer Timer4;
 
 Q_SIGNALS:
+    /// What is recorded has changed; also when a recording has begun or ended.
+    void RecordingChanged();
     /// The recording ended: the links take the colours of their areas again before this returns.
     void ColorsLost();
 

@@ -107,6 +107,7 @@ void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
     }
     if (m_recording.templateMode) {
         m_recording.multiLinkPage += ToQt(MultiLinkFrame(FromQt(address)));
+        Q_EMIT Recorded();
         *cancel = true;
     }
     BeforeEither(address, cancel);

@@ -58,6 +58,8 @@ public:
 Q_SIGNALS:
     /// A page is about to load; not while pages are recorded instead.
     void BrowsingStarts();
+    /// A page was recorded instead.
+    void Recorded();
 
 private:
     void BeforeFirst(const QString& address, bool* cancel);

@@ -118,6 +118,19 @@ std::vector<std::string> RecordedAddresses(std::string_view page) {
     return addresses;
 }
 
+std::string WithoutLastFrame(std::string_view page) {
+    // No address of a frame holds the start of another: it would end the address.
+    const std::size_t last = page.rfind(kFrameStart);
+    return std::string(page.substr(0, last));
+}
+
+std::string RecordingLine(std::size_t pages) {
+    if (pages == 0)
+        return "Recording: no page yet. Links that are about a ticker are recorded; ML ends.";
+    const std::string count = pages == 1 ? "1 page" : std::to_string(pages) + " pages";
+    return "Recording: " + count + ". ML ends, Esc discards the last.";
+}
+
 std::set<std::size_t> LiveCells(std::set<std::size_t> live, std::size_t first, std::size_t last,
                                 std::size_t most) {
     for (std::size_t cell = first; cell <= last; ++cell)

@@ -53,6 +53,12 @@ std::string ExpandMultiLink(std::string_view page, const TickerForms& forms);
 /// The addresses of a page in the order of its frames.
 std::vector<std::string> RecordedAddresses(std::string_view page);
 
+/// A page that is being recorded without its last frame; the same page when it has none.
+std::string WithoutLastFrame(std::string_view page);
+
+/// What is said while a multi-link is recorded, of so many pages.
+std::string RecordingLine(std::size_t pages);
+
 /// Which cells of a multi-link are live once those from `first` to `last` are in view: these and
 /// those that were, but of the latter those farthest from view go while there are more than `most`.
 std::set<std::size_t> LiveCells(std::set<std::size_t> live, std::size_t first, std::size_t last,

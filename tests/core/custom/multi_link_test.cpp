@@ -183,5 +183,22 @@ TEST(LiveCells, ACellInViewStaysWhateverTheLimit) {
     EXPECT_EQ(LiveCells({0}, 4, 6, 2), (std::set<std::size_t>{4, 5, 6}));
 }
 
+TEST(MultiLink, TheLastFrameIsTakenBackAndThenTheOneBefore) {
+    const std::string head(kMultiLinkHead);
+    const std::string one = head + MultiLinkFrame("http://a.example/q?s=UCASETICK");
+    const std::string two = one + MultiLinkFrame("b.example/x y");
+    EXPECT_EQ(WithoutLastFrame(two), one);
+    EXPECT_EQ(WithoutLastFrame(one), head);
+    EXPECT_EQ(WithoutLastFrame(head), head);
+    EXPECT_EQ(WithoutLastFrame(""), "");
+}
+
+TEST(MultiLink, TheRecorderSaysHowManyPagesThereAreAndWhatToDo) {
+    EXPECT_EQ(RecordingLine(0),
+              "Recording: no page yet. Links that are about a ticker are recorded; ML ends.");
+    EXPECT_EQ(RecordingLine(1), "Recording: 1 page. ML ends, Esc discards the last.");
+    EXPECT_EQ(RecordingLine(3), "Recording: 3 pages. ML ends, Esc discards the last.");
+}
+
 } // namespace
 } // namespace tallowmere

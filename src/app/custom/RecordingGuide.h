@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QShortcut;
+
+namespace tallowmere {
+
+class MultiLinks;
+class RecorderBar;
+struct RecordingState;
+class frmMain;
+
+/// Tells what a recording of a multi-link has so far and how it goes on: in a bar at the bottom of
+/// the window, and on the links that cannot be recorded.
+class RecordingGuide : public QObject {
+    Q_OBJECT
+public:
+    RecordingGuide(frmMain& form, const RecordingState& recording, MultiLinks& multiLinks);
+
+private:
+    void Follow();
+    void Begin();
+    void End();
+
+    frmMain& m_form;
+    const RecordingState& m_recording;
+    MultiLinks& m_multiLinks;
+    QPointer<RecorderBar> m_bar;
+    QShortcut* m_discard;
+};
+
+} // namespace tallowmere
