@@ -40,6 +40,7 @@ void RecordingGuide::Begin() {
     m_bar = new RecorderBar(&m_form);
     connect(m_bar, &RecorderBar::DiscardWanted, &m_multiLinks, &MultiLinks::DiscardLast);
     connect(m_bar, &RecorderBar::EndWanted, &m_multiLinks, &MultiLinks::Toggle);
+    m_form.addToolBarBreak(Qt::BottomToolBarArea);
     m_form.addToolBar(Qt::BottomToolBarArea, m_bar);
     m_bar->show();
     if (!m_form.ShowsToolTips())
