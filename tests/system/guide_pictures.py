@@ -174,7 +174,7 @@ class Pictures:
         self.take_dialog("colors", colors)
         self.close(colors, "Return")
 
-        self.press("ctrl+r")
+        self.press("ctrl+e")
         dialog = self.dialog("Daily Reminders")
         self.take_dialog("reminders", dialog)
         self.close(dialog)
@@ -192,7 +192,7 @@ class Pictures:
         self.take_dialog("scan", dialog)
         self.close(dialog)
 
-        self.press("ctrl+w")
+        self.press("ctrl+shift+w")
         watch = self.program.application.find(name="MSFT - Watch Wizard")
         driver.wait_for(lambda: watch.extents[2] > 50, "the watch window's size")
         identity = driver.xdotool("search", "--name", "^MSFT - Watch Wizard$").split()[0]
@@ -207,6 +207,13 @@ class Pictures:
         menu.find(name="Sites...").click()
         dialog = self.dialog("Sites")
         self.take_dialog("sites", dialog)
+        self.close(dialog)
+
+        menu = self.window.find(role="menu bar").find(name="Help")
+        menu.click()
+        menu.find(name="Keyboard Shortcuts...").click()
+        dialog = self.dialog("Keyboard Shortcuts")
+        self.take_dialog("shortcuts", dialog)
         self.close(dialog)
 
     def generated(self):

@@ -3,6 +3,7 @@
 #include "app/base/HttpsHosts.h"
 #include "app/base/WebMode.h"
 #include "core/portal/portal_answer.h"
+#include "core/shell/command_keys.h"
 #include "core/sites/site_resolver.h"
 
 #include <QUrl>
@@ -46,6 +47,11 @@ public:
     /// Where the files of the user guide lie.
     void SetHelpFolder(const QString& folder) { m_helpFolder = folder; }
     const QString& HelpFolder() const { return m_helpFolder; }
+    /// The shortcuts that the guide tells; without it, those that ship.
+    void SetShortcuts(std::function<CommandChords()> shortcuts) {
+        m_shortcuts = std::move(shortcuts);
+    }
+    CommandChords Shortcuts() const { return m_shortcuts(); }
     /// Used in live mode only.
     void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
 
@@ -78,6 +84,7 @@ private:
     WebMode m_mode;
     LatePortalFunction m_portal;
     QString m_helpFolder;
+    std::function<CommandChords()> m_shortcuts = ShippedChords;
     Resolver m_resolver;
     std::unique_ptr<HttpsHosts> m_https;
 };

@@ -5,6 +5,7 @@
 #include "core/pages/page_policy.h"
 #include "core/portal/generated_pages.h"
 #include "core/portal/html_page.h"
+#include "core/shell/command_guide.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -110,10 +111,15 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
     const QString path = job->requestUrl().path(QUrl::FullyDecoded);
     const QRegularExpressionMatch match = plainName.match(path);
     QFile file(m_access.HelpFolder() + path);
-    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
+    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly)) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-    else
-        Reply(job, types.value(match.captured(1)), file.readAll());
+        return;
+    }
+    QByteArray content = file.readAll();
+    if (match.captured(1) == u"html")
+        content =
+            QByteArray::fromStdString(WithShortcuts(content.toStdString(), m_access.Shortcuts()));
+    Reply(job, types.value(match.captured(1)), content);
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {
