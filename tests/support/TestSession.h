@@ -38,6 +38,7 @@ public:
     Timers& ClubAndRefresh() { return *Controllers().market.timers; }
     TickerStrip& Ticker() { return *Controllers().market.ticker; }
     ColorConfig& Colors() { return *Controllers().tools.colors; }
+    ShortcutEditor& Shortcuts() { return *Controllers().tools.shortcuts; }
     DailyReminders& Reminders() { return *Controllers().tools.reminders; }
     SiteEditor& Sites() { return *Controllers().sites->editor; }
 };

@@ -105,6 +105,7 @@ class Pictures:
         driver.press("Escape")
 
         self.commands()
+        self.panels()
 
         self.window.find(name="Calendar").click()
         self.take("site-menu", left + 160, top + 20, 560, 330)
@@ -147,6 +148,16 @@ class Pictures:
         driver.wait_for(lambda: not self.window.find_all(role="list item", name="AMD"),
                         "the ticker to go")
 
+    def panels(self):
+        """The left panel, and the menu that sets the size of texts."""
+        left, top, _, _ = self.window.extents
+        menu = self.window.find(role="menu bar")
+        for caption in ("View", "Text Size"):
+            menu = menu.find(name=caption)
+            menu.click()
+        self.take("panels", left, top, 470, 560)
+        driver.press("Escape", "Escape", "Escape")
+
     def program_find(self):
         self.press("ctrl+f")
         driver.type_text("volume")
@@ -174,7 +185,7 @@ class Pictures:
         self.take_dialog("colors", colors)
         self.close(colors, "Return")
 
-        self.press("ctrl+r")
+        self.press("ctrl+e")
         dialog = self.dialog("Daily Reminders")
         self.take_dialog("reminders", dialog)
         self.close(dialog)
@@ -192,7 +203,7 @@ class Pictures:
         self.take_dialog("scan", dialog)
         self.close(dialog)
 
-        self.press("ctrl+w")
+        self.press("ctrl+shift+w")
         watch = self.program.application.find(name="MSFT - Watch Wizard")
         driver.wait_for(lambda: watch.extents[2] > 50, "the watch window's size")
         identity = driver.xdotool("search", "--name", "^MSFT - Watch Wizard$").split()[0]
@@ -207,6 +218,13 @@ class Pictures:
         menu.find(name="Sites...").click()
         dialog = self.dialog("Sites")
         self.take_dialog("sites", dialog)
+        self.close(dialog)
+
+        menu = self.window.find(role="menu bar").find(name="Help")
+        menu.click()
+        menu.find(name="Keyboard Shortcuts...").click()
+        dialog = self.dialog("Keyboard Shortcuts")
+        self.take_dialog("shortcuts", dialog)
         self.close(dialog)
 
     def generated(self):

@@ -4,6 +4,7 @@
 #include "app/base/WebMode.h"
 #include "core/pages/page_scheme.h"
 #include "core/portal/portal_answer.h"
+#include "core/shell/command_keys.h"
 #include "core/sites/site_resolver.h"
 
 #include <QUrl>
@@ -50,6 +51,11 @@ public:
     /// Whether pages of our own that are loaded from now on are light or dark.
     void SetScheme(PageScheme scheme) { m_scheme = scheme; }
     PageScheme Scheme() const { return m_scheme; }
+    /// The shortcuts that the guide tells; without it, those that ship.
+    void SetShortcuts(std::function<CommandChords()> shortcuts) {
+        m_shortcuts = std::move(shortcuts);
+    }
+    CommandChords Shortcuts() const { return m_shortcuts(); }
     /// Used in live mode only.
     void SetResolver(Resolver resolver) { m_resolver = std::move(resolver); }
 
@@ -83,6 +89,7 @@ private:
     PageScheme m_scheme = PageScheme::Desktop;
     LatePortalFunction m_portal;
     QString m_helpFolder;
+    std::function<CommandChords()> m_shortcuts = ShippedChords;
     Resolver m_resolver;
     std::unique_ptr<HttpsHosts> m_https;
 };

@@ -7,7 +7,7 @@
 #include "app/links/RecordingState.h"
 #include "core/custom/multi_link.h"
 
-#include <QShortcut>
+#include <QAction>
 
 namespace tallowmere {
 
@@ -16,9 +16,8 @@ using namespace Qt::StringLiterals;
 RecordingGuide::RecordingGuide(frmMain& form, const RecordingState& recording,
                                MultiLinks& multiLinks)
     : QObject(&form), m_form(form), m_recording(recording), m_multiLinks(multiLinks),
-      m_discard(new QShortcut(Qt::Key_Escape, &form)) {
-    m_discard->setEnabled(false);
-    connect(m_discard, &QShortcut::activated, &multiLinks, &MultiLinks::DiscardLast);
+      m_discard(form.menus->At("discardRecorded")) {
+    connect(m_discard, &QAction::triggered, &multiLinks, &MultiLinks::DiscardLast);
     connect(&multiLinks, &MultiLinks::RecordingChanged, this, &RecordingGuide::Follow);
 }
 
@@ -32,7 +31,8 @@ void RecordingGuide::Follow() {
     QStringList pages;
     for (const std::string& address : RecordedAddresses(FromQt(m_recording.multiLinkPage)))
         pages << ToQt(address);
-    m_discard->setEnabled(!pages.isEmpty());
+    // It has its key only while there is something to discard.
+    m_discard->setVisible(!pages.isEmpty());
     m_bar->Tell(ToQt(RecordingLine(static_cast<std::size_t>(pages.size()))), pages);
 }
 
@@ -52,7 +52,7 @@ void RecordingGuide::Begin() {
 }
 
 void RecordingGuide::End() {
-    m_discard->setEnabled(false);
+    m_discard->setVisible(false);
     if (!m_bar)
         return;
     // It may be one of its own buttons that ended the recording.

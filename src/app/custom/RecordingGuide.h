@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QPointer>
 
-class QShortcut;
+class QAction;
 
 namespace tallowmere {
 
@@ -28,7 +28,7 @@ private:
     const RecordingState& m_recording;
     MultiLinks& m_multiLinks;
     QPointer<RecorderBar> m_bar;
-    QShortcut* m_discard;
+    QAction* m_discard;
 };
 
 } // namespace tallowmere

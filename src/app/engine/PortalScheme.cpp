@@ -6,6 +6,7 @@
 #include "core/pages/page_scheme.h"
 #include "core/portal/generated_pages.h"
 #include "core/portal/html_page.h"
+#include "core/shell/command_guide.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -112,14 +113,15 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
     const QString path = job->requestUrl().path(QUrl::FullyDecoded);
     const QRegularExpressionMatch match = plainName.match(path);
     QFile file(m_access.HelpFolder() + path);
-    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
+    if (!match.hasMatch() || !file.open(QIODevice::ReadOnly)) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-    else if (match.captured(1) == u"html")
-        Reply(
-            job, types.value(match.captured(1)),
-            QByteArray::fromStdString(WithScheme(file.readAll().toStdString(), m_access.Scheme())));
-    else
-        Reply(job, types.value(match.captured(1)), file.readAll());
+        return;
+    }
+    QByteArray content = file.readAll();
+    if (match.captured(1) == u"html")
+        content = QByteArray::fromStdString(WithScheme(
+            WithShortcuts(content.toStdString(), m_access.Shortcuts()), m_access.Scheme()));
+    Reply(job, types.value(match.captured(1)), content);
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {

@@ -1,14 +1,19 @@
 #pragma once
 
+#include "core/shell/commands.h"
+
 #include <QAction>
 #include <QMenu>
 
 #include <array>
+#include <map>
 
 class QMainWindow;
-class QMenuBar;
 
 namespace tallowmere {
+
+class CommandKeys;
+class WindowCommands;
 
 /// A submenu whose ten items are the portfolios; item 0 is not used.
 struct PortfolioMenu {
@@ -17,10 +22,20 @@ struct PortfolioMenu {
 };
 
 /// The menus and commands of the main window that are not site menus, by their control names. The
-/// popup menus and the menu bar share them, so that nothing is reached by right-click alone.
+/// commands, their captions, keys and order are those of the table of commands. The popup menus and
+/// the menu bar share them, so that nothing is reached by right-click alone.
 class MainMenus {
 public:
-    explicit MainMenus(QMainWindow& window);
+    MainMenus(QMainWindow& window, CommandKeys& keys);
+
+    /// The command of that name in the table; throws std::out_of_range when there is none.
+    QAction* At(std::string_view name) const;
+
+    /// The same for one that is awaited: from now on it is in its menu and has its shortcut.
+    QAction* Offer(std::string_view name) const;
+
+    /// The shortcuts of all windows.
+    CommandKeys& Keys() const { return m_keys; }
 
     // The ticker list's popup menu.
     QMenu* mnuRightTick;
@@ -28,7 +43,7 @@ public:
     PortfolioMenu mnuMovePort;
     PortfolioMenu mnuCopyPort;
     QMenu* mnuTickNote;
-    QAction* mnuTickNotes;
+    QAction* mnuTickNotes; ///< the text of the note, in its menu
     QAction* mnuCopyIt;
     PortfolioMenu mnuMoveAllPort;
     PortfolioMenu mnuCopyAllPort;
@@ -79,14 +94,18 @@ public:
     QMenu* linkMenu; ///< of the link that has the focus or was used last
 
 private:
-    QAction* Command(const QString& name, const QString& caption, const QString& shortcut = {});
-    PortfolioMenu Targets(const QString& array, const QString& heading);
-    void BuildCommands();
+    PortfolioMenu Targets(const QString& array, std::string_view name);
+    void NameCommands();
+    void BuildSubmenus();
     void BuildTickerMenu();
     void BuildOptionsMenu();
-    void BuildMenuBar(QMenuBar& bar);
+    void BuildMenuBar();
 
     QMainWindow& m_window;
+    CommandKeys& m_keys;
+    WindowCommands* m_commands;
+    std::map<CommandMenu, QMenu*> m_menus;
+    std::map<std::string_view, QMenu*> m_submenus; ///< by the name of their row
 };
 
 } // namespace tallowmere

@@ -33,13 +33,13 @@ QRect ToQt(const Rect& rect) {
 
 } // namespace
 
-frmMain::frmMain(EngineProfile& profile, Prompts& prompts) {
+frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys) {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"Tallowmere"_s);
     m_body = new QWidget(this);
     setCentralWidget(m_body);
     setMinimumSize(PixelsFromTwips(kMinimumWidthTwips), PixelsFromTwips(kMinimumHeightTwips));
-    menus = std::make_unique<MainMenus>(*this);
+    menus = std::make_unique<MainMenus>(*this, keys);
     BuildPanes(profile, prompts);
     BuildPortfolioControls();
     BuildLinks();

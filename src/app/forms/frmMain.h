@@ -19,6 +19,7 @@
 namespace tallowmere {
 
 class BrowserPane;
+class CommandKeys;
 class EngineProfile;
 class Grip;
 class Prompts;
@@ -39,7 +40,7 @@ struct PanelSizes {
 class frmMain : public QMainWindow {
     Q_OBJECT
 public:
-    frmMain(EngineProfile& profile, Prompts& prompts);
+    frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys);
     ~frmMain() override;
 
     // Portfolio controls.

@@ -1,6 +1,7 @@
 #include "app/forms/frmWiz.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/forms/WindowCommands.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -9,7 +10,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QShortcut>
 #include <QToolButton>
 
 namespace tallowmere {
@@ -23,7 +23,8 @@ constexpr int kLongestAddress = 1 << 20;
 
 } // namespace
 
-frmWiz::frmWiz(EngineProfile& profile, Prompts& prompts) : QWidget(nullptr, Qt::Window) {
+frmWiz::frmWiz(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
+    : QWidget(nullptr, Qt::Window) {
     setObjectName(u"frmWiz"_s);
 
     Text1 = new QLineEdit(this);
@@ -42,11 +43,10 @@ frmWiz::frmWiz(EngineProfile& profile, Prompts& prompts) : QWidget(nullptr, Qt::
 
     mnuPoP = new QMenu(this);
     mnuPoP->setObjectName(u"mnuPoP"_s);
-    mnuExport = mnuPoP->addAction(u"Export to File"_s);
-    mnuExport->setObjectName(u"mnuExport"_s);
-    mnuExport->setShortcut(QKeySequence::Save);
-    addAction(mnuExport);
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+    commands = new WindowCommands(*this, keys, kWatchWindow);
+    mnuExport = commands->At("mnuExport");
+    mnuPoP->addAction(mnuExport);
+    connect(commands->Offer("closeTab"), &QAction::triggered, this, &QWidget::close);
 
     Web = new BrowserPane(profile, prompts, this);
     Web->setObjectName(u"Web"_s);

@@ -10,14 +10,16 @@ class QPushButton;
 namespace tallowmere {
 
 class BrowserPane;
+class CommandKeys;
 class EngineProfile;
 class Prompts;
+class WindowCommands;
 
 /// A watch window: its controls under their names.
 class frmWiz : public QWidget {
     Q_OBJECT
 public:
-    frmWiz(EngineProfile& profile, Prompts& prompts);
+    frmWiz(EngineProfile& profile, Prompts& prompts, CommandKeys& keys);
 
     QLineEdit* Text1;   ///< the address
     QLineEdit* txtsecs; ///< seconds between two loads
@@ -26,6 +28,7 @@ public:
     QLabel* lblTimes; ///< when the page was loaded, and when it will be again
     QMenu* mnuPoP;
     QAction* mnuExport;
+    WindowCommands* commands;
 
 Q_SIGNALS:
     /// The window is about to close.

@@ -5,6 +5,7 @@
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
+#include "app/forms/WindowCommands.h"
 #include "app/forms/frmWiz.h"
 #include "core/market/watch.h"
 #include "core/market/watch_page.h"
@@ -22,7 +23,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QTextDocument>
 #include <QValidator>
 
@@ -60,17 +60,16 @@ QByteArray PdfOf(const QString& html) {
     return bytes;
 }
 
-// What the main window's menu has keys for.
-void AddPageKeys(BrowserPane& pane) {
-    const auto add = [&pane](const QKeySequence& keys, auto method) {
-        auto* shortcut = new QShortcut(keys, pane.window());
-        QObject::connect(shortcut, &QShortcut::activated, &pane, method);
+// What the main window's menu does with its pane in front.
+void ConnectPageCommands(const WindowCommands& commands, BrowserPane& pane) {
+    const auto connectTo = [&](std::string_view command, auto method) {
+        QObject::connect(commands.At(command), &QAction::triggered, &pane, method);
     };
-    add(QKeySequence::Find, &BrowserPane::Find);
-    add(QKeySequence(u"Ctrl++"_s), &BrowserPane::ZoomIn);
-    add(QKeySequence(u"Ctrl+="_s), &BrowserPane::ZoomIn);
-    add(QKeySequence(u"Ctrl+-"_s), &BrowserPane::ZoomOut);
-    add(QKeySequence(u"Ctrl+0"_s), &BrowserPane::ZoomReset);
+    connectTo("link0", &BrowserPane::Refresh);
+    connectTo("findInPage", &BrowserPane::Find);
+    connectTo("zoomIn", &BrowserPane::ZoomIn);
+    connectTo("zoomOut", &BrowserPane::ZoomOut);
+    connectTo("zoomReset", &BrowserPane::ZoomReset);
 }
 
 } // namespace
@@ -121,7 +120,7 @@ void WatchWindow::Connect() {
     connect(&m_form, &frmWiz::SecondsLeft, this, &WatchWindow::SettleSeconds);
     connect(m_form.txtsecs, &QLineEdit::returnPressed, this, &WatchWindow::SettleSeconds);
     connect(m_form.Web, &BrowserPane::DocumentComplete, this, &WatchWindow::OnLoaded);
-    AddPageKeys(*m_form.Web);
+    ConnectPageCommands(*m_form.commands, *m_form.Web);
     connect(m_form.mnuExport, &QAction::triggered, this, &WatchWindow::Export);
     connect(&m_form, &frmWiz::Closing, this, &WatchWindow::Stop);
 }

@@ -14,7 +14,8 @@ namespace tallowmere {
 
 WatchWindows::WatchWindows(frmMain& form, SettingsStore& settings, Prompts& prompts,
                            const Clock& clock, EngineProfile& profile, LinkDispatch& dispatch)
-    : QObject(&form), m_settings(settings), m_prompts(prompts), m_clock(clock), m_profile(profile) {
+    : QObject(&form), m_settings(settings), m_prompts(prompts), m_clock(clock), m_profile(profile),
+      m_keys(form.menus->Keys()) {
     connect(&dispatch, &LinkDispatch::WatchRequested, this, &WatchWindows::CreateWiz);
     connect(&form, &frmMain::Closing, this, &WatchWindows::CloseAll);
 }
@@ -26,7 +27,7 @@ WatchWindows::~WatchWindows() {
 }
 
 frmWiz* WatchWindows::CreateWiz(const QString& target) {
-    auto* window = new frmWiz(m_profile, m_prompts);
+    auto* window = new frmWiz(m_profile, m_prompts, m_keys);
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_windows.removeAll(nullptr);
     std::vector<int> taken;

@@ -7,6 +7,7 @@
 namespace tallowmere {
 
 class Clock;
+class CommandKeys;
 class EngineProfile;
 class Prompts;
 class SettingsStore;
@@ -32,6 +33,7 @@ private:
     Prompts& m_prompts;
     const Clock& m_clock;
     EngineProfile& m_profile;
+    CommandKeys& m_keys;
     QList<QPointer<frmWiz>> m_windows;
 };
 

@@ -41,16 +41,17 @@ Session::Session(SessionSetup setup)
       m_undo(m_settings, m_setup.folders.programFolder,
              {std::string(kTickerNotesFile.substr(1)), std::string(kRemindersFile.substr(1))},
              m_setup.folders.programFolder / "undo.txt"),
-      m_web(m_setup.web),
+      m_keys(m_settings), m_web(m_setup.web),
       m_profile(std::make_unique<EngineProfile>(PathToQt(m_setup.folders.engine),
                                                 PathToQt(m_setup.folders.programFolder), m_web,
                                                 m_setup.prompts)),
       m_transfers(m_web), m_textSizes(m_settings),
-      m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts)) {
+      m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts, m_keys)) {
     m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_undo, m_web,
                                                 *m_profile, m_transfers, *m_userSites);
     m_textSizes.Serve(*m_form->menus);
     m_web.SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
+    m_web.SetShortcuts([this] { return m_keys.Chords(); });
     m_portal = std::make_unique<Portal>(m_setup, m_web, *m_subsystems);
     connect(m_form.get(), &frmMain::Closing, this, &Session::Close);
     connect(m_form.get(), &frmMain::PanelsChanged, this,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/CommandKeys.h"
 #include "app/base/Transfers.h"
 #include "app/base/WebAccess.h"
 #include "app/shell/SessionSetup.h"
@@ -49,6 +50,7 @@ private:
     std::unique_ptr<UserSites> m_userSites;
     SettingsStore m_settings;
     UndoRecorder m_undo;
+    CommandKeys m_keys;
     WebAccess m_web;
     std::unique_ptr<Portal> m_portal;
     std::unique_ptr<EngineProfile> m_profile;

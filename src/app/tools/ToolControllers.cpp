@@ -1,5 +1,6 @@
 #include "app/tools/ToolControllers.h"
 
+#include "app/forms/DialogKeys.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkControllers.h"
 #include "app/links/LinkDispatch.h"
@@ -9,6 +10,7 @@
 #include "app/tools/EngineNotice.h"
 #include "app/tools/Help.h"
 #include "app/tools/Setup.h"
+#include "app/tools/ShortcutEditor.h"
 
 namespace tallowmere {
 
@@ -20,7 +22,9 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRec
       reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
-                      *colorSettings)) {
+                      *colorSettings)),
+      shortcuts(new ShortcutEditor(form, prompts)) {
+    new DialogKeys(form.menus->Keys(), &form);
     QObject::connect(colorSettings, &ColorSettings::Changed, colors, &ColorConfig::Apply);
     auto* help = new Help(form, sites, prompts, clock, *links.panes, *links.outside);
     QObject::connect(links.dispatch, &LinkDispatch::SetupRequested, setup, &Setup::Show);

@@ -12,13 +12,14 @@ class EngineNotice;
 class Prompts;
 class SettingsStore;
 class Setup;
+class ShortcutEditor;
 class SiteTable;
 class UndoRecorder;
 class frmMain;
 struct LinkControllers;
 
-/// The controllers of colours, setup, reminders and help, connected to each other and to the links
-/// below them. The form owns the controllers.
+/// The controllers of colours, setup, shortcuts, reminders and help, connected to each other and to
+/// the links below them. The form owns the controllers.
 struct ToolControllers {
     ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
                     const SiteTable& sites, Prompts& prompts, const Clock& clock,
@@ -29,6 +30,7 @@ struct ToolControllers {
     DailyReminders* reminders;
     EngineNotice* engine;
     Setup* setup;
+    ShortcutEditor* shortcuts;
 };
 
 } // namespace tallowmere

@@ -55,7 +55,7 @@ tallowmere \- research browser for private stock investors
 .SH DESCRIPTION
 Pick a ticker, click once, and read any of some two hundred research pages about it, beside ten
 portfolios, notes and links of your own and a strip of market indices.
-The user guide is in the program: menu Help, or F1.
+The user guide is in the program: menu Help.
 .SH OPTIONS
 )";
 

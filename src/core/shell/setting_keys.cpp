@@ -1,5 +1,6 @@
 #include "core/shell/setting_keys.h"
 
+#include "core/shell/command_keys.h"
 #include "core/shell/conversion.h"
 #include "core/shell/settings_store.h"
 #include "core/text/bytes.h"
@@ -127,6 +128,12 @@ std::vector<SettingProblem> CheckSettings(const SettingsStore& store) {
         if (area.hasText)
             check(kColorsSection, TextColorKey(area.code), SettingKind::Color);
         check(kColorsSection, BackgroundColorKey(area.code), SettingKind::Color);
+    }
+    for (const CommandRow& row : Commands()) {
+        const auto value = store.FindSetting(kShortcutsSection, row.name);
+        if (TakesShortcut(row) && value && !ReadChords(*value))
+            problems.push_back(
+                {std::string(kShortcutsSection), std::string(row.name), *value, "Not a shortcut"});
     }
     return problems;
 }

@@ -6,7 +6,8 @@
 #include <vector>
 
 /// What the settings store holds: the one table of its keys. The keys of section "Colors" are
-/// those of the colour areas, each "f" (text) or "b" (background) and the area's code.
+/// those of the colour areas, each "f" (text) or "b" (background) and the area's code; those of
+/// section "Shortcuts" are the names of commands.
 namespace tallowmere {
 
 class SettingsStore;

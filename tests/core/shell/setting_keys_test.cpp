@@ -96,5 +96,19 @@ TEST(SettingKeys, DamagedValuesAreReportedByNameAndReadAsDefaults) {
     EXPECT_EQ(UsableSetting(store, "Settings", "PortName3"), "Portfolio #3");
 }
 
+TEST(SettingKeys, DamagedShortcutsAreReportedByTheirCommand) {
+    TemporaryFolder folder;
+    SettingsStore store(folder.Path() / "settings.ini");
+    store.SaveSetting("Shortcuts", "findInPage", "Ctrl+G F3");
+    store.SaveSetting("Shortcuts", "zoomIn", "");
+    store.SaveSetting("Shortcuts", "notACommand", "?");
+    EXPECT_EQ(DamagedSettingsText(store), "");
+    store.SaveSetting("Shortcuts", "exit", "Ctrl+Nonsense");
+    store.SaveSetting("Shortcuts", "undo", "u");
+    EXPECT_EQ(DamagedSettingsText(store),
+              "These settings hold no usable value; their defaults are used:\n"
+              "undo = u (Not a shortcut)\nexit = Ctrl+Nonsense (Not a shortcut)");
+}
+
 } // namespace
 } // namespace tallowmere

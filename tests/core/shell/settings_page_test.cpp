@@ -1,5 +1,6 @@
 // The page docs/settings.md says what the code does: row by row, in both directions.
 #include "core/portal/generated_pages.h"
+#include "core/shell/commands.h"
 #include "core/shell/setting_keys.h"
 #include "core/text/bytes.h"
 #include "core/tools/color_areas.h"
@@ -112,6 +113,15 @@ TEST(SettingsPage, HasEveryColour) {
                            ColorWords(area.text) + " | " + Quoted(BackgroundColorKey(area.code)) +
                            " | " + ColorWords(area.background) + " |");
     EXPECT_THAT(Rows("The colours"), ElementsAreArray(expected));
+}
+
+TEST(SettingsPage, HasEveryCommandWhoseShortcutsMayBeChanged) {
+    std::vector<std::string> expected;
+    for (const CommandRow& row : Commands())
+        if (TakesShortcut(row))
+            expected.push_back("| " + Quoted(row.name) + " | " + SpokenCaption(row.caption) +
+                               " | " + SpokenMenu(row.menu) + " |");
+    EXPECT_THAT(Rows("The keyboard shortcuts"), ElementsAreArray(expected));
 }
 
 TEST(SettingsPage, NamesEveryFileThatTheSourcesName) {
