@@ -146,6 +146,10 @@ std::vector<Step> Session() {
                                 {"other.mlnk", std::string(9000, 'o')},
                                 {"sites.toml", "[hosts]\n"}})},
         {"a restore of less", Restored({{"TickNotes.txt", NoteRecord("GE", "last")}})},
+        {"notes of a table",
+         [](const Path& folder) {
+             ReplaceNotes(folder, {{"GE", "table"}, {"KO", "table"}}, kTickerNotesFile);
+         }},
         {"all notes away", Routine("KILL", ""), Tells::Nothing},
         {"a note anew", Note("AOL", "anew")},
         {"a deeper folder",

@@ -115,15 +115,21 @@ bool FinishRestore(const StorePlaces& places) {
     const std::filesystem::path journal = RestoreFile(places);
     if (!StampOf(journal))
         return false;
-    SettingsStore settings(places.settingsFile);
-    const std::string bytes = ReadExistingFile(journal, kLargestBackup);
-    for (const ArchivedFile& file : ReadZip(bytes, BackupFileLimit, kLargestBackup)) {
-        if (file.name == kSettingsEntry)
-            settings.ChangeSettings(SettingsTowards(settings, file.content));
-        else
-            WriteStore(PlaceOf(places, file.name), file.content);
+    try {
+        SettingsStore settings(places.settingsFile);
+        const std::string bytes = ReadExistingFile(journal, kLargestBackup);
+        for (const ArchivedFile& file : ReadZip(bytes, BackupFileLimit, kLargestBackup)) {
+            if (file.name == kSettingsEntry)
+                settings.ChangeSettings(SettingsTowards(settings, file.content));
+            else
+                WriteStore(PlaceOf(places, file.name), file.content);
+        }
+        RemoveFile(journal);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError("A restore that was interrupted cannot be finished. " +
+                           std::string(error.what()) + ". The next start tries again; without " +
+                           journal.string() + " it starts with what is there.");
     }
-    RemoveFile(journal);
     return true;
 }
 

@@ -29,7 +29,7 @@ public:
     ~ZipError() { zip_error_fini(&m_error); }
     ZipError(const ZipError&) = delete;
     ZipError& operator=(const ZipError&) = delete;
-    zip_error_t* operator&() { return &m_error; }
+    zip_error_t* Get() { return &m_error; }
     std::string Text() { return zip_error_strerror(&m_error); }
 
 private:
@@ -103,10 +103,10 @@ std::string WriteZip(const std::vector<ArchivedFile>& files, std::time_t time,
     if (files.empty())
         FailToMake("there is nothing to put into it");
     ZipError error;
-    const Source bytes(zip_source_buffer_create(nullptr, 0, 0, &error));
+    const Source bytes(zip_source_buffer_create(nullptr, 0, 0, error.Get()));
     if (!bytes)
         FailToMake(error.Text());
-    Archive archive(zip_open_from_source(bytes.get(), ZIP_TRUNCATE, &error));
+    Archive archive(zip_open_from_source(bytes.get(), ZIP_TRUNCATE, error.Get()));
     if (!archive)
         FailToMake(error.Text());
     zip_source_keep(bytes.get());
@@ -130,10 +130,10 @@ std::vector<ArchivedFile> ReadZip(std::string_view bytes, const ArchiveLimit& li
     if (bytes.empty())
         FailToRead("it is empty");
     ZipError error;
-    Source source(zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error));
+    Source source(zip_source_buffer_create(bytes.data(), bytes.size(), 0, error.Get()));
     if (!source)
         FailToRead(error.Text());
-    const Archive archive(zip_open_from_source(source.get(), ZIP_RDONLY, &error));
+    const Archive archive(zip_open_from_source(source.get(), ZIP_RDONLY, error.Get()));
     if (!archive)
         FailToRead(error.Text());
     static_cast<void>(source.release()); // the archive has it now
