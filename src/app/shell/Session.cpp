@@ -23,6 +23,7 @@
 #include "app/sites/UserSites.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/DailyReminders.h"
+#include "app/tools/ReminderWatch.h"
 #include "core/links/index_query.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
@@ -124,6 +125,7 @@ void Session::Start() {
         if (!text.empty())
             m_setup.prompts.Message(ToQt(text), MessageTitle());
     parts.sites->TellProblems();
+    parts.tools.dueReminders->Start();
     parts.backup.copies->Start();
 }
 

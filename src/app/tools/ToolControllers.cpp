@@ -9,6 +9,7 @@
 #include "app/tools/DailyReminders.h"
 #include "app/tools/EngineNotice.h"
 #include "app/tools/Help.h"
+#include "app/tools/ReminderWatch.h"
 #include "app/tools/Setup.h"
 #include "app/tools/ShortcutEditor.h"
 
@@ -19,6 +20,7 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRec
                                  const std::filesystem::path& programFolder, LinkControllers& links)
     : colors(new ColorConfig(form, settings)),
       reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
+      dueReminders(new ReminderWatch(form, clock, programFolder, *reminders, *links.panes)),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
                       *new ColorSettings(settings, undo, prompts, &form))),

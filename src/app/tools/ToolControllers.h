@@ -9,6 +9,7 @@ class ColorConfig;
 class DailyReminders;
 class EngineNotice;
 class Prompts;
+class ReminderWatch;
 class SettingsStore;
 class Setup;
 class ShortcutEditor;
@@ -26,6 +27,7 @@ struct ToolControllers {
 
     ColorConfig* colors;
     DailyReminders* reminders;
+    ReminderWatch* dueReminders;
     EngineNotice* engine;
     Setup* setup;
     ShortcutEditor* shortcuts;
