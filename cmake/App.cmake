@@ -1,5 +1,5 @@
 # The application: one library of Qt classes, so that tests can link them, and the program itself.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport WebEngineWidgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport DBus WebEngineWidgets)
 set(CMAKE_AUTOMOC ON)
 # What moc reads is not made by what the library links: no need to build that first.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
@@ -10,7 +10,9 @@ file(GLOB_RECURSE appSources CONFIGURE_DEPENDS src/app/*.cpp src/app/*.h)
 list(REMOVE_ITEM appSources ${CMAKE_SOURCE_DIR}/src/app/main.cpp)
 add_library(tallowmere_app STATIC ${appSources})
 target_link_libraries(tallowmere_app PUBLIC
-    tallowmere_core Qt6::Widgets Qt6::Network Qt6::PrintSupport Qt6::WebEngineWidgets)
+    tallowmere_core Qt6::Widgets Qt6::Network Qt6::PrintSupport Qt6::WebEngineWidgets
+    # Few files speak to the desktop, and name its headers with their folder.
+    $<LINK_ONLY:Qt6::DBus>)
 target_precompile_headers(tallowmere_app PRIVATE
     <QtCore> <QtGui> <QtWidgets> <QtNetwork> <QtWebEngineCore> <string> <string_view> <vector>)
 

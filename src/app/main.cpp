@@ -11,6 +11,7 @@
 #include "app/sites/Tables.h"
 #include "app/sites/UserSites.h"
 #include "app/tools/EngineNotice.h"
+#include "core/backup/restore.h"
 #include "core/portal/portal.h"
 #include "core/text/runtime_error.h"
 
@@ -32,6 +33,8 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
         std::fputs("tallowmere: it is running already, and its window is in front now\n", stderr);
         return 0;
     }
+    // Before any store is read.
+    FinishRestore(folders.Stores());
     const Clock clock;
     const PortalTexts texts{ReadTable(folders.data / "rr.html"),
                             ReadTable(folders.data / "newsites.html")};

@@ -5,6 +5,7 @@
 //
 //   store_session FOLDER CLEAN_FOLDER
 
+#include "core/backup/restore.h"
 #include "core/custom/custom_link.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/quotes/quote_store.h"
@@ -75,6 +76,19 @@ void EditSites(const Path& folder, bool adds) {
                               : RemoveTomlRow(text, "links", "3"));
 }
 
+/// All parts of a backup are taken.
+auto Restored(const BackupFiles& backup) {
+    return [=](const Path& folder) {
+        const StorePlaces places{folder / "settings.ini", folder, folder};
+        const BackupFiles now = ReadStores(places);
+        std::set<BackupPart> parts;
+        for (const PartChanges& changes : CompareStores(now, backup))
+            parts.insert(changes.part);
+        SettingsStore settings(places.settingsFile);
+        Restore(places, settings, PlanRestore(now, backup, parts));
+    };
+}
+
 std::string Quotes(double last) {
     Quote quote;
     quote.symbol = "AAPL";
@@ -126,6 +140,16 @@ std::vector<Step> Session() {
         {"newer quotes", Whole("quotes.json", Quotes(232.5))},
         {"a site", [](const Path& folder) { EditSites(folder, true); }},
         {"a site away", [](const Path& folder) { EditSites(folder, false); }},
+        {"a restore", Restored({{"settings.ini", "[Settings]\nStocks1=IBM|\n"},
+                                {"TickNotes.txt", NoteRecord("IBM", "restored")},
+                                {"remind.txt", NoteRecord("11-21-2026", "restored")},
+                                {"other.mlnk", std::string(9000, 'o')},
+                                {"sites.toml", "[hosts]\n"}})},
+        {"a restore of less", Restored({{"TickNotes.txt", NoteRecord("GE", "last")}})},
+        {"notes of a table",
+         [](const Path& folder) {
+             ReplaceNotes(folder, {{"GE", "table"}, {"KO", "table"}}, kTickerNotesFile);
+         }},
         {"all notes away", Routine("KILL", ""), Tells::Nothing},
         {"a note anew", Note("AOL", "anew")},
         {"a deeper folder",

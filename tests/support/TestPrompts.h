@@ -44,6 +44,17 @@ public:
         return files.isEmpty() ? std::nullopt : Take(files);
     }
 
+    std::optional<QString> OpenFile(const QString& title, const QString& folder,
+                                    const QString&) override {
+        Record(folder, title);
+        return files.isEmpty() ? std::nullopt : Take(files);
+    }
+
+    std::optional<QString> OpenFolder(const QString& title, const QString& folder) override {
+        Record(folder, title);
+        return files.isEmpty() ? std::nullopt : Take(files);
+    }
+
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override {
         Record({}, title);
         initials << initial;

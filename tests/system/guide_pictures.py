@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import zipfile
 from pathlib import Path
 
 import driver
@@ -113,6 +114,7 @@ class Pictures:
 
         self.program_find()
         self.dialogs()
+        self.files()
         self.generated()
         self.strip()
 
@@ -226,6 +228,46 @@ class Pictures:
         dialog = self.dialog("Keyboard Shortcuts")
         self.take_dialog("shortcuts", dialog)
         self.close(dialog)
+
+    def choose_file(self, title, path):
+        dialog = self.program.application.find(name=title)
+        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+        name = dialog.find(role="text", name="File name:")
+        driver.wait_for(lambda: name.focused, "the focus on the name")
+        driver.press("ctrl+a")
+        driver.type_text(str(path))
+        driver.press("Return")
+        driver.wait_for(lambda: not dialog.showing, "the dialog to close")
+
+    def command(self, *captions):
+        menu = self.window.find(role="menu bar")
+        for caption in captions:
+            menu = menu.find(name=caption)
+            menu.click()
+
+    def files(self):
+        """What goes out to files and comes in from them."""
+        with tempfile.TemporaryDirectory(prefix="files-") as place:
+            backup = Path(place, "tallowmere-2026-11-21.zip")
+            with zipfile.ZipFile(backup, "w") as archive:
+                archive.writestr("settings.ini", "[Settings]\nStocks1=AOL|YHOO|MSFT|\n"
+                                 "PortName1=Tech\nStocks3=SAP|\nTips=False\n")
+                archive.writestr("TickNotes.txt", NOTES.replace("slows", "grows") +
+                                 "||SAP||Ask about the cloud.|||||\r\n")
+            self.command("Tools", "Restore...")
+            self.choose_file("Restore", backup)
+            dialog = self.dialog("Restore")
+            driver.press("Right")
+            self.take_dialog("restore", dialog)
+            self.close(dialog)
+            table = Path(place, "watch list.csv")
+            table.write_text("Name;Ticker Symbol;Note\nSAP;SAP;Ask about the cloud.\n"
+                             "Microsoft;MSFT;\nGeneral Electric;GE;\n")
+            self.command("Portfolio", "Import CSV...")
+            self.choose_file("Import CSV", table)
+            dialog = self.dialog("Import CSV")
+            self.take_dialog("csv", dialog)
+            self.close(dialog)
 
     def generated(self):
         pane = self.window.find(name="Research page")

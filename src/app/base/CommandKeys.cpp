@@ -17,6 +17,10 @@ QList<QKeySequence> CommandKeys::Of(std::string_view command) const {
 
 void CommandKeys::Change(const std::vector<SettingChange>& changes) {
     m_settings.ChangeSettings(changes);
+    Read();
+}
+
+void CommandKeys::Read() {
     m_chords = ChordsOf(m_settings);
     Q_EMIT Changed();
 }

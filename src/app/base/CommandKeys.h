@@ -21,6 +21,9 @@ public:
     /// they cannot be written; then nothing has changed.
     void Change(const std::vector<SettingChange>& changes);
 
+    /// Reads them from the settings, after those changed in another way.
+    void Read();
+
 Q_SIGNALS:
     void Changed();
 

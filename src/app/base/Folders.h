@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/backup/backup_files.h"
+
 #include <QString>
 
 #include <filesystem>
@@ -18,6 +20,9 @@ struct Folders {
     /// `profile` names one. The folders are made, for their owner alone. Throws
     /// RuntimeError when they cannot be, or when what ships is not there.
     static Folders For(const QString& profile);
+
+    /// Where of these the user's stores lie.
+    StorePlaces Stores() const { return {settingsFile, programFolder, tables}; }
 };
 
 } // namespace tallowmere

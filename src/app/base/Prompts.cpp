@@ -189,6 +189,21 @@ std::optional<QString> DialogPrompts::SaveFile(const QString& title, const QStri
     return path.isEmpty() ? std::nullopt : std::optional(path);
 }
 
+std::optional<QString> DialogPrompts::OpenFile(const QString& title, const QString& folder,
+                                               const QString& filter) {
+    if (IsLeft())
+        return std::nullopt;
+    const QString path = QFileDialog::getOpenFileName(Front(), title, folder, filter);
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+std::optional<QString> DialogPrompts::OpenFolder(const QString& title, const QString& folder) {
+    if (IsLeft())
+        return std::nullopt;
+    const QString path = QFileDialog::getExistingDirectory(Front(), title, folder);
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
 std::optional<QColor> DialogPrompts::PickColor(const QColor& initial, const QString& title) {
     if (IsLeft())
         return std::nullopt;

@@ -35,6 +35,10 @@ public:
     /// Asks where to save a file; none when cancelled. `filter` is in Qt's form.
     virtual std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                             const QString& filter) = 0;
+    /// Asks for a file that is there, or for a folder, beginning in `folder`; none when cancelled.
+    virtual std::optional<QString> OpenFile(const QString& title, const QString& folder,
+                                            const QString& filter) = 0;
+    virtual std::optional<QString> OpenFolder(const QString& title, const QString& folder) = 0;
     /// Lets the user pick a colour, starting from `initial`; none when cancelled.
     virtual std::optional<QColor> PickColor(const QColor& initial, const QString& title) = 0;
 
@@ -58,6 +62,9 @@ public:
                                       const QString& preset) override;
     std::optional<QString> SaveFile(const QString& title, const QString& suggested,
                                     const QString& filter) override;
+    std::optional<QString> OpenFile(const QString& title, const QString& folder,
+                                    const QString& filter) override;
+    std::optional<QString> OpenFolder(const QString& title, const QString& folder) override;
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override;
 };
 

@@ -3,6 +3,7 @@
 #include "app/forms/frmMain.h"
 #include "app/links/LinkControllers.h"
 #include "app/links/LinkDispatch.h"
+#include "app/portfolio/CsvCommands.h"
 #include "app/portfolio/PortfolioCommands.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/QuoteMenus.h"
@@ -27,6 +28,7 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
       import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {
     new PortfolioCommands(form, settings, undo, prompts, *portfolios);
+    new CsvCommands(form, settings, undo, prompts, programFolder, *portfolios, *links.panes);
     auto* menus =
         new QuoteMenus(form, settings, sites, *portfolios, *links.panes, *links.panel, *quotes);
     QObject::connect(portfolios, &Portfolios::Selected, marks, &TickerMarks::Refresh);

@@ -1,5 +1,7 @@
 #include "app/shell/Session.h"
 
+#include "app/backup/Backups.h"
+#include "app/backup/DatedCopies.h"
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/EngineProfile.h"
@@ -17,9 +19,11 @@
 #include "app/shell/Portal.h"
 #include "app/shell/Subsystems.h"
 #include "app/shell/WindowPlace.h"
+#include "app/sites/SiteDataKeeper.h"
 #include "app/sites/UserSites.h"
 #include "app/tools/ColorConfig.h"
 #include "app/tools/DailyReminders.h"
+#include "app/tools/ReminderWatch.h"
 #include "core/links/index_query.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
@@ -65,6 +69,7 @@ Session::Session(SessionSetup setup)
         QTimer::singleShot(0, m_subsystems->links.lists, &ServerLists::FetchAll);
         m_subsystems->tools.reminders->CheckReminders();
     });
+    connect(m_subsystems->backup.backups, &Backups::Restored, this, &Session::ReadSettingsAnew);
     connect(m_form->menus->exit, &QAction::triggered, m_form.get(), &QWidget::close);
 }
 
@@ -94,8 +99,7 @@ void Session::Start() {
     // Areas first: the user's own links have colours of their own over them.
     parts.tools.colors->Apply();
     ShowCustomLinks(*m_form, m_settings);
-    parts.links.accounts = {Flag("SAVersion"), Text("MNL"), Text("MNP")};
-    m_form->SetToolTips(Flag("Tips"));
+    ApplyPreferences();
     // The window does not wait for the club, but what is to come after it does.
     const bool isAtClub = parts.market.club->Begin();
     const bool isFirstStart = Text("First").isEmpty();
@@ -123,6 +127,29 @@ void Session::Start() {
         if (!text.empty())
             m_setup.prompts.Message(ToQt(text), MessageTitle());
     parts.sites->TellProblems();
+    parts.tools.dueReminders->Start();
+    parts.backup.copies->Start();
+}
+
+void Session::ApplyPreferences() {
+    m_subsystems->links.accounts = {Flag("SAVersion"), Text("MNL"), Text("MNP")};
+    m_form->SetToolTips(Flag("Tips"));
+}
+
+// After a restore, or after one was taken back.
+void Session::ReadSettingsAnew() {
+    ApplyProxy();
+    ApplyPreferences();
+    m_textSizes.Read();
+    m_form->ShowPortfolioLabel(Flag("PortLabels"));
+    m_form->LayOut();
+    const MarketControllers& market = m_subsystems->market;
+    if (market.edges->IsActive() != Flag("ActiveEdge"))
+        market.edges->Switch(Flag("ActiveEdge"));
+    if (market.ticker->IsShown() != Flag("WSCTick"))
+        market.ticker->Switch(Flag("WSCTick"));
+    m_subsystems->sites->data->ReadSwitches();
+    m_keys.Read();
 }
 
 void Session::ApplyProxy() {

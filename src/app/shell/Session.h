@@ -40,6 +40,8 @@ public:
 
 private:
     void ApplyProxy();
+    void ApplyPreferences();
+    void ReadSettingsAnew();
     void ChooseFirstPage();
     void Close();
 

@@ -1,5 +1,7 @@
 #include "app/shell/Subsystems.h"
 
+#include "app/backup/Backups.h"
+#include "app/backup/DatedCopies.h"
 #include "app/base/Transfers.h"
 #include "app/custom/MultiLinks.h"
 #include "app/engine/EngineProfile.h"
@@ -32,7 +34,9 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
             setup.folders.programFolder, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
                                 setup.tables, userSites, web, profile, *links.panes)),
-      undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)) {
+      undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)),
+      backup(form, settings, undoRecorder, setup.prompts, setup.clock, setup.folders.Stores(),
+             *links.panes) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
     QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
@@ -44,8 +48,12 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
     QObject::connect(undo, &UndoCommands::Changed, portfolio.marks, &TickerMarks::Refresh);
     QObject::connect(undo, &UndoCommands::AboutToUndo, portfolio.portfolios,
                      &Portfolios::SaveUnwritten);
-    QObject::connect(undo, &UndoCommands::Restored, portfolio.portfolios, &Portfolios::Reload);
-    QObject::connect(undo, &UndoCommands::Restored, tools.colors, [this, &form, &settings] {
+    QObject::connect(undo, &UndoCommands::Changed, backup.copies, &DatedCopies::NoteChange);
+    QObject::connect(undo, &UndoCommands::Restored, backup.backups, &Backups::Restored);
+    QObject::connect(backup.backups, &Backups::AboutToRead, portfolio.portfolios,
+                     &Portfolios::SaveUnwritten);
+    QObject::connect(backup.backups, &Backups::Restored, portfolio.portfolios, &Portfolios::Reload);
+    QObject::connect(backup.backups, &Backups::Restored, tools.colors, [this, &form, &settings] {
         ForgetCustomLinks(form);
         tools.colors->Apply();
         ShowCustomLinks(form, settings);

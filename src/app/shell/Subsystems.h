@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/backup/BackupControllers.h"
 #include "app/custom/CustomControllers.h"
 #include "app/links/LinkControllers.h"
 #include "app/market/MarketControllers.h"
@@ -30,6 +31,7 @@ struct Subsystems {
     ToolControllers tools;
     SiteControllers* sites;
     UndoCommands* undo;
+    BackupControllers backup;
 };
 
 } // namespace tallowmere

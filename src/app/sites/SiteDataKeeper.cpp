@@ -47,6 +47,12 @@ SiteDataKeeper::SiteDataKeeper(frmMain& form, SettingsStore& settings, Prompts& 
     });
 }
 
+void SiteDataKeeper::ReadSwitches() {
+    m_crossing = ReadSiteList(UsableSetting(m_settings, kSettingsSection, kKey));
+    m_profile.LetCrossSites(m_crossing);
+    List();
+}
+
 void SiteDataKeeper::Show(const QString& host) {
     if (!m_window) {
         m_window = new frmSiteData(&m_form);

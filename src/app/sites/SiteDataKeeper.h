@@ -27,6 +27,9 @@ public:
     /// Opens the window, or brings it to the front, and selects the row of a host's site.
     void Show(const QString& host);
 
+    /// Reads from the settings which sites may use cookies across sites, after they changed there.
+    void ReadSwitches();
+
     /// The window while it is open.
     frmSiteData* Window() const { return m_window; }
 

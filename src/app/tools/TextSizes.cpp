@@ -25,7 +25,7 @@ void SetFont(const QFont& font) {
 
 TextSizes::TextSizes(SettingsStore& settings)
     : m_settings(settings), m_systemFont(QApplication::font()) {
-    Show(StoredIndex(settings));
+    Read();
 }
 
 TextSizes::~TextSizes() {
@@ -33,6 +33,7 @@ TextSizes::~TextSizes() {
 }
 
 void TextSizes::Serve(MainMenus& menus) {
+    m_menus = &menus;
     menus.textSizes[StoredIndex(m_settings)]->setChecked(true);
     for (std::size_t index = 0; index < kTextSizes.size(); ++index) {
         QObject::connect(
@@ -41,6 +42,13 @@ void TextSizes::Serve(MainMenus& menus) {
                 Show(index);
             });
     }
+}
+
+void TextSizes::Read() {
+    const std::size_t index = StoredIndex(m_settings);
+    if (m_menus)
+        m_menus->textSizes[index]->setChecked(true);
+    Show(index);
 }
 
 void TextSizes::Show(std::size_t index) {

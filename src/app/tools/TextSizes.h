@@ -20,12 +20,15 @@ public:
 
     /// Lets the commands of the menu choose the size; this outlives them.
     void Serve(MainMenus& menus);
+    /// Shows the size that the settings say by now.
+    void Read();
 
 private:
     void Show(std::size_t index);
 
     SettingsStore& m_settings;
     QFont m_systemFont;
+    MainMenus* m_menus = nullptr; ///< null until they are served
 };
 
 } // namespace tallowmere

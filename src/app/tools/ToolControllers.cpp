@@ -9,6 +9,7 @@
 #include "app/tools/DailyReminders.h"
 #include "app/tools/EngineNotice.h"
 #include "app/tools/Help.h"
+#include "app/tools/ReminderWatch.h"
 #include "app/tools/Setup.h"
 #include "app/tools/ShortcutEditor.h"
 
@@ -20,6 +21,7 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRec
     : colors(new ColorConfig(form, settings)),
       colorSettings(new ColorSettings(settings, undo, prompts, &form)),
       reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
+      dueReminders(new ReminderWatch(form, clock, programFolder, *reminders, *links.panes)),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
                       *colorSettings)),

@@ -10,6 +10,7 @@ class ColorSettings;
 class DailyReminders;
 class EngineNotice;
 class Prompts;
+class ReminderWatch;
 class SettingsStore;
 class Setup;
 class ShortcutEditor;
@@ -28,6 +29,7 @@ struct ToolControllers {
     ColorConfig* colors;
     ColorSettings* colorSettings;
     DailyReminders* reminders;
+    ReminderWatch* dueReminders;
     EngineNotice* engine;
     Setup* setup;
     ShortcutEditor* shortcuts;

@@ -273,6 +273,22 @@ void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std:
         AppendToFile(path, record);
 }
 
+void ReplaceNotes(const std::filesystem::path& folder, const std::vector<ReplacedNote>& notes,
+                  std::string_view file) {
+    if (notes.empty())
+        return;
+    std::vector<std::string> keys;
+    std::string records;
+    for (const auto& [key, note] : notes) {
+        keys.push_back(key);
+        if (!key.empty() && !note.empty())
+            records += NoteRecord(key, note);
+    }
+    const std::string content = ReadStore(folder, file);
+    WriteWholeFile(PathInFolder(folder, file),
+                   RemoveNotes(content, keys).value_or(content) + records);
+}
+
 std::string StorableNote(std::string_view note) {
     constexpr std::size_t kMostBars = kEnd.size() - 1;
     std::string storable;

@@ -43,6 +43,15 @@ bool HasNote(const std::filesystem::path& folder, std::string_view key, std::str
 void ReplaceNote(const std::filesystem::path& folder, std::string_view key, std::string_view note,
                  std::string_view file);
 
+/// What the text of a key is to be.
+struct ReplacedNote {
+    std::string key, note;
+};
+
+/// The same for several keys, in one write.
+void ReplaceNotes(const std::filesystem::path& folder, const std::vector<ReplacedNote>& notes,
+                  std::string_view file);
+
 /// The note in a form that reads back whole: blanks are put between the bars where five in a row,
 /// or bars at the end, would be taken for the mark that ends a record.
 std::string StorableNote(std::string_view note);

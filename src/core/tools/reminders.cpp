@@ -2,7 +2,10 @@
 
 #include "core/text/bytes.h"
 
+#include <algorithm>
 #include <array>
+#include <tuple>
+#include <utility>
 
 namespace tallowmere {
 
@@ -36,6 +39,10 @@ int Number(std::string_view text) {
         number = number * 10 + (c - '0');
     }
     return number;
+}
+
+bool IsBefore(Date one, Date other) {
+    return std::tie(one.year, one.month, one.day) < std::tie(other.year, other.month, other.day);
 }
 
 /// Skips what is left of the bars of a text that itself ends with bars: its end was found too
@@ -87,6 +94,31 @@ std::vector<Reminder> ReadReminders(std::string_view content) {
         SkipLeftBars(cursor, inspected);
     }
     return reminders;
+}
+
+std::vector<Reminder> RemindersSince(std::string_view content, Date after, Date today) {
+    std::vector<std::pair<Date, Reminder>> due;
+    for (const Reminder& reminder : ReadReminders(content))
+        if (const auto day = DayOfKey(reminder.key);
+            day && !reminder.text.empty() && IsBefore(after, *day) && !IsBefore(today, *day))
+            due.emplace_back(*day, reminder);
+    std::stable_sort(due.begin(), due.end(), [](const auto& one, const auto& other) {
+        return IsBefore(one.first, other.first);
+    });
+    std::vector<Reminder> reminders;
+    for (const auto& [day, reminder] : due)
+        reminders.push_back(reminder);
+    return reminders;
+}
+
+std::string DueWords(const std::vector<Reminder>& due) {
+    if (due.empty())
+        return {};
+    const std::string_view text = due.front().text;
+    const std::string first(text.substr(0, text.find_first_of("\r\n")));
+    return due.size() == 1
+               ? "Reminder: " + first
+               : "Reminders: " + first + " (and " + std::to_string(due.size() - 1) + " more)";
 }
 
 std::string SummaryLine(const Reminder& reminder) {

@@ -43,6 +43,13 @@ std::string SummaryLine(const Reminder& reminder);
 /// The count beside the summary, "( 3 )".
 std::string SummaryCount(std::size_t count);
 
+/// The reminders of the days after `after` up to `today`, the oldest first.
+std::vector<Reminder> RemindersSince(std::string_view content, Date after, Date today);
+
+/// What is said of reminders that came due: "Reminder: MSFT goes ex dividend", and with others
+/// "Reminders: MSFT goes ex dividend (and 2 more)". Empty without any.
+std::string DueWords(const std::vector<Reminder>& due);
+
 /// What the summary shows.
 struct ReminderSummary {
     std::vector<std::string> lines;        ///< one per reminder, or the line that there are none

@@ -438,5 +438,21 @@ TEST(NoteLines, TheFirstOneStandsInTheMenu) {
     EXPECT_EQ(FirstLine("\xC3\xA4\xC3\xA4\xC3\xA4", 2), "\xC3\xA4\xC3\xA4\xE2\x80\xA6");
 }
 
+TEST(ReplaceNotes, SeveralAreReplacedInOneWrite) {
+    const TemporaryFolder folder;
+    ReplaceNotes(folder.Path(), {}, kTickerNotesFile);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "TickNotes.txt"));
+    WriteWholeFile(folder.Path() / "TickNotes.txt",
+                   NoteRecord("A", "old") + NoteRecord("B", "stays") + NoteRecord("C", "goes"));
+    ReplaceNotes(folder.Path(), {{"A", "young"}, {"C", ""}, {"D", "new"}, {"", "none"}},
+                 kTickerNotesFile);
+    const std::string content = ReadExistingFile(folder.Path() / "TickNotes.txt");
+    EXPECT_EQ(FindNote(content, "A"), "young");
+    EXPECT_EQ(FindNote(content, "B"), "stays");
+    EXPECT_EQ(FindNote(content, "C"), "");
+    EXPECT_EQ(FindNote(content, "D"), "new");
+    EXPECT_EQ(content.find("none"), std::string::npos);
+}
+
 } // namespace
 } // namespace tallowmere

@@ -114,5 +114,33 @@ TEST(Reminders, RecordsOnOneLineAreReadToo) {
                 ElementsAre("12/31/1999 - a", "01/01/2000 - x"));
 }
 
+TEST(Reminders, ThoseOfTheDaysSinceAreDue) {
+    const std::string content = "||11-23-2026||c|||||\r\n||11-21-2026||a|||||\r\n"
+                                "||11-22-2026||b|||||\r\n||11-24-2026|||||||\r\n"
+                                "||never||x|||||\r\n||12-01-2025||old|||||\r\n";
+    struct Case {
+        Date after, today;
+        std::vector<std::string> texts;
+    };
+    const Case cases[] = {
+        {{2026, 11, 21}, {2026, 11, 22}, {"b"}}, {{2026, 11, 20}, {2026, 11, 23}, {"a", "b", "c"}},
+        {{2026, 11, 21}, {2026, 11, 21}, {}},    {{2026, 11, 22}, {2026, 11, 21}, {}},
+        {{2026, 11, 23}, {2026, 11, 24}, {}},    {{2025, 11, 30}, {2026, 1, 1}, {"old"}},
+    };
+    for (const auto& [after, today, texts] : cases) {
+        std::vector<std::string> due;
+        for (const Reminder& reminder : RemindersSince(content, after, today))
+            due.emplace_back(reminder.text);
+        EXPECT_EQ(due, texts);
+    }
+}
+
+TEST(Reminders, WhatIsDueIsSaidInALine) {
+    EXPECT_EQ(DueWords({}), "");
+    EXPECT_EQ(DueWords({{"k", "one\r\ntwo"}}), "Reminder: one");
+    EXPECT_EQ(DueWords({{"k", "one"}, {"k", "two"}, {"k", "three"}}),
+              "Reminders: one (and 2 more)");
+}
+
 } // namespace
 } // namespace tallowmere
