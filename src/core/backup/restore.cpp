@@ -63,8 +63,13 @@ void BringBack(SettingsStore& settings, const std::vector<OldFile>& files,
 
 /// Writes the plan; what was written is brought back when the rest cannot be.
 void WriteAll(const StorePlaces& places, SettingsStore& settings, const RestorePlan& plan) {
-    const std::vector<SettingChange> back = Reversed(settings, plan.settings);
+    // A settings file is brought back byte for byte; the registry has no such thing.
+    std::vector<SettingChange> back;
     std::vector<OldFile> old;
+    if (places.settingsFile.empty())
+        back = Reversed(settings, plan.settings);
+    else if (!plan.settings.empty())
+        old.push_back({places.settingsFile, ReadExistingFile(places.settingsFile)});
     try {
         if (!plan.settings.empty())
             settings.ChangeSettings(plan.settings);

@@ -101,7 +101,8 @@ std::map<BackupPart, Items> SettingItems(const SettingsValues& values) {
     ForEachSetting(
         FinderOf(values), FinderOf(values),
         [&](const KnownSetting& setting, BackupPart part, const auto& value, const auto&) {
-            if (value && !value->empty())
+            // A command that has lost its shortcuts has an empty value.
+            if (value && (!value->empty() || setting.section == kShortcutsSection))
                 parts[part][ItemOf(setting, part)] += setting.key + '=' + *value + '\n';
         });
     return parts;

@@ -206,15 +206,16 @@ private Q_SLOTS:
         BackupUser user;
         WriteWholeFile(ToPath(user.File(u"settings.ini"_s)), "[Settings]\nStocks1=GE|\n");
         user.prompts.files << user.temporary.path();
-        WithDialog<frmRestore>([&] { user.Menus().At("importProfile")->trigger(); }, BackupUser::Accept);
+        WithDialog<frmRestore>([&] { user.Menus().At("importProfile")->trigger(); },
+                               BackupUser::Accept);
         QCOMPARE(user.Tickers(), QStringList{u"GE"_s});
     }
 
     void NothingIsDoneWhenNoFileIsChosen() {
         BackupUser user;
         const BackupFiles before = user.Stored();
-        for (QAction* command :
-             {user.Menus().At("backUp"), user.Menus().At("restore"), user.Menus().At("importProfile")})
+        for (QAction* command : {user.Menus().At("backUp"), user.Menus().At("restore"),
+                                 user.Menus().At("importProfile")})
             command->trigger();
         QVERIFY(user.Stored() == before);
         QCOMPARE(user.prompts.messages.size(), 3);

@@ -113,6 +113,8 @@ TEST(RestorePlan, ShortcutsAreSettings) {
     EXPECT_THAT(Of(BackupPart::Settings, now, backup).changed, ElementsAre("shortcuts"));
     EXPECT_EQ(PlanRestore(now, backup, kAll).files,
               (BackupFiles{{"settings.ini", "[Shortcuts]\nundo=F3\n"}}));
+    EXPECT_THAT(Of(BackupPart::Settings, {}, {{"settings.ini", "[Shortcuts]\nundo=\n"}}).fresh,
+                ElementsAre("shortcuts"));
 }
 
 TEST(RestorePlan, WhatIsAboutThisMachineIsNoChange) {
