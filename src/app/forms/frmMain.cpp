@@ -322,8 +322,11 @@ void frmMain::SetBackground(const QColor& color) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    Q_EMIT Closing();
-    event->accept();
+    bool mayClose = true;
+    Q_EMIT CloseWanted(&mayClose);
+    event->setAccepted(mayClose);
+    if (mayClose)
+        Q_EMIT Closing();
 }
 
 void frmMain::changeEvent(QEvent* event) {

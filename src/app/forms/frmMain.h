@@ -89,6 +89,8 @@ public:
     void SetPanels(int leftWidth, int rightWidth, bool leftFolded, bool rightFolded);
 
 Q_SIGNALS:
+    /// The user wants to close the window; who sets `mayClose` to false keeps it open.
+    void CloseWanted(bool* mayClose);
     /// The window is about to close; the program ends.
     void Closing();
     /// The pointer moved over the window's own surface: its horizontal position and the window's

@@ -2,6 +2,7 @@
 
 #include "app/base/Transfers.h"
 #include "app/custom/MultiLinks.h"
+#include "app/engine/DownloadList.h"
 #include "app/engine/EngineProfile.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
@@ -29,13 +30,14 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
       market(form, settings, setup.tables.sites, setup.prompts, setup.clock, profile, links,
              transfers),
       tools(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
-            setup.folders.programFolder, links),
+            setup.folders.programFolder, profile, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
                                 setup.tables, userSites, web, profile, *links.panes)),
       undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
-    QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
+    QObject::connect(&profile.Downloads(), &DownloadList::Status, links.panes,
+                     &PaneDeck::ShowLastingStatus);
     QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
                      &Portfolios::PaintNumbers);
     QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);

@@ -71,6 +71,7 @@ constexpr CommandRow kCommands[] = {
     {"zoomIn",            "Zoom &In",                  Page,      2, Plain,     kPages,   kNoLink, "Ctrl++ Ctrl+=",        "make the page larger"},
     {"zoomOut",           "Zoom &Out",                 Page,      2, Plain,     kPages,   kNoLink, "Ctrl+-",               "make the page smaller"},
     {"zoomReset",         "Nor&mal Size",              Page,      2, Plain,     kPages,   kNoLink, "Ctrl+0",               "show the page in its normal size"},
+    {"downloads",         "&Downloads...",             Page,      3, Plain,     kMain,    kNoLink, "Ctrl+J",               "files that were saved from pages"},
     {"foldLeft",          "&Left Panel",               View,      1, Checkable, kMain,    kNoLink, "F7",                   "fold the left panel"},
     {"foldRight",         "&Right Panel",              View,      1, Checkable, kMain,    kNoLink, "F8",                   "fold the right panel"},
     {"link80",            "Smart &Navigate...",        Tools,     1, Plain,     kMain,    80,      "Ctrl+L",               "go to an address"},

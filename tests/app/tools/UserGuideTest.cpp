@@ -126,7 +126,7 @@ private Q_SLOTS:
               "Multi-links", "Condensed",    "Report",    "Reminders",      "Watch windows",
               "Ticker scan", "Proxy",        "Colours",   "Active edges",   "AutoRefresh",
               "indices",     "ticker strip", "New Sites", "--web sample",   "--profile",
-              "Sites",       "Ctrl+L"})
+              "Sites",       "Ctrl+L",       "Downloads"})
             QTest::newRow(word) << QString::fromLatin1(word);
     }
     void ThePanesFindSearchesIt() {
