@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/engine/BuiltAddresses.h"
 #include "app/engine/PaneFrame.h"
+#include "app/engine/PanePlace.h"
 
 #include <QDateTime>
 #include <QPointer>
@@ -32,6 +32,10 @@ public:
     void Navigate(const QString& address);
     void GoBack();
     void GoForward();
+    /// Where Back or Forward leads from here, the nearest first, as many as are listed.
+    QList<HistoryEntry> Steps(HistorySide side) const { return m_place.Steps(side); }
+    /// Goes to one of them; does nothing when the history is another one by now.
+    void GoTo(const HistoryEntry& entry);
     void Stop();
     /// Ends the page with all that it runs; the pane is as before its first navigation.
     void EndPage();
@@ -44,11 +48,11 @@ public:
     bool IsPagesOwnWish() const { return m_isInPageHook; }
     /// The address of what the pane shows, as built: no stand-in and no redirect changes it. Where
     /// the user followed links it is the page's own. Empty before the first page.
-    QString LocationURL() const;
+    QString LocationURL() const { return m_place.Location(); }
 
     /// The address of what the pane shows, as the engine has it after every redirect: one that
     /// works in any browser. For a page of the program's own, which has none, that of LocationURL.
-    QString RealAddress() const;
+    QString RealAddress() const { return m_place.RealAddress(); }
     /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
     /// later, and is not when the pane goes before.
     void ReadText(std::function<void(const QString&)> receive) const;
@@ -95,7 +99,6 @@ private:
     void ShowPage();
     void HidePage();
     void Refuse(const QString& address);
-    QUrl RealUrl() const;
     void ShowLocation();
 
     EngineProfile& m_profile;
@@ -104,7 +107,7 @@ private:
     QPointer<BrowserPane> m_newWindowTarget;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
     QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
-    BuiltAddresses m_built;
+    PanePlace m_place;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
     bool m_isAskingPlainly = false; ///< a load by http is to take the place of one by https

@@ -3,6 +3,7 @@
 #include "core/tools/color_config.h"
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 
 #include <optional>
 
@@ -47,6 +48,10 @@ public:
     /// Whether a second press that follows quickly is a double click; if not, it is one more press.
     void SetHasDoubleClick(bool has) { m_hasDoubleClick = has; }
 
+    /// Whether the left button does something else when it is held: `LongPressed` comes then, and
+    /// no click when it is released.
+    void SetHasLongPress(bool has) { m_hasLongPress = has; }
+
     /// The chip looks as without the pointer until that moves over it again: after a menu or a
     /// drag nobody tells it where the pointer went.
     void ForgetPointer();
@@ -65,6 +70,7 @@ Q_SIGNALS:
     void MouseMoved(Qt::MouseButtons buttons, const QPoint& movedBy);
     void MouseUp(Qt::MouseButton button, bool inside);
     void DoubleClicked();
+    void LongPressed();
     void MenuKey();
     void Dropped(int sourceIndex);
     void PointerMoved();
@@ -84,6 +90,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     void AttendPointer();
@@ -96,6 +103,9 @@ private:
     int m_index;
     bool m_quiet = false;
     bool m_hasDoubleClick = false;
+    bool m_hasLongPress = false;
+    bool m_wasHeld = false; ///< the release to come is the end of a long press
+    QBasicTimer m_holding;
     bool m_isHovered = false;
     std::optional<QPoint> m_forgottenAt; ///< where the pointer was when it was forgotten
     QPoint m_pressedAt;

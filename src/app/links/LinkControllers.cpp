@@ -2,6 +2,7 @@
 
 #include "app/base/Transfers.h"
 #include "app/forms/frmMain.h"
+#include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
@@ -24,6 +25,7 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       popups(new SitePopups(form, sites, menus, prompts, clock, *dispatch, *panes)),
       lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
       navigate(new SmartNavigate(form, settings, *panes)) {
+    new HistoryMenus(form, *panes, *panel);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
     QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {
         if (!held)

@@ -46,6 +46,10 @@ LinkAction ActionOf(const Chip* link) {
     return Catalogue()[static_cast<std::size_t>(link->Index())].action;
 }
 
+bool HasHistory(const Chip* link) {
+    return ActionOf(link) == LinkAction::Back || ActionOf(link) == LinkAction::Forward;
+}
+
 } // namespace
 
 LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
@@ -71,6 +75,10 @@ void LinkPanel::Connect(Chip* link) {
     connect(link, &Chip::Focused, this, [=, this] { m_target = link; });
     connect(link, &Chip::MenuKey, this, [=, this] { OpenMenu(link); });
     connect(link, &Chip::PointerMoved, this, &LinkPanel::EdgesTouched);
+    if (HasHistory(link)) {
+        link->SetHasLongPress(true);
+        connect(link, &Chip::LongPressed, this, [=, this] { LongPress(link); });
+    }
     if (IsCustomSlot(link->Index())) {
         link->SetTakesDrops(true);
         connect(link, &Chip::Dropped, this, [=, this](int source) { Drop(link, source); });
@@ -92,7 +100,9 @@ void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
 }
 
 void LinkPanel::RightPress(Chip* link) {
-    if (!IsCustomSlot(link->Index())) {
+    if (HasHistory(link)) {
+        OpenHistory(link);
+    } else if (!IsCustomSlot(link->Index())) {
         if (OpensOutside(ActionOf(link)))
             m_panes.OpenNextOutside(true);
     } else if (IsUnusedSlot(link)) {
@@ -106,8 +116,24 @@ void LinkPanel::RightPress(Chip* link) {
 void LinkPanel::OpenMenu(Chip* link) {
     if (IsUnusedSlot(link))
         m_dispatch.Click(link->Index());
+    else if (HasHistory(link))
+        OpenHistory(link);
     else
         Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+void LinkPanel::OpenHistory(const Chip* link) {
+    Q_EMIT HistoryRequested(ActionOf(link) == LinkAction::Back ? HistorySide::Back
+                                                               : HistorySide::Forward,
+                            link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+// The button is still down, but the label will not be clicked.
+void LinkPanel::LongPress(Chip* link) {
+    RestoreColors(link);
+    m_pressed = false;
+    Q_EMIT Held(false);
+    OpenHistory(link);
 }
 
 bool LinkPanel::CanOpenOutside(const Chip* link) {

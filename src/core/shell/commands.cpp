@@ -64,6 +64,8 @@ constexpr CommandRow kCommands[] = {
     {"link100",           "&Stop",                     Page,      1, Plain,     kMain,    100,     "Ctrl+.",               "stop loading"},
     {"link0",             "&Refresh",                  Page,      1, Plain,     kPages,   0,       "F5 Ctrl+R",            "load the page again"},
     {"link43",            "&Copy Address",             Page,      1, Plain,     kMain,    43,      "Ctrl+Shift+C",         "copy the address of the page"},
+    {"backMenu",          "Back &To",                  Page,      1, Submenu,   kMain,    kNoLink, "",                     ""},
+    {"forwardMenu",       "For&ward To",               Page,      1, Submenu,   kMain,    kNoLink, "",                     ""},
     {"copyBuilt",         "Copy Built &Address",       Page,      1, Plain,     kMain,    kNoLink, "",                     "copy the address that the program built"},
     {"mnuRefresh",        "AutoRefresh",               Page,      1, Checkable, kMain,    kNoLink, "",                     "reload the page by itself, or not"},
     {"closeTab",          "C&lose",                    Page,      1, Awaited,   kPages | kDialogs, kNoLink, "Ctrl+W",      "close the watch window or dialog in front"},
