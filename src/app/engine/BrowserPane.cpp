@@ -94,6 +94,7 @@ void BrowserPane::EnsurePage() {
             Q_EMIT StatusTextChange(LocationURL());
     });
     connect(m_page, &PanePage::Crashed, this, &BrowserPane::OnCrash);
+    connect(m_page, &QWebEnginePage::titleChanged, this, &BrowserPane::TitleChanged);
 }
 
 void BrowserPane::EndQuestions() {
@@ -295,11 +296,21 @@ void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
     }
 }
 
-void BrowserPane::OnWindowWanted(const QUrl& url) {
+void BrowserPane::OnWindowWanted(const QUrl& url, bool isInFront) {
     BrowserPane* target = m_newWindowTarget ? m_newWindowTarget.data() : this;
     const QString address = m_profile.AddressOf(url);
-    QMetaObject::invokeMethod(
-        target, [target, address] { target->Navigate(address); }, Qt::QueuedConnection);
+    const bool isOffered = target == this && m_offersWindows && !address.isEmpty();
+    const auto open = [=] {
+        if (isOffered)
+            Q_EMIT target->PaneWanted(address, isInFront);
+        else
+            target->Navigate(address);
+    };
+    QMetaObject::invokeMethod(target, open, Qt::QueuedConnection);
+}
+
+QString BrowserPane::Title() const {
+    return m_page && IsPageShown() && !LocationURL().isEmpty() ? m_page->title() : QString();
 }
 
 // The address that was built says http; only the way to it is tried by https first. What a form

@@ -59,6 +59,10 @@ public:
 
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
+    /// Such a window is told as PaneWanted, and nothing is opened here.
+    void OfferWindows() { m_offersWindows = true; }
+    /// The title of the page that is shown, of strangers; empty before the first page.
+    QString Title() const;
 
     /// Calls `then` when the page has frames that hold nothing: sites refused to be framed, or
     /// could not be reached. To be asked when the page is complete.
@@ -69,6 +73,9 @@ Q_SIGNALS:
     /// as it was given. It is not raised for redirects, Back, Forward and Refresh. A receiver that
     /// calls `Navigate` replaces the navigation.
     void BeforeNavigate2(const QString& address, bool* cancel);
+    /// The page opened a window on the user's wish: a further pane for that address.
+    void PaneWanted(const QString& address, bool isInFront);
+    void TitleChanged();
     void StatusTextChange(const QString& text);
     /// 0 to 100 of 100 during a load, 0 of 0 when it is over.
     void ProgressChange(int progress, int maximum);
@@ -94,7 +101,7 @@ private:
     void OnCrash();
     void OnStorm();
     void GiveUpPage();
-    void OnWindowWanted(const QUrl& url);
+    void OnWindowWanted(const QUrl& url, bool isInFront);
     void TellOfEmptyAnswer(int status);
     void ShowPage();
     void HidePage();
@@ -105,6 +112,7 @@ private:
     Prompts& m_prompts;
     QPointer<PanePage> m_page;
     QPointer<BrowserPane> m_newWindowTarget;
+    bool m_offersWindows = false;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
     QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
     PanePlace m_place;

@@ -23,6 +23,7 @@ class CommandKeys;
 class EngineProfile;
 class Grip;
 class Prompts;
+class TabRow;
 class UndoBar;
 
 /// The main window: its controls under their names, and where they stand. What they do is the
@@ -50,6 +51,7 @@ public:
     // Panes.
     BrowserPane* Web;
     BrowserPane* WebB;
+    TabRow* tabRow; ///< above the panes, while there are further ones
     QFrame* fraTick;
     BrowserPane* WebTick;
     QLabel* WebStatus;
@@ -67,6 +69,16 @@ public:
     /// Pops a menu up at the pointer, or below the control that has the focus when the keyboard
     /// asked for it.
     void PopUp(QMenu* menu);
+
+    /// A further pane in the place of `Web` and `WebB`, not in front.
+    BrowserPane* AddPane();
+    /// Takes a further pane away; it ends when nothing uses it any more.
+    void RemovePane(BrowserPane* pane);
+    const QList<BrowserPane*>& FurtherPanes() const { return m_furtherPanes; }
+    /// `Web`, `WebB` and the further ones.
+    QList<BrowserPane*> Panes() const { return QList<BrowserPane*>{Web, WebB} + m_furtherPanes; }
+    /// Shows or hides the row of tabs and makes room for it.
+    void ShowTabs(bool shown);
 
     /// Shows or hides the ticker strip and makes room for it.
     void ShowTicker(bool shown);
@@ -107,7 +119,8 @@ protected:
 private:
     void BuildPortfolioControls();
     void BuildLinks();
-    void BuildPanes(EngineProfile& profile, Prompts& prompts);
+    void BuildPanes();
+    BrowserPane* MakePane(const QString& name, const QString& accessibleName, QWidget* parent);
     QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
     void LayOutPortfolio(const QRect& area);
     void LayOutUndoBar();
@@ -115,6 +128,10 @@ private:
     void ConnectGrips();
     void TellPointer(const QPoint& globalPosition);
 
+    EngineProfile& m_profile;
+    Prompts& m_prompts;
+    QList<BrowserPane*> m_furtherPanes;
+    int m_panesMade = 0; ///< further ones, for their names
     QWidget* m_body;
     Grip* m_leftGrip;
     Grip* m_rightGrip;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/forms/Chip.h"
+#include "core/links/page_place.h"
 #include "core/pages/history_list.h"
 
 #include <QObject>
@@ -64,7 +65,9 @@ private:
     void OpenHistory(const Chip* link);
     void LongPress(Chip* link);
     void PrepareLinkMenu();
-    void OpenTargetOutside();
+    void OpenTarget(PagePlace place);
+    void OpenWhere(Chip* link, PagePlace place);
+    PagePlace PlaceOf(const Chip* link, Qt::MouseButton button) const;
     void Drop(Chip* target, int source);
     void RestoreColors(Chip* link);
 

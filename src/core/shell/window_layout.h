@@ -31,6 +31,7 @@ struct LayoutRequest {
     int leftWidth = 0; ///< as the user dragged it, 0 for the width that suits the window
     int rightWidth = 0;
     int portfolioHeight = 0; ///< what the portfolio controls would like
+    int tabsHeight = 0;      ///< of the row of tabs, 0 without one
     int statusHeight = 0;    ///< of the status line
     int stripHeight = 0;     ///< of the index strip
 };
@@ -43,6 +44,7 @@ struct WindowLayout {
     Rect portfolio;
     Rect left;
     Rect leftGrip;
+    Rect tabs;
     Rect web;
     Rect rightGrip;
     Rect right;
