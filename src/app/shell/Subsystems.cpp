@@ -11,6 +11,7 @@
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerMarks.h"
+#include "app/shell/KeptSession.h"
 #include "app/shell/SessionSetup.h"
 #include "app/shell/UndoCommands.h"
 #include "app/tools/ColorConfig.h"
@@ -33,7 +34,8 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
             setup.folders.programFolder, profile, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
                                 setup.tables, userSites, web, profile, *links.panes)),
-      undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)) {
+      undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)),
+      kept(new KeptSession(form, settings, *links.tabs, *market.watches)) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
     QObject::connect(&profile.Downloads(), &DownloadList::Status, links.panes,

@@ -10,6 +10,7 @@
 namespace tallowmere {
 
 class EngineProfile;
+class KeptSession;
 class UndoCommands;
 class UndoRecorder;
 class UserSites;
@@ -30,6 +31,7 @@ struct Subsystems {
     ToolControllers tools;
     SiteControllers* sites;
     UndoCommands* undo;
+    KeptSession* kept;
 };
 
 } // namespace tallowmere
