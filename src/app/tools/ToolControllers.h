@@ -19,8 +19,8 @@ class UndoRecorder;
 class frmMain;
 struct LinkControllers;
 
-/// The controllers of colours, setup, shortcuts, reminders, downloads and help, connected to each other
-/// and to the links below them. The form owns the controllers.
+/// The controllers of colours, setup, shortcuts, reminders, downloads and help, connected to each
+/// other and to the links below them. The form owns the controllers.
 struct ToolControllers {
     ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
                     const SiteTable& sites, Prompts& prompts, const Clock& clock,
