@@ -6,11 +6,13 @@ The program runs in sample mode on a profile of its own.
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import zipfile
 from pathlib import Path
 
 import driver
+from web_server import Server
 
 TITLE = 20  # pixels that the window manager's title takes above a dialog
 NOTE_LINE = "Cloud growth slows? Read the next report\u2026"
@@ -107,6 +109,7 @@ class Pictures:
 
         self.commands()
         self.panels()
+        self.tabs()
 
         self.window.find(name="Calendar").click()
         self.take("site-menu", left + 160, top + 20, 560, 330)
@@ -159,6 +162,21 @@ class Pictures:
             menu.click()
         self.take("panels", left, top, 470, 560)
         driver.press("Escape", "Escape", "Escape")
+
+    def tabs(self):
+        left, top, width, _ = self.window.extents
+        for description in ("ZACKS Research", "Yahoo! News Page"):
+            self.link(description).click(button=2)
+        driver.wait_for(lambda: len(self.window.find_all(role="page tab")) == 3 and
+                        not self.window.find_all(role="page tab", name=""), "the tabs")
+        pane = self.window.find(name="Research page")
+        driver.move_pointer(left + 700, top + 600)
+        left, top, width, _ = pane.extents
+        self.take("tabs", left, top - 40, width, 240)
+        for _ in range(2):
+            self.press("ctrl+Tab")
+            self.press("ctrl+w")
+        driver.wait_for(lambda: not self.window.find_all(role="page tab"), "the row to go")
 
     def program_find(self):
         self.press("ctrl+f")
@@ -301,6 +319,59 @@ class Pictures:
         self.take("strip", left, top + 20, width, 90)
 
 
+def save(program, server, path, name):
+    """Saves a file of the server under a path by way of the program's dialogs."""
+    driver.xdotool("windowactivate", "--sync", program.window_id())
+    driver.press("ctrl+l")
+    dialog = program.application.find(role="dialog",
+                                      name="Smart Navigate - Enter a URL or Site Name")
+    driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
+    driver.type_text(f"{server.host}/{name}")
+    driver.press("Return")
+    driver.wait_for(lambda: not dialog.showing, "the dialog to close")
+    chooser = program.application.find(role="dialog", name="Save As")
+    box = chooser.find(role="text")
+    driver.wait_for(lambda: box.focused and box.text.endswith(name), "the proposed name")
+    driver.press("ctrl+a")
+    driver.type_text(str(path / name))
+    driver.press("Return")
+    driver.wait_for(lambda: not chooser.showing, "the dialog to close")
+
+
+def downloads(binary, folder, profile):
+    """The list of downloads: what is in it comes from a server of our own."""
+    held = threading.Event()
+    with Server() as server:
+        for name, size in (("filings.zip", 2_400_000), ("prices.csv", 48_000),
+                           ("annual-report.pdf", 5_200_000)):
+            server.services[f"/{name}"] = \
+                lambda path, size=size: ("application/octet-stream", "x" * size)
+            server.headers[f"/{name}"] = {
+                "Content-Disposition": f'attachment; filename="{name}"'}
+        for name in ("filings.zip", "annual-report.pdf"):
+            server.held[f"/{name}"] = held
+        sites = profile / "sites.toml"
+        sites.write_text(f'[hosts]\ndefault = "http://{server.host}"\n')
+        with driver.Program(binary, "--web", "direct", "--sites", sites,
+                            profile=profile / "downloads") as program:
+            pictures = Pictures(program, folder)
+            pictures.size(1080, 760)
+            save(program, server, profile, "filings.zip")
+            driver.press("ctrl+j")
+            dialog = pictures.dialog("Downloads")
+            driver.wait_for(lambda: any(cell.name.startswith("1.2 MB of")
+                                        for cell in dialog.walk()), "the file under way")
+            dialog.find(role="push button", name="Cancel Download").click()
+            for name in ("prices.csv", "annual-report.pdf"):
+                save(program, server, profile, name)
+            driver.wait_for(lambda: any(cell.name.startswith("2.6 MB of")
+                                        for cell in dialog.walk()), "the file under way")
+            driver.xdotool("windowactivate", "--sync",
+                           driver.xdotool("search", "--name", "^Downloads$").split()[0])
+            pictures.take_dialog("downloads", dialog)
+            held.set()
+
+
 def main():
     program, folder = sys.argv[1:]
     Path(folder).mkdir(parents=True, exist_ok=True)
@@ -310,6 +381,7 @@ def main():
         Path(profile, "remind.txt").write_bytes(REMINDERS.encode())
         with driver.Program(program, "--web", "sample", profile=profile) as running:
             Pictures(running, Path(folder)).run()
+        downloads(program, Path(folder), Path(profile))
 
 
 if __name__ == "__main__":

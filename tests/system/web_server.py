@@ -13,13 +13,15 @@ class Server:
     """A web server on the loopback interface. `pages` maps a path with its query to a body; any
     other address gives a small page that names it. `headers` maps a path to further headers of its
     answer. `services` maps a path without its query to a function that gives the type and the body
-    of an answer to a path, with a status behind them if it is not 200, or None to hang up.
+    of an answer to a path, with a status behind them if it is not 200, or None to hang up. `held`
+    maps a path to an event that the second half of its answer waits for.
     `requests` is what was asked for, in order."""
 
     def __init__(self):
         self.pages = {}
         self.headers = {}
         self.services = {}
+        self.held = {}
         self.requests = []
         self._changed = threading.Condition()
         server = self
@@ -47,6 +49,11 @@ class Server:
                     self.send_header(header, value)
                 self.end_headers()
                 with contextlib.suppress(BrokenPipeError, ConnectionResetError):
+                    if event := server.held.get(path):
+                        self.wfile.write(data[:len(data) // 2])
+                        self.wfile.flush()
+                        event.wait()
+                        data = data[len(data) // 2:]
                     self.wfile.write(data)
 
             def log_message(self, *_):

@@ -31,7 +31,7 @@ constexpr auto kStartPatience = std::chrono::seconds(1);
 } // namespace
 
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
-    : PaneFrame(parent), m_profile(profile), m_prompts(prompts) {
+    : PaneFrame(parent), m_profile(profile), m_prompts(prompts), m_place(profile, *m_notice) {
     connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_passwords, &PasswordLookout::Found, this, &BrowserPane::ShowLocation);
     connect(&profile.Access().Https(), &HttpsHosts::FoundPlain, this, [this](const QString& host) {
@@ -58,11 +58,12 @@ void BrowserPane::EnsurePage() {
     if (m_page)
         return;
     m_page = new PanePage(m_profile, m_prompts);
+    m_place.SetPage(m_page);
     SetView(new PageView(*m_page, *m_findBar, this));
     // A page may make its boxes later than it is complete, but before somebody types into them.
     connect(m_view, &PageView::SiteDataWanted, &m_profile, &EngineProfile::SiteDataWanted);
     connect(&m_view->Input(), &UserInput::Happened, this,
-            [this] { m_passwords->Look(*m_page, RealUrl()); });
+            [this] { m_passwords->Look(*m_page, m_place.Real()); });
     if (HasLocation())
         m_page->SetQuestion(m_question);
     connect(m_page, &PanePage::Stormed, this, &BrowserPane::OnStorm);
@@ -78,7 +79,7 @@ void BrowserPane::EnsurePage() {
     connect(m_page, &PanePage::WindowWanted, this, &BrowserPane::OnWindowWanted);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &BrowserPane::OnLoading);
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int progress) {
-        if (const QUrl url = RealUrl(); url.scheme() == u"https")
+        if (const QUrl url = m_place.Real(); url.scheme() == u"https")
             m_profile.Access().Https().NoteSecure(url.host());
         ShowLocation();
         if (m_isBusy)
@@ -93,6 +94,7 @@ void BrowserPane::EnsurePage() {
             Q_EMIT StatusTextChange(LocationURL());
     });
     connect(m_page, &PanePage::Crashed, this, &BrowserPane::OnCrash);
+    connect(m_page, &QWebEnginePage::titleChanged, this, &BrowserPane::TitleChanged);
 }
 
 void BrowserPane::EndQuestions() {
@@ -159,6 +161,14 @@ void BrowserPane::GoForward() {
         m_page->Walk().GoForward();
 }
 
+void BrowserPane::GoTo(const HistoryEntry& entry) {
+    EndQuestions();
+    if (m_place.IsCovered(entry))
+        ShowPage();
+    else if (m_place.Has(entry))
+        m_page->Walk().GoTo(entry.index);
+}
+
 void BrowserPane::Stop() {
     EndQuestions();
     if (!m_page || !m_isBusy)
@@ -178,7 +188,7 @@ void BrowserPane::EndPage() {
     if (m_isBusy)
         End(false);
     m_findBar->hide();
-    m_built = {};
+    m_place.SetPage(nullptr);
     delete std::exchange(m_view, nullptr);
     delete m_page;
 }
@@ -192,15 +202,6 @@ void BrowserPane::Refresh() {
         m_pendingAddress = LocationURL();
         m_page->triggerAction(QWebEnginePage::Reload);
     }
-}
-
-QString BrowserPane::LocationURL() const {
-    if (m_notice->HasLostPage())
-        return m_notice->Address();
-    if (!m_page || m_page->history()->count() == 0)
-        return {};
-    const QString built = m_built.OfCurrent(*m_page->history());
-    return built.isEmpty() ? m_profile.AddressOf(m_page->url()) : built;
 }
 
 void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
@@ -225,7 +226,7 @@ void BrowserPane::End(bool isLoaded) {
             AskPartsPlainly(host);
     ShowLocation();
     if (m_page)
-        m_passwords->Look(*m_page, RealUrl());
+        m_passwords->Look(*m_page, m_place.Real());
     Q_EMIT StatusTextChange(LocationURL());
     Q_EMIT ProgressChange(0, 0);
     Q_EMIT DocumentComplete(isLoaded);
@@ -277,7 +278,7 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
 // A page of this pane's own arrived: from now on its address has the text that asked for it.
 void BrowserPane::OnCommit() {
     if (!m_pendingAddress.isEmpty()) {
-        m_built.Note(*m_page->history(), m_pendingAddress);
+        m_place.Note(m_pendingAddress);
         ApplyZoom();
     }
     ShowLocation();
@@ -295,11 +296,21 @@ void BrowserPane::OnPageStarting(const QUrl& url, bool* cancel) {
     }
 }
 
-void BrowserPane::OnWindowWanted(const QUrl& url) {
+void BrowserPane::OnWindowWanted(const QUrl& url, bool isInFront) {
     BrowserPane* target = m_newWindowTarget ? m_newWindowTarget.data() : this;
     const QString address = m_profile.AddressOf(url);
-    QMetaObject::invokeMethod(
-        target, [target, address] { target->Navigate(address); }, Qt::QueuedConnection);
+    const bool isOffered = target == this && m_offersWindows && !address.isEmpty();
+    const auto open = [=] {
+        if (isOffered)
+            Q_EMIT target->PaneWanted(address, isInFront);
+        else
+            target->Navigate(address);
+    };
+    QMetaObject::invokeMethod(target, open, Qt::QueuedConnection);
+}
+
+QString BrowserPane::Title() const {
+    return m_page && IsPageShown() && !LocationURL().isEmpty() ? m_page->title() : QString();
 }
 
 // The address that was built says http; only the way to it is tried by https first. What a form
@@ -354,7 +365,7 @@ void BrowserPane::OnFailure(const QUrl& url, const QString& error) {
     // That was the try by https, which is given up, or has just been.
     if (m_isAskingPlainly)
         return;
-    const QString built = m_pendingAddress.isEmpty() ? m_built.OfRequest(url) : m_pendingAddress;
+    const QString built = m_pendingAddress.isEmpty() ? m_place.OfRequest(url) : m_pendingAddress;
     TellOfFailure(tr("This page cannot be shown"),
                   QString::fromStdString(LoadErrorText(error.toStdString())), url,
                   built.isEmpty() ? m_profile.AddressOf(url) : built);
@@ -418,23 +429,8 @@ void BrowserPane::ShowPage() {
     ShowLocation();
 }
 
-// Where the page that is shown came from. The engine's own word for it is already that of the next
-// page while this one still stands there.
-QUrl BrowserPane::RealUrl() const {
-    if (!m_page || m_page->history()->count() == 0)
-        return {};
-    return m_page->history()->currentItem().url();
-}
-
-QString BrowserPane::RealAddress() const {
-    const QUrl url = RealUrl();
-    if (!IsPageShown() || !IsWebUrl(url))
-        return LocationURL();
-    return QString::fromLatin1(url.toEncoded(QUrl::RemoveUserInfo));
-}
-
 void BrowserPane::ShowLocation() {
-    ShowPlace(RealUrl(), LocationURL());
+    ShowPlace(m_place.Real(), LocationURL());
 }
 
 void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {

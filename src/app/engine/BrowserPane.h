@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/engine/BuiltAddresses.h"
 #include "app/engine/PaneFrame.h"
+#include "app/engine/PanePlace.h"
 
 #include <QDateTime>
 #include <QPointer>
@@ -32,6 +32,10 @@ public:
     void Navigate(const QString& address);
     void GoBack();
     void GoForward();
+    /// Where Back or Forward leads from here, the nearest first, as many as are listed.
+    QList<HistoryEntry> Steps(HistorySide side) const { return m_place.Steps(side); }
+    /// Goes to one of them; does nothing when the history is another one by now.
+    void GoTo(const HistoryEntry& entry);
     void Stop();
     /// Ends the page with all that it runs; the pane is as before its first navigation.
     void EndPage();
@@ -44,17 +48,21 @@ public:
     bool IsPagesOwnWish() const { return m_isInPageHook; }
     /// The address of what the pane shows, as built: no stand-in and no redirect changes it. Where
     /// the user followed links it is the page's own. Empty before the first page.
-    QString LocationURL() const;
+    QString LocationURL() const { return m_place.Location(); }
 
     /// The address of what the pane shows, as the engine has it after every redirect: one that
     /// works in any browser. For a page of the program's own, which has none, that of LocationURL.
-    QString RealAddress() const;
+    QString RealAddress() const { return m_place.RealAddress(); }
     /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
     /// later, and is not when the pane goes before.
     void ReadText(std::function<void(const QString&)> receive) const;
 
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
+    /// Such a window is told as PaneWanted, and nothing is opened here.
+    void OfferWindows() { m_offersWindows = true; }
+    /// The title of the page that is shown, of strangers; empty before the first page.
+    QString Title() const;
 
     /// Calls `then` when the page has frames that hold nothing: sites refused to be framed, or
     /// could not be reached. To be asked when the page is complete.
@@ -65,6 +73,9 @@ Q_SIGNALS:
     /// as it was given. It is not raised for redirects, Back, Forward and Refresh. A receiver that
     /// calls `Navigate` replaces the navigation.
     void BeforeNavigate2(const QString& address, bool* cancel);
+    /// The page opened a window on the user's wish: a further pane for that address.
+    void PaneWanted(const QString& address, bool isInFront);
+    void TitleChanged();
     void StatusTextChange(const QString& text);
     /// 0 to 100 of 100 during a load, 0 of 0 when it is over.
     void ProgressChange(int progress, int maximum);
@@ -90,21 +101,21 @@ private:
     void OnCrash();
     void OnStorm();
     void GiveUpPage();
-    void OnWindowWanted(const QUrl& url);
+    void OnWindowWanted(const QUrl& url, bool isInFront);
     void TellOfEmptyAnswer(int status);
     void ShowPage();
     void HidePage();
     void Refuse(const QString& address);
-    QUrl RealUrl() const;
     void ShowLocation();
 
     EngineProfile& m_profile;
     Prompts& m_prompts;
     QPointer<PanePage> m_page;
     QPointer<BrowserPane> m_newWindowTarget;
+    bool m_offersWindows = false;
     bool m_isAsBuilt = false; ///< the last load was not led to today's address
     QString m_pendingAddress; ///< of a load by `Navigate` that has not arrived yet
-    BuiltAddresses m_built;
+    PanePlace m_place;
     int m_navigation = 0; ///< tells a navigation from one that replaced it
     bool m_isBusy = false;
     bool m_isAskingPlainly = false; ///< a load by http is to take the place of one by https

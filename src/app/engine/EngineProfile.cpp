@@ -1,9 +1,9 @@
 #include "app/engine/EngineProfile.h"
 
 #include "app/base/PortalAddress.h"
-#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
+#include "app/engine/DownloadList.h"
 #include "app/engine/MailClicks.h"
 #include "app/engine/PagePermissions.h"
 #include "app/engine/PanePage.h"
@@ -11,16 +11,12 @@
 #include "app/engine/RequestRedirector.h"
 #include "app/engine/SiteData.h"
 #include "app/engine/SiteQuota.h"
-#include "core/pages/download_name.h"
 #include "core/pages/site_data.h"
 #include "core/portal/generated_pages.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
 #include <QWebEngineCookieStore>
-#include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
@@ -74,7 +70,7 @@ struct EngineProfile::CookieRule {
 
 EngineProfile::EngineProfile(const QString& storageFolder, const QString& programFolder,
                              const WebAccess& access, Prompts& prompts, QObject* parent)
-    : QObject(parent), m_access(access), m_prompts(prompts), m_programFolder(programFolder),
+    : QObject(parent), m_access(access), m_programFolder(programFolder),
       m_cookieRule(std::make_shared<CookieRule>()),
       m_engine(std::make_unique<QWebEngineProfile>(u"tallowmere"_s)) {
     MakePrivateFolder(storageFolder);
@@ -98,8 +94,7 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     m_engine->setUrlRequestInterceptor(m_redirector);
     m_engine->installUrlSchemeHandler(PortalAddress::Scheme().toLatin1(),
                                       new PortalScheme(access, programFolder, this));
-    connect(m_engine.get(), &QWebEngineProfile::downloadRequested, this,
-            &EngineProfile::AskForDownload);
+    m_downloads = std::make_unique<DownloadList>(*m_engine, prompts);
 }
 
 EngineProfile::~EngineProfile() {
@@ -113,11 +108,6 @@ void EngineProfile::LetCrossSites(const std::vector<std::string>& sites) {
 
 void EngineProfile::LetPass(const QUrl& url) {
     m_redirector->LetPass(url);
-}
-
-bool EngineProfile::MayAskFor(const QWebEngineDownloadRequest& download) const {
-    auto* page = qobject_cast<PanePage*>(download.page());
-    return !page || page->MayAskForDownload();
 }
 
 QUrl EngineProfile::UrlOf(const QString& address) const {
@@ -135,56 +125,6 @@ QString EngineProfile::AddressOf(const QUrl& url) const {
     if (PortalAddress::IsPage(url))
         return m_programFolder + url.path(QUrl::FullyDecoded);
     return QString::fromLatin1(WebAccess::AsBuilt(url).toEncoded());
-}
-
-void EngineProfile::AskForDownload(QWebEngineDownloadRequest* download) {
-    if (!MayAskFor(*download)) {
-        download->cancel();
-        Q_EMIT DownloadStatus(tr("Not saved: the page starts downloads by itself"));
-        return;
-    }
-    const QPointer<QWebEngineDownloadRequest> guard(download);
-    // The site proposes a name, never a folder.
-    const QString name = ToQt(PlainDownloadName(FromQt(download->suggestedFileName())));
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
-    const auto path = m_prompts.SaveFile(tr("Save As"), folder.filePath(name), QString());
-    const QFileInfo target(path.value_or(QString()));
-    const bool isWanted =
-        path && !path->isEmpty() &&
-        (!RunsWhenOpened(FromQt(target.fileName())) ||
-         m_prompts.Ask(tr("%1 is a program: it may run when it is opened, and do "
-                          "whatever you can do. It comes from %2. Save it?")
-                           .arg(target.fileName(), WebAccess::AsBuilt(download->url()).host()),
-                       MessageTitle()));
-    if (!guard)
-        return;
-    if (!isWanted) {
-        download->cancel();
-        return;
-    }
-    download->setDownloadDirectory(target.absolutePath());
-    download->setDownloadFileName(target.fileName());
-    connect(download, &QWebEngineDownloadRequest::isFinishedChanged, this,
-            [this, download] { Report(*download); });
-    download->accept();
-    Q_EMIT DownloadStatus(tr("Saving %1").arg(target.fileName()));
-}
-
-void EngineProfile::Report(const QWebEngineDownloadRequest& download) {
-    const QString name = download.downloadFileName();
-    if (download.state() == QWebEngineDownloadRequest::DownloadCompleted) {
-        // What was saved is nothing to run, whatever it is called.
-        const QString path = QDir(download.downloadDirectory()).filePath(name);
-        QFile::setPermissions(path,
-                              QFile::permissions(path) & ~(QFile::ExeOwner | QFile::ExeUser |
-                                                           QFile::ExeGroup | QFile::ExeOther));
-        Q_EMIT DownloadStatus(tr("Saved %1").arg(name));
-    } else if (download.state() == QWebEngineDownloadRequest::DownloadInterrupted) {
-        Q_EMIT DownloadStatus({});
-        m_prompts.Message(
-            tr("%1 could not be saved: %2.").arg(name, download.interruptReasonString()),
-            MessageTitle());
-    }
 }
 
 } // namespace tallowmere

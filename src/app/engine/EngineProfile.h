@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 
 namespace tallowmere {
 
+class DownloadList;
 class MailClicks;
 class Prompts;
 class RequestRedirector;
@@ -40,14 +40,14 @@ public:
     QString AddressOf(const QUrl& url) const;
     /// Which links to mails are clicked.
     const MailClicks& Mails() const { return *m_mails; }
+    /// The files that sites gave.
+    DownloadList& Downloads() { return *m_downloads; }
     /// What sites keep.
     SiteData& Sites() { return *m_sites; }
     /// The sites that get cookies when other sites call them in, and whose pages' others do.
     void LetCrossSites(const std::vector<std::string>& sites);
 
 Q_SIGNALS:
-    /// How a download goes, for a status line: "Saving <file>", "Saved <file>".
-    void DownloadStatus(const QString& text);
     /// A pane is about to load a page. While a page waits for an answer the engine does nothing
     /// else; so what is open then ends without one.
     void PageWanted();
@@ -57,18 +57,14 @@ Q_SIGNALS:
     void SiteDataWanted(const QString& host);
 
 private:
-    void AskForDownload(QWebEngineDownloadRequest* download);
-    bool MayAskFor(const QWebEngineDownloadRequest& download) const;
-    void Report(const QWebEngineDownloadRequest& download);
-
     const WebAccess& m_access;
-    Prompts& m_prompts;
     QString m_programFolder;
     struct CookieRule;
     std::shared_ptr<CookieRule> m_cookieRule;
     std::unique_ptr<QWebEngineProfile> m_engine;
     std::unique_ptr<MailClicks> m_mails;
     std::unique_ptr<SiteData> m_sites; ///< ends before the engine
+    std::unique_ptr<DownloadList> m_downloads;
     RequestRedirector* m_redirector;
 };
 

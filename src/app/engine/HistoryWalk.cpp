@@ -31,6 +31,17 @@ void HistoryWalk::GoForward() {
     Step(1);
 }
 
+void HistoryWalk::GoTo(int index) {
+    QWebEngineHistory& history = *m_page.history();
+    if (index < 0 || index >= history.count())
+        return;
+    m_interrupted.reset();
+    m_from = history.currentItemIndex();
+    m_target = index;
+    m_triesLeft = kTries;
+    history.goToItem(history.itemAt(index));
+}
+
 void HistoryWalk::Forget() {
     m_target.reset();
     m_interrupted.reset();

@@ -20,6 +20,8 @@ public:
 
     void GoBack();
     void GoForward();
+    /// Goes to the page at `index` of the history, wherever the page is.
+    void GoTo(int index);
     /// The page is wanted elsewhere: no step is owed any more.
     void Forget();
     /// The step under way is about to be stopped. A click that stops what is being loaded and then

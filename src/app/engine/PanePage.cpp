@@ -151,7 +151,8 @@ void PanePage::OpenWindow(QWebEngineNewWindowRequest& request) {
     else if (PassageOf(FromQt(url.scheme()), {}) == Passage::Refused)
         Refuse(url, true);
     else
-        Q_EMIT WindowWanted(url);
+        Q_EMIT WindowWanted(url, request.destination() !=
+                                     QWebEngineNewWindowRequest::InNewBackgroundTab);
 }
 
 PanePage::Place PanePage::CurrentPlace() const {

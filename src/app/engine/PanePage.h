@@ -64,8 +64,8 @@ public:
 Q_SIGNALS:
     /// The page itself is about to go elsewhere: a link, a form, a script.
     void Starting(const QUrl& url, bool* cancel);
-    /// The user opened a link into a window of its own.
-    void WindowWanted(const QUrl& url);
+    /// The user opened a link into a window of its own, which is to come to the front or not.
+    void WindowWanted(const QUrl& url, bool isInFront);
     /// An address is neither shown nor handed to another program; `isWholePage` says whether it
     /// was to take the place of the page, and not of a frame in it.
     void Refused(const QUrl& url, bool isWholePage);

@@ -3,12 +3,16 @@
 #include "app/base/QtText.h"
 #include "core/tools/color_values.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QStyleHints>
+
+#include <utility>
 
 namespace tallowmere {
 
@@ -177,6 +181,9 @@ void Chip::DrawCaption(QPainter& painter) const {
 
 void Chip::mousePressEvent(QMouseEvent* event) {
     m_pressedAt = event->position().toPoint();
+    m_wasHeld = false;
+    if (m_hasLongPress && event->button() == Qt::LeftButton)
+        m_holding.start(QGuiApplication::styleHints()->mousePressAndHoldInterval(), this);
     Q_EMIT MouseDown(event->button());
     QAbstractButton::mousePressEvent(event);
     event->accept();
@@ -184,12 +191,18 @@ void Chip::mousePressEvent(QMouseEvent* event) {
 
 void Chip::mouseMoveEvent(QMouseEvent* event) {
     AttendPointer();
+    if ((event->position().toPoint() - m_pressedAt).manhattanLength() >=
+        QApplication::startDragDistance())
+        m_holding.stop();
     Q_EMIT PointerMoved();
     Q_EMIT MouseMoved(event->buttons(), event->position().toPoint() - m_pressedAt);
     QAbstractButton::mouseMoveEvent(event);
 }
 
 void Chip::mouseReleaseEvent(QMouseEvent* event) {
+    m_holding.stop();
+    if (std::exchange(m_wasHeld, false))
+        setDown(false);
     Q_EMIT MouseUp(event->button(), rect().contains(event->position().toPoint()));
     QAbstractButton::mouseReleaseEvent(event);
     event->accept();
@@ -248,6 +261,17 @@ void Chip::leaveEvent(QEvent* event) {
     m_isHovered = false;
     update();
     QAbstractButton::leaveEvent(event);
+}
+
+void Chip::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != m_holding.timerId()) {
+        QAbstractButton::timerEvent(event);
+        return;
+    }
+    m_holding.stop();
+    m_wasHeld = true;
+    setDown(false);
+    Q_EMIT LongPressed();
 }
 
 void Chip::StartDrag() {

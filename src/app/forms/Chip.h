@@ -3,6 +3,7 @@
 #include "core/tools/color_config.h"
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 
 #include <optional>
 
@@ -51,6 +52,10 @@ public:
     void SetHasMenu(bool has);
     bool HasMenu() const { return m_hasMenu; }
 
+    /// Whether the left button does something else when it is held: `LongPressed` comes then, and
+    /// no click when it is released.
+    void SetHasLongPress(bool has) { m_hasLongPress = has; }
+
     /// The chip looks as without the pointer until that moves over it again: after a menu or a
     /// drag nobody tells it where the pointer went.
     void ForgetPointer();
@@ -69,6 +74,7 @@ Q_SIGNALS:
     void MouseMoved(Qt::MouseButtons buttons, const QPoint& movedBy);
     void MouseUp(Qt::MouseButton button, bool inside);
     void DoubleClicked();
+    void LongPressed();
     void MenuKey();
     void Dropped(int sourceIndex);
     void PointerMoved();
@@ -88,6 +94,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     void AttendPointer();
@@ -102,6 +109,9 @@ private:
     bool m_quiet = false;
     bool m_hasDoubleClick = false;
     bool m_hasMenu = false;
+    bool m_hasLongPress = false;
+    bool m_wasHeld = false; ///< the release to come is the end of a long press
+    QBasicTimer m_holding;
     bool m_isHovered = false;
     std::optional<QPoint> m_forgottenAt; ///< where the pointer was when it was forgotten
     QPoint m_pressedAt;

@@ -86,6 +86,14 @@ void MainMenus::BuildSubmenus() {
     mnuTickNote->menuAction()->setObjectName(u"mnuTickNote"_s);
     mnuTickNote->addAction(mnuTickNotes);
     m_submenus["mnuTickNote"] = mnuTickNote;
+    const auto list = [this](std::string_view name) {
+        auto* menu = new QMenu(ToQt(FindCommand(name)->caption), &m_window);
+        menu->setObjectName(ToQt(name));
+        m_submenus[name] = menu;
+        return menu;
+    };
+    backMenu = list("backMenu");
+    forwardMenu = list("forwardMenu");
     m_submenus["selectPortfolio"] =
         new NameMenu(ToQt(FindCommand("selectPortfolio")->caption), &m_window);
     m_menus[CommandMenu::Select] = m_submenus["selectPortfolio"];

@@ -91,7 +91,9 @@ public:
     // Menus of the menu bar that are filled anew when they open.
     QMenu* portfolioMenu;
     QMenu* tickerMenu;
-    QMenu* linkMenu; ///< of the link that has the focus or was used last
+    QMenu* backMenu;    ///< the pages that Back leads to
+    QMenu* forwardMenu; ///< the pages that Forward leads to
+    QMenu* linkMenu;    ///< of the link that has the focus or was used last
 
 private:
     PortfolioMenu Targets(const QString& array, std::string_view name);

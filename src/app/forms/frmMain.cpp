@@ -4,6 +4,7 @@
 #include "app/engine/BrowserPane.h"
 #include "app/forms/ChipGroup.h"
 #include "app/forms/Grip.h"
+#include "app/forms/TabRow.h"
 #include "app/forms/TopBar.h"
 #include "app/forms/UndoBar.h"
 #include "core/links/link_areas.h"
@@ -33,14 +34,15 @@ QRect ToQt(const Rect& rect) {
 
 } // namespace
 
-frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys) {
+frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
+    : m_profile(profile), m_prompts(prompts) {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"Tallowmere"_s);
     m_body = new QWidget(this);
     setCentralWidget(m_body);
     setMinimumSize(PixelsFromTwips(kMinimumWidthTwips), PixelsFromTwips(kMinimumHeightTwips));
     menus = std::make_unique<MainMenus>(*this, keys);
-    BuildPanes(profile, prompts);
+    BuildPanes();
     BuildPortfolioControls();
     BuildLinks();
     ConnectGrips();
@@ -52,20 +54,46 @@ frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys) {
 
 frmMain::~frmMain() = default;
 
-void frmMain::BuildPanes(EngineProfile& profile, Prompts& prompts) {
+BrowserPane* frmMain::MakePane(const QString& name, const QString& accessibleName,
+                               QWidget* parent) {
+    auto* pane = new BrowserPane(m_profile, m_prompts, parent);
+    pane->setObjectName(name);
+    pane->setAccessibleName(accessibleName);
+    return pane;
+}
+
+BrowserPane* frmMain::AddPane() {
+    const QString number = QString::number(++m_panesMade);
+    BrowserPane* pane = MakePane(u"WebTab"_s + number, u"Further page "_s + number, m_body);
+    pane->hide();
+    pane->setGeometry(Web->geometry());
+    m_furtherPanes << pane;
+    return pane;
+}
+
+void frmMain::RemovePane(BrowserPane* pane) {
+    m_furtherPanes.removeOne(pane);
+    pane->hide();
+    pane->deleteLater();
+}
+
+void frmMain::ShowTabs(bool shown) {
+    if (tabRow->isHidden() != shown)
+        return;
+    tabRow->setVisible(shown);
+    LayOut();
+}
+
+void frmMain::BuildPanes() {
     fraTick = new QFrame(m_body);
     fraTick->setObjectName(u"fraTick"_s);
     fraTick->hide();
-    const auto pane = [&](const QString& name, const QString& accessibleName, QWidget* parent) {
-        auto* result = new BrowserPane(profile, prompts, parent);
-        result->setObjectName(name);
-        result->setAccessibleName(accessibleName);
-        return result;
-    };
-    Web = pane(u"Web"_s, u"Research page"_s, m_body);
-    WebB = pane(u"WebB"_s, u"Broker page"_s, m_body);
+    tabRow = new TabRow(m_body);
+    tabRow->hide();
+    Web = MakePane(u"Web"_s, u"Research page"_s, m_body);
+    WebB = MakePane(u"WebB"_s, u"Broker page"_s, m_body);
     WebB->hide();
-    WebTick = pane(u"WebTick"_s, u"Ticker strip"_s, fraTick);
+    WebTick = MakePane(u"WebTick"_s, u"Ticker strip"_s, fraTick);
     WebTick->LeaveOutLocation();
     WebStatus = new QLabel(m_body);
     WebStatus->setObjectName(u"WebStatus"_s);
@@ -235,6 +263,7 @@ void frmMain::LayOut() {
     // Beside a scroll bar: a panel that has one keeps it until all links fit even so.
     request.linksHeight = fraLeft->widget()->heightForWidth(
         std::max(0, LeftPanelWidth(request) - fraLeft->verticalScrollBar()->sizeHint().width()));
+    request.tabsHeight = tabRow->isHidden() ? 0 : tabRow->sizeHint().height();
     request.statusHeight = fontMetrics().height() + 4;
     request.stripHeight = SpooBar->heightForWidth(m_body->width());
     const WindowLayout layout = LayOutWindow(request);
@@ -248,8 +277,9 @@ void frmMain::LayOut() {
     m_leftGrip->setGeometry(ToQt(layout.leftGrip));
     m_rightGrip->setGeometry(ToQt(layout.rightGrip));
     m_listGrip->setGeometry(ToQt(layout.listGrip));
-    Web->setGeometry(ToQt(layout.web));
-    WebB->setGeometry(ToQt(layout.web));
+    tabRow->setGeometry(ToQt(layout.tabs));
+    for (BrowserPane* pane : Panes())
+        pane->setGeometry(ToQt(layout.web));
     WebStatus->setGeometry(ToQt(layout.status));
     lblStat->setGeometry(layout.progress.x, layout.progress.y,
                          std::min(lblStat->width(), layout.progress.width), layout.progress.height);
@@ -346,8 +376,11 @@ void frmMain::SetBackground(const QColor& color) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    Q_EMIT Closing();
-    event->accept();
+    bool mayClose = true;
+    Q_EMIT CloseWanted(&mayClose);
+    event->setAccepted(mayClose);
+    if (mayClose)
+        Q_EMIT Closing();
 }
 
 void frmMain::changeEvent(QEvent* event) {

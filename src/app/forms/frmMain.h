@@ -23,6 +23,7 @@ class CommandKeys;
 class EngineProfile;
 class Grip;
 class Prompts;
+class TabRow;
 class UndoBar;
 
 /// The side panels of the main window as the user left them; sizes are in pixels, 0 for those that
@@ -60,6 +61,7 @@ public:
     // Panes.
     BrowserPane* Web;
     BrowserPane* WebB;
+    TabRow* tabRow; ///< above the panes, while there are further ones
     QFrame* fraTick;
     BrowserPane* WebTick;
     QLabel* WebStatus;
@@ -78,6 +80,16 @@ public:
     /// asked for it.
     void PopUp(QMenu* menu);
 
+    /// A further pane in the place of `Web` and `WebB`, not in front.
+    BrowserPane* AddPane();
+    /// Takes a further pane away; it ends when nothing uses it any more.
+    void RemovePane(BrowserPane* pane);
+    const QList<BrowserPane*>& FurtherPanes() const { return m_furtherPanes; }
+    /// `Web`, `WebB` and the further ones.
+    QList<BrowserPane*> Panes() const { return QList<BrowserPane*>{Web, WebB} + m_furtherPanes; }
+    /// Shows or hides the row of tabs and makes room for it.
+    void ShowTabs(bool shown);
+
     /// Shows or hides the ticker strip and makes room for it.
     void ShowTicker(bool shown);
 
@@ -95,6 +107,8 @@ public:
     void SetPanels(const PanelSizes& panels);
 
 Q_SIGNALS:
+    /// The user wants to close the window; who sets `mayClose` to false keeps it open.
+    void CloseWanted(bool* mayClose);
     /// The window is about to close; the program ends.
     void Closing();
     /// The pointer moved over the window's own surface: its horizontal position and the window's
@@ -111,7 +125,8 @@ protected:
 private:
     void BuildPortfolioControls();
     void BuildLinks();
-    void BuildPanes(EngineProfile& profile, Prompts& prompts);
+    void BuildPanes();
+    BrowserPane* MakePane(const QString& name, const QString& accessibleName, QWidget* parent);
     QScrollArea* MakePanel(QScrollArea* panel, const QString& name, const QString& accessibleName);
     void LayOutPortfolio(const QRect& area);
     void LayOutUndoBar();
@@ -120,6 +135,10 @@ private:
     void ApplyFont();
     void TellPointer(const QPoint& globalPosition);
 
+    EngineProfile& m_profile;
+    Prompts& m_prompts;
+    QList<BrowserPane*> m_furtherPanes;
+    int m_panesMade = 0; ///< further ones, for their names
     QWidget* m_body;
     Grip* m_leftGrip;
     Grip* m_rightGrip;

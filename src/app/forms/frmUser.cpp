@@ -47,6 +47,7 @@ frmUser::frmUser(QWidget* parent) : QDialog(parent) {
     chkTick = Check(u"chkTick"_s, u"Ticker"_s);
     chkToolTips = Check(u"chkToolTips"_s, u"Tool Tips"_s);
     chkActive = Check(u"chkActive"_s, u"Active Edges"_s);
+    chkKeep = Check(u"chkKeep"_s, u"Open Pages Again at Start"_s);
     chkSA = Check(u"chkSA"_s, u"Societe Anonyme Member"_s);
     chkSA->hide();
 
@@ -117,7 +118,8 @@ void frmUser::Arrange() {
     viewRows->addWidget(chkTick, 0, 0);
     viewRows->addWidget(chkToolTips, 0, 1);
     viewRows->addWidget(chkActive, 0, 2);
-    viewRows->addWidget(chkSA, 1, 0, 1, 3);
+    viewRows->addWidget(chkKeep, 1, 0, 1, 3);
+    viewRows->addWidget(chkSA, 2, 0, 1, 3);
     viewRows->setColumnStretch(2, 1);
 
     auto* buttons = new QHBoxLayout;

@@ -23,6 +23,7 @@ public:
     QCheckBox* chkTick;
     QCheckBox* chkToolTips;
     QCheckBox* chkActive;
+    QCheckBox* chkKeep;
     QCheckBox* chkSA; ///< hidden until the member gesture shows it
     QPushButton* Label5;
     QLabel* lblNotice;

@@ -2,9 +2,11 @@
 
 #include "app/base/Transfers.h"
 #include "app/forms/frmMain.h"
+#include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
+#include "app/links/PaneTabs.h"
 #include "app/links/SeparateBrowser.h"
 #include "app/links/ServerLists.h"
 #include "app/links/SitePopups.h"
@@ -24,6 +26,8 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       popups(new SitePopups(form, sites, menus, prompts, clock, *dispatch, *panes)),
       lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
       navigate(new SmartNavigate(form, settings, *panes)) {
+    tabs = new PaneTabs(form, *panes);
+    new HistoryMenus(form, *panes, *panel);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
     QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {
         if (!held)

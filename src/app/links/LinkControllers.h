@@ -12,6 +12,7 @@ class LinkDispatch;
 class LinkPanel;
 class MenuTable;
 class PaneDeck;
+class PaneTabs;
 class Prompts;
 class SeparateBrowser;
 class ServerLists;
@@ -36,6 +37,7 @@ struct LinkControllers {
     Accounts accounts;
     SeparateBrowser* outside;
     PaneDeck* panes;
+    PaneTabs* tabs;
     LinkDispatch* dispatch;
     LinkPanel* panel;
     SitePopups* popups;

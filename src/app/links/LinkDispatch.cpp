@@ -76,7 +76,7 @@ void LinkDispatch::Click(int index) {
         if (hourglass)
             QGuiApplication::restoreOverrideCursor();
     });
-    if (row.action != LinkAction::Wizard && m_form.Web->Busy())
+    if (row.action != LinkAction::Wizard && !IsTab(m_panes.Next()) && m_form.Web->Busy())
         m_form.Web->Stop();
 
     if (IsCustomSlot(index)) {
@@ -116,7 +116,7 @@ void LinkDispatch::Run(const LinkRow& row, const TickerForms& forms) {
         break;
     case LinkAction::Menu:
         // The brokers of this menu load into the first pane, unlike those beside it.
-        if (row.area == Area::BRK && !m_panes.OpensNextOutside())
+        if (row.area == Area::BRK && m_panes.Next() == PagePlace::Pane)
             m_panes.ShowFirst();
         Q_EMIT MenuRequested(ToQt(row.target));
         break;

@@ -46,6 +46,10 @@ LinkAction ActionOf(const Chip* link) {
     return Catalogue()[static_cast<std::size_t>(link->Index())].action;
 }
 
+bool HasHistory(const Chip* link) {
+    return ActionOf(link) == LinkAction::Back || ActionOf(link) == LinkAction::Forward;
+}
+
 } // namespace
 
 LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsStore& settings,
@@ -58,7 +62,10 @@ LinkPanel::LinkPanel(frmMain& form, const RecordingState& recording, SettingsSto
     for (const auto& [action, index] : form.menus->links)
         connect(action, &QAction::triggered, this, [this, i = index] { m_dispatch.Click(i); });
     connect(form.menus->linkMenu, &QMenu::aboutToShow, this, &LinkPanel::PrepareLinkMenu);
-    connect(form.menus->openOutside, &QAction::triggered, this, &LinkPanel::OpenTargetOutside);
+    connect(form.menus->openOutside, &QAction::triggered, this,
+            [this] { OpenTarget(PagePlace::Outside); });
+    connect(form.menus->At("openInTab"), &QAction::triggered, this,
+            [this] { OpenTarget(PagePlace::FrontTab); });
 }
 
 void LinkPanel::Connect(Chip* link) {
@@ -67,10 +74,14 @@ void LinkPanel::Connect(Chip* link) {
             [=, this](auto buttons, const QPoint& by) { MouseMove(link, buttons, by); });
     connect(link, &Chip::MouseUp, this,
             [=, this](auto button, bool inside) { MouseUp(link, button, inside); });
-    connect(link, &Chip::clicked, this, [=, this] { m_dispatch.Click(link->Index()); });
+    connect(link, &Chip::clicked, this, [=, this] { OpenWhere(link, m_panes.Next()); });
     connect(link, &Chip::Focused, this, [=, this] { m_target = link; });
     connect(link, &Chip::MenuKey, this, [=, this] { OpenMenu(link); });
     connect(link, &Chip::PointerMoved, this, &LinkPanel::EdgesTouched);
+    if (HasHistory(link)) {
+        link->SetHasLongPress(true);
+        connect(link, &Chip::LongPressed, this, [=, this] { LongPress(link); });
+    }
     if (IsCustomSlot(link->Index())) {
         link->SetTakesDrops(true);
         connect(link, &Chip::Dropped, this, [=, this](int source) { Drop(link, source); });
@@ -80,7 +91,7 @@ void LinkPanel::Connect(Chip* link) {
 void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
     m_target = link;
     if (button == Qt::LeftButton) {
-        m_panes.OpenNextOutside(false);
+        m_panes.OpenNext(PlaceOf(link, button));
         m_pressed = true;
         m_looksPressed = true;
         m_savedColors = link->Colors();
@@ -91,8 +102,27 @@ void LinkPanel::MouseDown(Chip* link, Qt::MouseButton button) {
     }
 }
 
+// Only what shows a page opens in a tab.
+PagePlace LinkPanel::PlaceOf(const Chip* link, Qt::MouseButton button) const {
+    const Qt::KeyboardModifiers keys = QGuiApplication::keyboardModifiers();
+    if (!CanOpenOutside(link))
+        return PagePlace::Pane;
+    return PlaceOfClick(button == Qt::MiddleButton, keys.testFlag(Qt::ControlModifier),
+                        keys.testFlag(Qt::ShiftModifier));
+}
+
+// A link that came to nothing opens no later page in a tab; a menu may still choose one.
+void LinkPanel::OpenWhere(Chip* link, PagePlace place) {
+    m_panes.OpenNext(place);
+    m_dispatch.Click(link->Index());
+    if (IsTab(m_panes.Next()) && !QApplication::activePopupWidget())
+        m_panes.OpenNext(PagePlace::Pane);
+}
+
 void LinkPanel::RightPress(Chip* link) {
-    if (!IsCustomSlot(link->Index())) {
+    if (HasHistory(link)) {
+        OpenHistory(link);
+    } else if (!IsCustomSlot(link->Index())) {
         if (OpensOutside(ActionOf(link)))
             m_panes.OpenNextOutside(true);
     } else if (IsUnusedSlot(link)) {
@@ -106,8 +136,24 @@ void LinkPanel::RightPress(Chip* link) {
 void LinkPanel::OpenMenu(Chip* link) {
     if (IsUnusedSlot(link))
         m_dispatch.Click(link->Index());
+    else if (HasHistory(link))
+        OpenHistory(link);
     else
         Q_EMIT CustomMenuRequested(link->Index(), link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+void LinkPanel::OpenHistory(const Chip* link) {
+    Q_EMIT HistoryRequested(ActionOf(link) == LinkAction::Back ? HistorySide::Back
+                                                               : HistorySide::Forward,
+                            link->mapToGlobal(link->rect().bottomLeft()));
+}
+
+// The button is still down, but the label will not be clicked.
+void LinkPanel::LongPress(Chip* link) {
+    RestoreColors(link);
+    m_pressed = false;
+    Q_EMIT Held(false);
+    OpenHistory(link);
 }
 
 bool LinkPanel::CanOpenOutside(const Chip* link) {
@@ -120,16 +166,20 @@ void LinkPanel::PrepareLinkMenu() {
     open->setText(m_target
                       ? tr("Open %1 in Separate &Browser").arg(MenuCaption(m_target->Caption()))
                       : tr("Open in Separate &Browser"));
+    QAction* tab = m_form.menus->At("openInTab");
+    tab->setEnabled(CanOpenOutside(m_target) && !m_recording.templateMode);
+    tab->setText(m_target ? tr("Open %1 in New &Tab").arg(MenuCaption(m_target->Caption()))
+                          : tr("Open in New &Tab"));
 }
 
-void LinkPanel::OpenTargetOutside() {
+void LinkPanel::OpenTarget(PagePlace place) {
     if (!CanOpenOutside(m_target))
         return;
-    m_panes.OpenNextOutside(true);
+    m_panes.OpenNext(place);
     m_dispatch.Click(m_target->Index());
-    // A link that came to nothing sends no later one outside; a menu may still choose a page.
+    // A link that came to nothing sends no later one elsewhere; a menu may still choose a page.
     if (!QApplication::activePopupWidget())
-        m_panes.OpenNextOutside(false);
+        m_panes.OpenNext(PagePlace::Pane);
 }
 
 void LinkPanel::Hold(bool held) {
@@ -170,6 +220,9 @@ void LinkPanel::MouseUp(Chip* link, Qt::MouseButton button, bool inside) {
             m_pressed = false;
         }
         Q_EMIT Held(false);
+    } else if (button == Qt::MiddleButton && inside && link->isEnabled()) {
+        if (const PagePlace place = PlaceOf(link, button); IsTab(place))
+            OpenWhere(link, place);
     } else if (button == Qt::RightButton && inside && link->isEnabled() &&
                m_panes.OpensNextOutside()) {
         m_dispatch.Click(link->Index());

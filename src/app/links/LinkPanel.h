@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/forms/Chip.h"
+#include "core/links/page_place.h"
+#include "core/pages/history_list.h"
 
 #include <QObject>
 
@@ -47,6 +49,8 @@ Q_SIGNALS:
     /// The menu of a link is wanted: by pointer that of a used slot, by keyboard that of any link
     /// but an unused slot.
     void CustomMenuRequested(int link, const QPoint& position);
+    /// The list of pages under Back or Forward is wanted at a place of the screen.
+    void HistoryRequested(HistorySide side, const QPoint& position);
     void EdgesTouched();
     /// The panels have to stay, or no longer so.
     void Held(bool held);
@@ -58,8 +62,12 @@ private:
     void MouseUp(Chip* link, Qt::MouseButton button, bool inside);
     void RightPress(Chip* link);
     void OpenMenu(Chip* link);
+    void OpenHistory(const Chip* link);
+    void LongPress(Chip* link);
     void PrepareLinkMenu();
-    void OpenTargetOutside();
+    void OpenTarget(PagePlace place);
+    void OpenWhere(Chip* link, PagePlace place);
+    PagePlace PlaceOf(const Chip* link, Qt::MouseButton button) const;
     void Drop(Chip* target, int source);
     void RestoreColors(Chip* link);
 

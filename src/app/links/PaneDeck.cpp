@@ -12,6 +12,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <utility>
+
 namespace tallowmere {
 
 PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& sites,
@@ -21,6 +23,11 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
     connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
     connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
     for (BrowserPane* pane : {form.Web, form.WebB}) {
+        pane->OfferWindows();
+        connect(pane, &BrowserPane::PaneWanted, this,
+                [this, pane](const QString& address, bool isInFront) {
+                    OnPaneWanted(*pane, address, isInFront);
+                });
         connect(pane, &BrowserPane::StatusTextChange, this,
                 [this, pane](const QString& text) { OnPaneStatus(*pane, text); });
         connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
@@ -37,14 +44,58 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
             [this] { QGuiApplication::clipboard()->setText(Front()->LocationURL()); });
 }
 
+void PaneDeck::Adopt(BrowserPane& pane) {
+    pane.OfferWindows();
+    connect(&pane, &BrowserPane::PaneWanted, this,
+            [this, &pane](const QString& address, bool isInFront) {
+                OnPaneWanted(pane, address, isInFront);
+            });
+    connect(&pane, &BrowserPane::BeforeNavigate2, this,
+            [this, &pane](const QString& address, bool* cancel) {
+                BeforeFurther(pane, address, cancel);
+            });
+    // What a page behind another one does is of no interest.
+    connect(&pane, &BrowserPane::StatusTextChange, this, [this, &pane](const QString& text) {
+        if (Front() == &pane)
+            OnPaneStatus(pane, text);
+    });
+    connect(&pane, &BrowserPane::ProgressChange, this, [this, &pane](int progress, int maximum) {
+        if (Front() == &pane)
+            ShowProgress(progress, maximum);
+    });
+}
+
+// While pages are recorded a window is one of them.
+void PaneDeck::OnPaneWanted(BrowserPane& pane, const QString& address, bool isInFront) {
+    if (m_recording.templateMode)
+        pane.Navigate(address);
+    else
+        Q_EMIT TabWanted(address, isInFront);
+}
+
+void PaneDeck::OpenNext(PagePlace place) {
+    m_next = IsTab(place) && m_recording.templateMode ? PagePlace::Pane : place;
+}
+
+bool PaneDeck::OpenInTab(const QString& address) {
+    if (!IsTab(m_next))
+        return false;
+    Q_EMIT TabWanted(address, std::exchange(m_next, PagePlace::Pane) == PagePlace::FrontTab);
+    return true;
+}
+
 void PaneDeck::Navigate(const QString& address) {
-    if (!m_opensNextOutside)
+    if (OpenInTab(address))
+        return;
+    if (!OpensNextOutside())
         ShowFirst();
     m_form.Web->Navigate(address);
 }
 
 void PaneDeck::NavigateSecond(const QString& address) {
-    if (!m_opensNextOutside)
+    if (OpenInTab(address))
+        return;
+    if (!OpensNextOutside())
         ShowSecond();
     m_form.WebB->Navigate(address);
 }
@@ -68,17 +119,31 @@ void PaneDeck::ShowGenerated(std::string_view name, std::string_view page) {
 }
 
 void PaneDeck::ShowFirst() {
-    m_form.Web->show();
-    m_form.WebB->hide();
+    Show(m_form.Web);
 }
 
 void PaneDeck::ShowSecond() {
-    m_form.WebB->show();
-    m_form.Web->hide();
+    Show(m_form.WebB);
+}
+
+void PaneDeck::Show(BrowserPane* pane) {
+    const bool isAnother = Front() != pane;
+    pane->show();
+    for (BrowserPane* other : m_form.Panes())
+        if (other != pane)
+            other->hide();
+    if (isAnother && !m_form.FurtherPanes().isEmpty()) {
+        OnPaneStatus(*pane, pane->LocationURL());
+        ShowProgress(0, 0);
+    }
+    Q_EMIT FrontChanged(pane);
 }
 
 BrowserPane* PaneDeck::Front() const {
-    return m_form.Web->isHidden() ? m_form.WebB : m_form.Web;
+    for (BrowserPane* pane : m_form.Panes())
+        if (!pane->isHidden())
+            return pane;
+    return m_form.Web;
 }
 
 void PaneDeck::OnPaneStatus(const BrowserPane& pane, const QString& text) {
@@ -95,6 +160,15 @@ void PaneDeck::ShowStatus(const QString& text) {
     m_isStatusLasting = false;
     m_form.WebStatus->setText(LineStart(text));
     m_form.WebStatus->setAccessibleName(text);
+}
+
+void PaneDeck::BeforeFurther(BrowserPane& pane, const QString& address, bool* cancel) {
+    if (const auto rewritten = RewriteStockLookup(FromQt(address), m_sites)) {
+        *cancel = true;
+        pane.Navigate(ToQt(*rewritten));
+        return;
+    }
+    BeforeEither(address, cancel);
 }
 
 void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
@@ -116,8 +190,8 @@ void PaneDeck::BeforeFirst(const QString& address, bool* cancel) {
 void PaneDeck::BeforeEither(const QString& address, bool* cancel) {
     if (!m_recording.templateMode)
         Q_EMIT BrowsingStarts();
-    if (m_opensNextOutside) {
-        m_opensNextOutside = false;
+    if (OpensNextOutside()) {
+        m_next = PagePlace::Pane;
         *cancel = true;
         m_outside.Open(address);
     }

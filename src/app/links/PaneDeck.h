@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/links/page_place.h"
+
 #include <QObject>
 
 #include <filesystem>
@@ -35,12 +37,20 @@ public:
     void ShowGenerated(std::string_view name, std::string_view page);
 
     /// Whether the next page opens in a separate browser instead of a pane.
-    bool OpensNextOutside() const { return m_opensNextOutside; }
-    void OpenNextOutside(bool outside) { m_opensNextOutside = outside; }
+    bool OpensNextOutside() const { return m_next == PagePlace::Outside; }
+    void OpenNextOutside(bool outside) { m_next = outside ? PagePlace::Outside : PagePlace::Pane; }
+    /// Where the next page opens that a link or a menu leads to; then it is the pane again. What is
+    /// recorded opens in no tab.
+    PagePlace Next() const { return m_next; }
+    void OpenNext(PagePlace place);
 
-    /// Brings one of the two panes to the front.
+    /// Brings `Web`, `WebB` or any pane to the front.
     void ShowFirst();
     void ShowSecond();
+    void Show(BrowserPane* pane);
+
+    /// A further pane gets its part in what happens before a page loads and while it does.
+    void Adopt(BrowserPane& pane);
 
     /// The pane in front.
     BrowserPane* Front() const;
@@ -60,9 +70,16 @@ Q_SIGNALS:
     void BrowsingStarts();
     /// A page was recorded instead.
     void Recorded();
+    /// A page is to open in a further pane.
+    void TabWanted(const QString& address, bool isInFront);
+    /// Another pane is in front, or the same one again.
+    void FrontChanged(BrowserPane* pane);
 
 private:
+    bool OpenInTab(const QString& address);
+    void OnPaneWanted(BrowserPane& pane, const QString& address, bool isInFront);
     void BeforeFirst(const QString& address, bool* cancel);
+    void BeforeFurther(BrowserPane& pane, const QString& address, bool* cancel);
     void BeforeEither(const QString& address, bool* cancel);
     void OnPaneStatus(const BrowserPane& pane, const QString& text);
 
@@ -71,7 +88,7 @@ private:
     const SiteTable& m_sites;
     std::filesystem::path m_programFolder;
     SeparateBrowser& m_outside;
-    bool m_opensNextOutside = false;
+    PagePlace m_next = PagePlace::Pane;
     bool m_isStatusLasting = false;
 };
 

@@ -3,6 +3,7 @@
 #include "app/base/QtText.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace tallowmere {
 
@@ -15,7 +16,20 @@ SearchMenu::SearchMenu(const QString& caption, const Clock& clock, QWidget* pare
     setStyleSheet(u"QMenu { menu-scrollable: 1; }"_s);
 }
 
+void SearchMenu::mouseReleaseEvent(QMouseEvent* event) {
+    const QAction* item = actionAt(event->position().toPoint());
+    if (item && item->isEnabled() && !item->isSeparator() && !item->menu())
+        Q_EMIT Choosing(PlaceOfClick(event->button() == Qt::MiddleButton,
+                                     event->modifiers().testFlag(Qt::ControlModifier),
+                                     event->modifiers().testFlag(Qt::ShiftModifier)));
+    QMenu::mouseReleaseEvent(event);
+}
+
 void SearchMenu::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter)
+        Q_EMIT Choosing(PlaceOfClick(false, event->modifiers().testFlag(Qt::ControlModifier),
+                                     event->modifiers().testFlag(Qt::ShiftModifier)));
     const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     const QString typed = event->text();
     // A blank chooses the item in use unless it stands within what is typed.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/Clock.h"
+#include "core/links/page_place.h"
 #include "core/links/type_ahead.h"
 
 #include <QMenu>
@@ -19,7 +20,12 @@ public:
     /// item that heads a submenu does not open it.
     void Select(std::size_t position);
 
+Q_SIGNALS:
+    /// An item is about to be chosen, by a button or a key: where its page is to open.
+    void Choosing(PagePlace place);
+
 protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

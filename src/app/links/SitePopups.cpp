@@ -55,6 +55,11 @@ SearchMenu* SitePopups::Build(std::string_view name) {
 SearchMenu* SitePopups::NewMenu(const QString& name, std::string_view caption) {
     auto* menu = new SearchMenu(ToQt(caption), m_clock, &m_form);
     menu->setObjectName(name);
+    // What the link was pressed with counts as well.
+    connect(menu, &SearchMenu::Choosing, this, [this](PagePlace place) {
+        if (IsTab(place) && m_panes.Next() == PagePlace::Pane)
+            m_panes.OpenNext(place);
+    });
     return menu;
 }
 

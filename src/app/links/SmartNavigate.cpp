@@ -29,7 +29,7 @@ void SmartNavigate::Show() {
         return;
     }
     SaveNavigateEntries(m_settings, address, remembered);
-    if (!m_form.WebB->isHidden())
+    if (m_panes.Front() != m_form.Web)
         m_panes.ShowFirst();
     m_form.Web->Navigate(ToQt(address));
 }

@@ -83,6 +83,7 @@ WatchWindow::WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts
     form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
     form.txtsecs->setValidator(new SecondsValidator(form.txtsecs));
     const WatchTarget parts = SplitWatchTarget(target);
+    m_caption = parts.caption;
     form.setWindowTitle(ToQt(WatchCaption(parts)));
     form.Text1->setText(ToQt(parts.address));
     form.Text1->setCursorPosition(0);

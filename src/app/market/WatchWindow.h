@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <string>
+
 namespace tallowmere {
 
 class Clock;
@@ -21,6 +23,8 @@ public:
                 const std::string& target, int step);
 
     int Step() const { return m_step; }
+    /// The caption that it was opened with.
+    const std::string& Caption() const { return m_caption; }
 
     /// Begins a wait of so many seconds, and one more: until it is over, or the window closes, the
     /// page stays as it is. The window stays alive, and so do all others: the waits of many windows
@@ -41,6 +45,7 @@ private:
     void Export();
     void Write(const QString& path, const QString& text);
 
+    std::string m_caption;
     frmWiz& m_form;
     SettingsStore& m_settings;
     Prompts& m_prompts;

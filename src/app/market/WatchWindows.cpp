@@ -10,6 +10,11 @@
 #include "core/market/watch.h"
 #include "core/shell/settings_store.h"
 
+#include <QLineEdit>
+
+#include <algorithm>
+#include <span>
+
 namespace tallowmere {
 
 WatchWindows::WatchWindows(frmMain& form, SettingsStore& settings, Prompts& prompts,
@@ -38,6 +43,23 @@ frmWiz* WatchWindows::CreateWiz(const QString& target) {
     m_windows << window;
     window->show();
     return window;
+}
+
+std::vector<KeptWatch> WatchWindows::Kept() const {
+    std::vector<KeptWatch> watches;
+    for (const QPointer<frmWiz>& window : m_windows) {
+        const auto* watch = window ? window->findChild<WatchWindow*>() : nullptr;
+        const std::string address = watch ? FromQt(window->Text1->text()) : std::string();
+        if (!address.empty() && watches.size() < kMostKept)
+            watches.push_back({watch->Caption(), address, FromQt(window->txtsecs->text())});
+    }
+    return watches;
+}
+
+void WatchWindows::Restore(const std::vector<KeptWatch>& watches) {
+    for (const KeptWatch& watch : std::span(watches).first(std::min(watches.size(), kMostKept)))
+        CreateWiz(ToQt(JoinWatchTarget(watch.caption, watch.address)))
+            ->txtsecs->setText(ToQt(SettledSeconds(watch.seconds)));
 }
 
 void WatchWindows::CloseAll() {

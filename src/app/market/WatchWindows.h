@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/shell/kept_pages.h"
+
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -25,6 +27,13 @@ public:
 
     /// Opens a watch window for "caption|address".
     frmWiz* CreateWiz(const QString& target);
+
+    /// What the windows watch that are open, or close with the main window.
+    std::vector<KeptWatch> Kept() const;
+    /// Opens such windows again, as many as may be kept.
+    void Restore(const std::vector<KeptWatch>& watches);
+
+    static constexpr std::size_t kMostKept = 40;
 
 private:
     void CloseAll();

@@ -16,6 +16,7 @@
 #include "app/market/Timers.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/shell/ClosingNote.h"
+#include "app/shell/KeptSession.h"
 #include "app/shell/Portal.h"
 #include "app/shell/Subsystems.h"
 #include "app/shell/WindowPlace.h"
@@ -118,6 +119,7 @@ void Session::Start() {
     m_form->show();
     if (!isAtClub)
         parts.tools.reminders->CheckReminders();
+    parts.kept->RestoreWatches();
     m_form->txtStock->setFocus();
     parts.market.timers->Start();
     // The first page does not wait for the lists of the menus.
@@ -160,6 +162,8 @@ void Session::ApplyProxy() {
 }
 
 void Session::ChooseFirstPage() {
+    if (m_subsystems->kept->RestorePanes())
+        return;
     // A member of the club is at the club's page.
     const std::string indices =
         m_subsystems->links.accounts.clubMember
@@ -184,6 +188,7 @@ void Session::Close() {
         m_settings.SaveSetting(kSettingsSection, "TickerList",
                                std::to_string(m_subsystems->portfolio.portfolios->Current()));
         SaveFormPosition(*m_form, m_settings);
+        m_subsystems->kept->Save();
     } catch (const RuntimeError& error) {
         // The program ends all the same, with every other window.
         m_setup.prompts.Message(ToQt(error.what()), MessageTitle());

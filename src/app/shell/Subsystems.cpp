@@ -4,6 +4,7 @@
 #include "app/backup/DatedCopies.h"
 #include "app/base/Transfers.h"
 #include "app/custom/MultiLinks.h"
+#include "app/engine/DownloadList.h"
 #include "app/engine/EngineProfile.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
@@ -12,6 +13,7 @@
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerMarks.h"
+#include "app/shell/KeptSession.h"
 #include "app/shell/SessionSetup.h"
 #include "app/shell/UndoCommands.h"
 #include "app/tools/ColorConfig.h"
@@ -31,15 +33,17 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
       market(form, settings, setup.tables.sites, setup.prompts, setup.clock, profile, links,
              transfers),
       tools(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
-            setup.folders.programFolder, links),
+            setup.folders.programFolder, profile, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
                                 setup.tables, userSites, web, profile, *links.panes)),
       undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)),
       backup(form, settings, undoRecorder, setup.prompts, setup.clock, setup.folders.Stores(),
-             *links.panes) {
+             *links.panes),
+      kept(new KeptSession(form, settings, *links.tabs, *market.watches)) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
-    QObject::connect(&profile, &EngineProfile::DownloadStatus, links.panes, &PaneDeck::ShowStatus);
+    QObject::connect(&profile.Downloads(), &DownloadList::Status, links.panes,
+                     &PaneDeck::ShowLastingStatus);
     QObject::connect(tools.colors, &ColorConfig::Applied, portfolio.portfolios,
                      &Portfolios::PaintNumbers);
     QObject::connect(tools.colors, &ColorConfig::Applied, &form,

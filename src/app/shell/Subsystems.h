@@ -11,6 +11,7 @@
 namespace tallowmere {
 
 class EngineProfile;
+class KeptSession;
 class UndoCommands;
 class UndoRecorder;
 class UserSites;
@@ -32,6 +33,7 @@ struct Subsystems {
     SiteControllers* sites;
     UndoCommands* undo;
     BackupControllers backup;
+    KeptSession* kept;
 };
 
 } // namespace tallowmere

@@ -10,6 +10,7 @@
 #include "app/tools/ColorSettings.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
+#include "core/shell/kept_pages.h"
 #include "core/shell/setting_keys.h"
 #include "core/shell/start_page.h"
 #include "core/shell/undo_recorder.h"
@@ -54,6 +55,7 @@ void Setup::Fill(frmUser& dialog) const {
     dialog.chkSA->setChecked(m_accounts.clubMember);
     dialog.chkTick->setChecked(isOn("WSCTick"));
     dialog.chkActive->setChecked(isOn("ActiveEdge"));
+    dialog.chkKeep->setChecked(isOn("KeepPages"));
 }
 
 void Setup::Connect(frmUser& dialog) {
@@ -62,6 +64,12 @@ void Setup::Connect(frmUser& dialog) {
     connect(dialog.chkToolTips, &QCheckBox::toggled, this, [this](bool on) {
         m_settings.SaveSetting(kSettingsSection, "Tips", FromBoolean(on));
         m_form.SetToolTips(on);
+    });
+    connect(dialog.chkKeep, &QCheckBox::toggled, this, [this](bool on) {
+        m_settings.SaveSetting(kSettingsSection, "KeepPages", FromBoolean(on));
+        // Who does not want the pages kept does not want to find them written either.
+        if (!on)
+            SaveKeptPages(m_settings, {});
     });
     connect(&dialog, &frmUser::HelpRightReleased, this, [&] { ToggleMember(dialog); });
     connect(dialog.cmdOK[1], &QPushButton::clicked, this, [&] { m_colors.Show(&dialog); });

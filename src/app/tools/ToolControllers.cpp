@@ -1,5 +1,6 @@
 #include "app/tools/ToolControllers.h"
 
+#include "app/engine/EngineProfile.h"
 #include "app/forms/DialogKeys.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkControllers.h"
@@ -7,6 +8,7 @@
 #include "app/tools/ColorConfig.h"
 #include "app/tools/ColorSettings.h"
 #include "app/tools/DailyReminders.h"
+#include "app/tools/DownloadWindow.h"
 #include "app/tools/EngineNotice.h"
 #include "app/tools/Help.h"
 #include "app/tools/ReminderWatch.h"
@@ -17,11 +19,13 @@ namespace tallowmere {
 
 ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
                                  const SiteTable& sites, Prompts& prompts, const Clock& clock,
-                                 const std::filesystem::path& programFolder, LinkControllers& links)
+                                 const std::filesystem::path& programFolder, EngineProfile& profile,
+                                 LinkControllers& links)
     : colors(new ColorConfig(form, settings)),
       colorSettings(new ColorSettings(settings, undo, prompts, &form)),
       reminders(new DailyReminders(form, undo, prompts, clock, programFolder, *links.dispatch)),
       dueReminders(new ReminderWatch(form, clock, programFolder, *reminders, *links.panes)),
+      downloads(new DownloadWindow(form, prompts, profile.Downloads())),
       engine(new EngineNotice(form, settings, clock, *links.panes)),
       setup(new Setup(form, settings, undo, prompts, programFolder, links.accounts, *links.panes,
                       *colorSettings)),

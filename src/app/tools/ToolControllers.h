@@ -8,7 +8,9 @@ class Clock;
 class ColorConfig;
 class ColorSettings;
 class DailyReminders;
+class DownloadWindow;
 class EngineNotice;
+class EngineProfile;
 class Prompts;
 class ReminderWatch;
 class SettingsStore;
@@ -19,17 +21,19 @@ class UndoRecorder;
 class frmMain;
 struct LinkControllers;
 
-/// The controllers of colours, setup, shortcuts, reminders and help, connected to each other and to
-/// the links below them. The form owns the controllers.
+/// The controllers of colours, setup, shortcuts, reminders, downloads and help, connected to each
+/// other and to the links below them. The form owns the controllers.
 struct ToolControllers {
     ToolControllers(frmMain& form, SettingsStore& settings, UndoRecorder& undo,
                     const SiteTable& sites, Prompts& prompts, const Clock& clock,
-                    const std::filesystem::path& programFolder, LinkControllers& links);
+                    const std::filesystem::path& programFolder, EngineProfile& profile,
+                    LinkControllers& links);
 
     ColorConfig* colors;
     ColorSettings* colorSettings;
     DailyReminders* reminders;
     ReminderWatch* dueReminders;
+    DownloadWindow* downloads;
     EngineNotice* engine;
     Setup* setup;
     ShortcutEditor* shortcuts;

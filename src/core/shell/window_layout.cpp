@@ -66,9 +66,11 @@ WindowLayout LayOutWindow(const LayoutRequest& request) {
 
     const int webLeft = leftWidth + kGripWidth;
     const int webWidth = std::max(0, layout.rightGrip.x - webLeft);
-    const int webHeight = std::max(0, bodyHeight - request.statusHeight - kProgressHeight);
-    layout.web = {webLeft, top, webWidth, webHeight};
-    layout.status = {webLeft, top + webHeight, webWidth, request.statusHeight};
+    const int paneHeight = std::max(0, bodyHeight - request.statusHeight - kProgressHeight);
+    const int tabsHeight = std::min(request.tabsHeight, paneHeight);
+    layout.tabs = {webLeft, top, webWidth, tabsHeight};
+    layout.web = {webLeft, top + tabsHeight, webWidth, paneHeight - tabsHeight};
+    layout.status = {webLeft, top + paneHeight, webWidth, request.statusHeight};
     layout.progress = {webLeft, layout.status.y + request.statusHeight, webWidth, kProgressHeight};
 
     const int widthTwips = request.width * kTwipsPerPixel;

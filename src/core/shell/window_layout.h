@@ -34,6 +34,7 @@ struct LayoutRequest {
     int portfolioHeight = 0;  ///< what they would like
     int portfolioDragged = 0; ///< as the user dragged it, 0 for the height that suits the window
     int linksHeight = 0;      ///< of the links below them when all are in view
+    int tabsHeight = 0;       ///< of the row of tabs, 0 without one
     int statusHeight = 0;     ///< of the status line
     int stripHeight = 0;      ///< of the index strip
 };
@@ -47,6 +48,7 @@ struct WindowLayout {
     Rect listGrip;
     Rect left;
     Rect leftGrip;
+    Rect tabs;
     Rect web;
     Rect rightGrip;
     Rect right;

@@ -2,6 +2,7 @@
 
 #include "app/base/WebAccess.h"
 #include "app/engine/BrowserPane.h"
+#include "app/engine/DownloadList.h"
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PanePage.h"
 #include "support/Await.h"
@@ -94,7 +95,7 @@ private Q_SLOTS:
         QTemporaryDir target;
         Run run(m_folder.path());
         QStringList states;
-        connect(&run.profile, &EngineProfile::DownloadStatus, &run.pane,
+        connect(&run.profile.Downloads(), &DownloadList::Status, &run.pane,
                 [&](const QString& text) { states << text; });
         QVERIFY(run.Show(m_server.Address(u"/list"_s)));
         QTRY_COMPARE(run.prompts.messages.size(), 1);
@@ -162,7 +163,7 @@ private Q_SLOTS:
         QVERIFY(old.setPermissions(old.permissions() | QFile::ExeOwner));
         run.prompts.files << path;
         run.prompts.answers << true;
-        QSignalSpy states(&run.profile, &EngineProfile::DownloadStatus);
+        QSignalSpy states(&run.profile.Downloads(), &DownloadList::Status);
         QVERIFY(run.Show(m_server.Address(u"/program"_s)));
         QTRY_VERIFY(!states.isEmpty() && states.last().first().toString() == u"Saved list.sh");
         QVERIFY(QFileInfo(path).size() > 0);
@@ -178,7 +179,7 @@ private Q_SLOTS:
                        "height:300px'>x</a><script>n = 0; setInterval(() => { if (n++ < 5)"
                        " { l.click() } else { document.title = 'over' } }, 100)</script>");
         Run run(m_folder.path());
-        QSignalSpy states(&run.profile, &EngineProfile::DownloadStatus);
+        QSignalSpy states(&run.profile.Downloads(), &DownloadList::Status);
         QVERIFY(run.Show(m_server.Address(u"/storms"_s)));
         QTRY_COMPARE(run.Title(), u"over"_s);
         QTRY_VERIFY(states.size() >= 1);

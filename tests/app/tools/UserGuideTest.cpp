@@ -121,12 +121,12 @@ private Q_SLOTS:
 
     void ThePanesFindSearchesIt_data() {
         QTest::addColumn<QString>("wanted");
-        for (const char* word :
-             {"Portfolios",  "Notes",        "broker",    "Smart navigate", "LCASETICK",
-              "Multi-links", "Condensed",    "Report",    "Reminders",      "Watch windows",
-              "Ticker scan", "Proxy",        "Colours",   "Active edges",   "AutoRefresh",
-              "indices",     "ticker strip", "New Sites", "--web sample",   "--profile",
-              "Sites",       "Ctrl+L"})
+        for (const char* word : {"Portfolios",   "Notes",         "broker",       "Smart navigate",
+                                 "LCASETICK",    "Multi-links",   "Condensed",    "Report",
+                                 "Reminders",    "Watch windows", "Ticker scan",  "Proxy",
+                                 "Colours",      "Active edges",  "AutoRefresh",  "indices",
+                                 "ticker strip", "New Sites",     "--web sample", "--profile",
+                                 "Sites",        "Ctrl+L",        "Downloads",    "Tabs"})
             QTest::newRow(word) << QString::fromLatin1(word);
     }
     void ThePanesFindSearchesIt() {

@@ -28,6 +28,22 @@ TEST(WindowLayout, TheTickerStripPushesThePanesTo1000Twips) {
     EXPECT_EQ(layout.tickerFrame.width, (1280 * 15 - 2360) / 15);
 }
 
+TEST(WindowLayout, ARowOfTabsTakesItsHeightFromThePanesAlone) {
+    LayoutRequest request = RequestOf(1280, 900);
+    const WindowLayout without = LayOutWindow(request);
+    EXPECT_EQ(without.tabs.height, 0);
+    request.tabsHeight = 26;
+    const WindowLayout with = LayOutWindow(request);
+    EXPECT_EQ(with.tabs, (Rect{without.web.x, without.web.y, without.web.width, 26}));
+    EXPECT_EQ(with.web.y, without.web.y + 26);
+    EXPECT_EQ(with.web.height, without.web.height - 26);
+    EXPECT_EQ(with.status, without.status);
+    EXPECT_EQ(with.left, without.left);
+    // There is no room for it in a window without room for pages.
+    request.height = 60;
+    EXPECT_GE(LayOutWindow(request).web.height, 0);
+}
+
 TEST(WindowLayout, ThePanesLieBetweenTheSidePanelsAndTheStatusLines) {
     for (const auto& [width, height] :
          {std::pair{565, 134}, {667, 567}, {1280, 900}, {1600, 1000}, {1920, 1080}}) {
