@@ -205,7 +205,7 @@ class Pictures:
         self.take_dialog("colors", colors)
         self.close(colors, "Return")
 
-        self.press("ctrl+e")
+        self.press("ctrl+shift+e")
         dialog = self.dialog("Daily Reminders")
         self.take_dialog("reminders", dialog)
         self.close(dialog)

@@ -90,7 +90,7 @@ constexpr CommandRow kCommands[] = {
     {"link61",            "&Watch Wizard",             Tools,     1, Plain,     kMain,    61,      "Ctrl+Shift+W",         "watch the page"},
     {"link211",           "&Multi Link",               Tools,     1, Plain,     kMain,    211,     "Ctrl+M",               "begin or end a multi-link"},
     {"discardRecorded",   "Discard Recorded Pa&ge",    Tools,     1, Awaited,   kMain,    kNoLink, "Esc",                  "while a multi-link is recorded: discard the last page"},
-    {"link45",            "&Reminders...",             Tools,     1, Plain,     kMain,    45,      "Ctrl+E",               "reminders"},
+    {"link45",            "&Reminders...",             Tools,     1, Plain,     kMain,    45,      "Ctrl+Shift+E",         "reminders"},
     {"link92",            "&Calculator",               Tools,     1, Plain,     kMain,    92,      "",                     "calculator"},
     {"link66",            "&Setup && Help...",         Tools,     1, Plain,     kMain,    66,      "Ctrl+,",               "setup"},
     {"sites",             "S&ites...",                 Tools,     2, Plain,     kMain,    kNoLink, "",                     "sites, and where their links lead"},
