@@ -1,5 +1,7 @@
 # The application: one library of Qt classes, so that tests can link them, and the program itself.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport DBus WebEngineWidgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport DBus Pdf PdfWidgets
+    WebEngineWidgets)
+find_package(qpdf REQUIRED CONFIG)
 set(CMAKE_AUTOMOC ON)
 # What moc reads is not made by what the library links: no need to build that first.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
@@ -11,8 +13,9 @@ list(REMOVE_ITEM appSources ${CMAKE_SOURCE_DIR}/src/app/main.cpp)
 add_library(tallowmere_app STATIC ${appSources})
 target_link_libraries(tallowmere_app PUBLIC
     tallowmere_core Qt6::Widgets Qt6::Network Qt6::PrintSupport Qt6::WebEngineWidgets
-    # Few files speak to the desktop, and name its headers with their folder.
-    $<LINK_ONLY:Qt6::DBus>)
+    qpdf::libqpdf
+    # Few files speak to the desktop or read PDF documents, and name the headers for it with their folder.
+    $<LINK_ONLY:Qt6::DBus> $<LINK_ONLY:Qt6::Pdf> $<LINK_ONLY:Qt6::PdfWidgets>)
 target_precompile_headers(tallowmere_app PRIVATE
     <QtCore> <QtGui> <QtWidgets> <QtNetwork> <QtWebEngineCore> <string> <string_view> <vector>)
 

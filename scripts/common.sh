@@ -7,8 +7,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 buildPackages=(
-    g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libtomlplusplus-dev nlohmann-json3-dev
-    libzip-dev libcsv-dev pkgconf
+    g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev qt6-pdf-dev libtomlplusplus-dev nlohmann-json3-dev
+    libzip-dev libcsv-dev libqpdf-dev pkgconf
     ca-certificates fonts-dejavu-core
 )
 # What plays the program on a machine without a display.

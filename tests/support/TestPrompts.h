@@ -55,6 +55,11 @@ public:
         return files.isEmpty() ? std::nullopt : Take(files);
     }
 
+    bool ChoosePrinter(QPrinter&, const QString& title) override {
+        Record({}, title);
+        return !answers.isEmpty() && Take(answers);
+    }
+
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override {
         Record({}, title);
         initials << initial;

@@ -25,6 +25,7 @@ public:
     LinkDispatch& Dispatch() { return *Controllers().links.dispatch; }
     LinkPanel& Panel() { return *Controllers().links.panel; }
     SitePopups& Popups() { return *Controllers().links.popups; }
+    PagePrinting& Printing() { return *Controllers().links.printing; }
     ServerLists& Lists() { return *Controllers().links.lists; }
     Portfolios& Ports() { return *Controllers().portfolio.portfolios; }
     QuotePage& Quotes() { return *Controllers().portfolio.quotes; }

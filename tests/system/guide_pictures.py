@@ -3,6 +3,7 @@
 The program runs in sample mode on a profile of its own.
 """
 
+import re
 import subprocess
 import sys
 import tempfile
@@ -238,6 +239,14 @@ class Pictures:
         menu.find(name="Sites...").click()
         dialog = self.dialog("Sites")
         self.take_dialog("sites", dialog)
+        self.close(dialog)
+
+        menu = self.window.find(role="menu bar").find(name="Page")
+        menu.click()
+        menu.find(name="Print Preview...").click()
+        dialog = self.dialog("Print Preview")
+        dialog.find(role="label", name=re.compile(r"\d pages?$"))
+        self.take_dialog("print", dialog)
         self.close(dialog)
 
         menu = self.window.find(role="menu bar").find(name="Help")

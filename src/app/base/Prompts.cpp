@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
@@ -202,6 +204,15 @@ std::optional<QString> DialogPrompts::OpenFolder(const QString& title, const QSt
         return std::nullopt;
     const QString path = QFileDialog::getExistingDirectory(Front(), title, folder);
     return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+bool DialogPrompts::ChoosePrinter(QPrinter& printer, const QString& title) {
+    if (IsLeft())
+        return false;
+    QPrintDialog dialog(&printer, Front());
+    dialog.setWindowTitle(title);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 std::optional<QColor> DialogPrompts::PickColor(const QColor& initial, const QString& title) {

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+class QPrinter;
 class QWidget;
 
 namespace tallowmere {
@@ -39,6 +40,8 @@ public:
     virtual std::optional<QString> OpenFile(const QString& title, const QString& folder,
                                             const QString& filter) = 0;
     virtual std::optional<QString> OpenFolder(const QString& title, const QString& folder) = 0;
+    /// Lets the user choose a printer and what it is to print; false when cancelled.
+    virtual bool ChoosePrinter(QPrinter& printer, const QString& title) = 0;
     /// Lets the user pick a colour, starting from `initial`; none when cancelled.
     virtual std::optional<QColor> PickColor(const QColor& initial, const QString& title) = 0;
 
@@ -65,6 +68,7 @@ public:
     std::optional<QString> OpenFile(const QString& title, const QString& folder,
                                     const QString& filter) override;
     std::optional<QString> OpenFolder(const QString& title, const QString& folder) override;
+    bool ChoosePrinter(QPrinter& printer, const QString& title) override;
     std::optional<QColor> PickColor(const QColor& initial, const QString& title) override;
 };
 

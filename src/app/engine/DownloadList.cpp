@@ -43,6 +43,10 @@ void DownloadList::OnRequested(QWebEngineDownloadRequest* request) {
             request->cancel(); // the user thought better of it
         return;
     }
+    if (request->isSavePageDownload()) {
+        FollowPage(*request);
+        return;
+    }
     // A file that breaks off is tried again by the engine itself, as another request.
     for (Download* download : std::as_const(m_all)) {
         if (download->IsRunning() && download->IsSameAs(*request)) {
@@ -57,6 +61,20 @@ void DownloadList::OnRequested(QWebEngineDownloadRequest* request) {
         return;
     }
     Ask(*request);
+}
+
+// Nobody but the user saves a whole page, and has said where. It comes from the pane, not from a
+// site, and is no row of the list.
+void DownloadList::FollowPage(QWebEngineDownloadRequest& request) {
+    connect(&request, &QWebEngineDownloadRequest::isFinishedChanged, this, [this, &request] {
+        const QString name = request.downloadFileName();
+        if (request.state() == QWebEngineDownloadRequest::DownloadCompleted)
+            Q_EMIT Status(tr("Saved %1").arg(name));
+        else
+            Q_EMIT Status(tr("%1 was not saved: %2").arg(name, request.interruptReasonString()));
+    });
+    request.accept();
+    Q_EMIT Status(tr("Saving %1").arg(request.downloadFileName()));
 }
 
 void DownloadList::Ask(QWebEngineDownloadRequest& request) {

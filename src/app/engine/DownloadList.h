@@ -45,6 +45,7 @@ Q_SIGNALS:
 private:
     void OnRequested(QWebEngineDownloadRequest* request);
     void Ask(QWebEngineDownloadRequest& request);
+    void FollowPage(QWebEngineDownloadRequest& request);
     void Add(const QString& path, QWebEngineDownloadRequest& request);
     void OnEnded(Download& download);
     void StopAsking(const Download& download);

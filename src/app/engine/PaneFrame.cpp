@@ -7,8 +7,11 @@
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PasswordLookout.h"
 
+#include <QPageLayout>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineHistory>
 
 namespace tallowmere {
 
@@ -52,6 +55,34 @@ void PaneFrame::ShowPlace(const QUrl& url, const QString& built) {
     m_location->setVisible(isShown);
     if (isShown)
         m_location->Show(url, built, m_passwords->IsAskedBy(url));
+}
+
+bool PaneFrame::HasPage() const {
+    return m_view && IsPageShown() && m_view->history()->count() > 0;
+}
+
+// Without a title of its own the engine takes a page's address.
+QString PaneFrame::Title() const {
+    if (!HasPage())
+        return {};
+    const QString title = m_view->title();
+    const QString address = m_view->url().toString();
+    return address.endsWith(title) ? QString() : title;
+}
+
+void PaneFrame::WritePdf(const QPageLayout& layout,
+                         std::function<void(const QByteArray&)> receive) const {
+    if (HasPage())
+        m_view->page()->printToPdf(receive, layout);
+    else
+        receive({});
+}
+
+void PaneFrame::SaveTo(const QString& path, SavedForm form) const {
+    if (HasPage())
+        m_view->page()->save(path, form == SavedForm::OneFile
+                                       ? QWebEngineDownloadRequest::MimeHtmlSaveFormat
+                                       : QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
 }
 
 void PaneFrame::Find() {

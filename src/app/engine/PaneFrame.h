@@ -1,9 +1,13 @@
 #pragma once
 
 #include "core/pages/page_zoom.h"
+#include "core/pages/saved_page.h"
 
 #include <QWidget>
 
+#include <functional>
+
+class QPageLayout;
 class QUrl;
 
 namespace tallowmere {
@@ -25,6 +29,16 @@ public:
     /// Leaves out the line that says where the pane is; for a strip without room for it.
     /// Without it no page of the strip asks anything either: there is no room for that.
     void LeaveOutLocation() { m_hasLocation = false; }
+
+    /// Whether a page is shown that can be printed and saved.
+    bool HasPage() const;
+    /// The title of that page; empty when it has none.
+    QString Title() const;
+    /// Gives that page as a PDF document on paper of that layout; empty bytes when the engine
+    /// could not make it. `receive` is called later.
+    void WritePdf(const QPageLayout& layout, std::function<void(const QByteArray&)> receive) const;
+    /// Saves that page with what it consists of; the profile tells what came of it.
+    void SaveTo(const QString& path, SavedForm form) const;
 
     /// Opens the search bar.
     void Find();

@@ -5,6 +5,7 @@
 #include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
+#include "app/links/PagePrinting.h"
 #include "app/links/PaneDeck.h"
 #include "app/links/PaneTabs.h"
 #include "app/links/SeparateBrowser.h"
@@ -25,7 +26,8 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       panel(new LinkPanel(form, recording, settings, undo, sites, prompts, *dispatch, *panes)),
       popups(new SitePopups(form, sites, menus, prompts, clock, *dispatch, *panes)),
       lists(new ServerLists(sites, *panes, *popups, transfers.tmNet, &form)),
-      navigate(new SmartNavigate(form, settings, *panes)) {
+      navigate(new SmartNavigate(form, settings, *panes)),
+      printing(new PagePrinting(form, prompts, clock, *panes)) {
     tabs = new PaneTabs(form, *panes);
     new HistoryMenus(form, *panes, *panel);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);

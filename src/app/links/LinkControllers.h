@@ -11,6 +11,7 @@ class Clock;
 class LinkDispatch;
 class LinkPanel;
 class MenuTable;
+class PagePrinting;
 class PaneDeck;
 class PaneTabs;
 class Prompts;
@@ -43,6 +44,7 @@ struct LinkControllers {
     SitePopups* popups;
     ServerLists* lists;
     SmartNavigate* navigate;
+    PagePrinting* printing;
 };
 
 } // namespace tallowmere

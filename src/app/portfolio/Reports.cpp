@@ -10,11 +10,12 @@
 #include "core/sites/site_table.h"
 #include "core/text/runtime_error.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QScopeGuard>
+#include <QStandardPaths>
 #include <QTextLayout>
 
 namespace tallowmere {
@@ -24,16 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qreal kMarginMillimetres = 20;
-
-std::unique_ptr<QPrinter> SystemPrinter() {
-    QPrinterInfo printer = QPrinterInfo::defaultPrinter();
-    const QStringList names = QPrinterInfo::availablePrinterNames();
-    if (printer.isNull() && !names.isEmpty())
-        printer = QPrinterInfo::printerInfo(names.first());
-    if (printer.isNull())
-        return nullptr;
-    return std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
-}
 
 /// The printer's font is asked for by its given name; few systems have one of that name, so the
 /// likes of it follow.
@@ -110,13 +101,20 @@ void Reports::View() {
         "report.html", ReportPage(LoadPortfolios(m_settings), Notes(), m_clock.Today(), m_sites));
 }
 
+std::unique_ptr<QPrinter> Reports::Printer() const {
+    std::unique_ptr<QPrinter> printer = m_makePrinter();
+    if (printer ||
+        !m_prompts.Ask(u"No printer is set up. Save the report as a PDF document instead?"_s,
+                       MessageTitle()))
+        return printer;
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const auto path = m_prompts.SaveFile(
+        u"Save as PDF"_s, folder.filePath(u"Portfolio Report.pdf"_s), u"PDF documents (*.pdf)"_s);
+    return path ? PdfPrinter(*path) : nullptr;
+}
+
 void Reports::Print() {
-    const std::unique_ptr<QPrinter> printer = m_makePrinter();
-    if (!printer)
-        m_prompts.Message(
-            u"No printer is set up. Add one in the settings of the system, then print again."_s,
-            MessageTitle());
-    else if (!PrintOn(*printer))
+    if (const std::unique_ptr<QPrinter> printer = Printer(); printer && !PrintOn(*printer))
         m_prompts.Message(u"The printer does not take the report."_s, MessageTitle());
 }
 

@@ -1,15 +1,11 @@
 #pragma once
 
+#include "app/base/Printers.h"
 #include "core/portfolio/report.h"
 
 #include <QObject>
 
 #include <filesystem>
-
-#include <functional>
-#include <memory>
-
-class QPrinter;
 
 namespace tallowmere {
 
@@ -30,15 +26,14 @@ public:
     /// Writes the report and shows it in `Web`.
     void View();
 
-    /// Prints the report on the system's printer.
+    /// Prints the report on the system's printer; where there is none, offers a PDF document.
     void Print();
 
-    /// Makes the printer that a report goes to; null when there is none.
-    using PrinterFactory = std::function<std::unique_ptr<QPrinter>()>;
     void SetPrinterFactory(PrinterFactory factory) { m_makePrinter = std::move(factory); }
 
 private:
     NoteIndex Notes() const;
+    std::unique_ptr<QPrinter> Printer() const;
     bool PrintOn(QPrinter& printer) const;
 
     SettingsStore& m_settings;

@@ -206,13 +206,20 @@ private Q_SLOTS:
         QCOMPARE(found, expected);
     }
 
-    void WithoutAPrinterAMessageSaysSo() {
+    void WithoutAPrinterAPdfDocumentIsOffered() {
         Report session;
         session.Form().findChild<Reports*>()->SetPrinterFactory([] { return nullptr; });
         session.Run("mnuPrintPort");
         QCOMPARE(session.prompts.messages,
-                 QStringList{u"Quorvane: No printer is set up. Add one in the settings of the "
-                             "system, then print again."_s});
+                 QStringList{u"Quorvane: No printer is set up. Save the report as a PDF document "
+                             "instead?"_s});
+        session.prompts.answers << true << true;
+        session.Run("mnuPrintPort"); // the file is not named
+        QVERIFY(!QFile::exists(session.Pdf()));
+        session.prompts.files << session.Pdf();
+        session.Run("mnuPrintPort");
+        QVERIFY(session.prompts.messages.last().endsWith(u"/Portfolio Report.pdf"_s));
+        QCOMPARE(session.Printed().first(), u"Quorvane Portfolio Report"_s);
     }
 
     void APrinterThatRefusesIsToldOf() {

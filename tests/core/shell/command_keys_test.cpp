@@ -67,14 +67,17 @@ TEST_F(CommandKeysOf, AChordThatWasGivenLeavesTheCommandThatHadItByTheTable) {
 }
 
 TEST_F(CommandKeysOf, CommandsOfDifferentWindowsDoNotMeet) {
-    // Saving the watched page has no place in the main window.
-    EXPECT_EQ(Holder("Ctrl+S", "undo"), nullptr);
-    EXPECT_EQ(Holder("Ctrl+S", "findInPage"), FindCommand("mnuExport"));
+    // Saving the watched page has no place in the main window, which saves its own.
+    EXPECT_EQ(Holder("Ctrl+S", "undo"), FindCommand("savePage"));
+    EXPECT_EQ(Holder("Ctrl+S", "mnuExport"), nullptr);
+    EXPECT_EQ(Holder("Ctrl+S", "savePage"), nullptr);
+    EXPECT_NE(Holder("Ctrl+S", "findInPage"), nullptr);
     EXPECT_EQ(Holder("Ctrl+F", "findInPage"), nullptr);
     EXPECT_EQ(Holder("Ctrl+F", "undo"), FindCommand("findInPage"));
     EXPECT_EQ(Holder("Ctrl+Shift+F11", "undo"), nullptr);
     Store("undo", "Ctrl+S");
     EXPECT_THAT(Of("undo"), ElementsAre("Ctrl+S"));
+    EXPECT_THAT(Of("savePage"), IsEmpty());
     EXPECT_THAT(Of("mnuExport"), ElementsAre("Ctrl+S"));
 }
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPrinter>
+
+#include <functional>
+#include <memory>
+
+namespace tallowmere {
+
+/// Makes the printer that something goes to; null when there is none.
+using PrinterFactory = std::function<std::unique_ptr<QPrinter>()>;
+
+/// The printer that the system takes when nobody chose one; null when none is set up.
+std::unique_ptr<QPrinter> SystemPrinter();
+
+/// A printer that writes a PDF document into a file.
+std::unique_ptr<QPrinter> PdfPrinter(const QString& path);
+
+/// Puts the pages of a PDF document on paper, those that the printer is told to print. A printer
+/// that writes a PDF file gets the document as it is. Gives false when the printer does not take
+/// it or the document cannot be read; throws RuntimeError when the file cannot be written.
+bool PrintPdf(const QByteArray& pdf, QPrinter& printer);
+
+} // namespace tallowmere
