@@ -87,8 +87,9 @@ private Q_SLOTS:
             for (const QKeySequence& sequence : action->shortcuts())
                 keys << sequence.toString(QKeySequence::PortableText);
             QCOMPARE(keys.join(u' '), ToQt(row.keys));
-            QCOMPARE(action->isVisible(), row.kind != CommandKind::Awaited);
+            QVERIFY2(action->isVisible() || row.kind == CommandKind::Awaited, row.name.data());
         }
+        QVERIFY(!bench.Form().menus->At("discardRecorded")->isVisible());
         QStringList bar;
         for (const QAction* menu : bench.Form().menuBar()->actions())
             bar << menu->text();
@@ -245,14 +246,14 @@ private Q_SLOTS:
 
     void AnAwaitedCommandIsInItsMenuOnceItIsOffered() {
         Bench bench;
-        QAction* close = bench.Form().menus->At("closeTab");
-        QSignalSpy triggered(close, &QAction::triggered);
+        QAction* discard = bench.Form().menus->At("discardRecorded");
+        QSignalSpy triggered(discard, &QAction::triggered);
         QVERIFY(Activate(bench.Form()));
-        QTest::keyClick(&bench.Form(), Qt::Key_W, Qt::ControlModifier);
+        QTest::keyClick(&bench.Form(), Qt::Key_Escape);
         QVERIFY(triggered.isEmpty());
-        QCOMPARE(bench.Form().menus->Offer("closeTab"), close);
-        QVERIFY(close->isVisible());
-        QTest::keyClick(&bench.Form(), Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(bench.Form().menus->Offer("discardRecorded"), discard);
+        QVERIFY(discard->isVisible());
+        QTest::keyClick(&bench.Form(), Qt::Key_Escape);
         QCOMPARE(triggered.size(), 1);
     }
 };
