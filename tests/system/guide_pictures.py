@@ -174,10 +174,10 @@ class Pictures:
         driver.move_pointer(left + 700, top + 600)
         left, top, width, _ = pane.extents
         self.take("tabs", left, top - 40, width, 240)
-        for _ in range(2):
-            self.press("ctrl+Tab")
-            self.press("ctrl+w")
-        driver.wait_for(lambda: not self.window.find_all(role="page tab"), "the row to go")
+        for left in (2, 0):
+            self.window.find_all(role="page tab")[-1].click(button=2)
+            driver.wait_for(lambda: len(self.window.find_all(role="page tab")) == left,
+                            f"{left} tabs")
 
     def program_find(self):
         self.press("ctrl+f")

@@ -67,6 +67,8 @@ class Csv(driver.SystemTest):
         self.wait_for_tickers("AOL", "MSFT", "SAP.DE")
         self.assertIn("||SAP.DE||Prüfen|||||".encode(),
                       (self.profile / "TickNotes.txt").read_bytes())
+        # In the entry box the key would be about what is typed there.
+        self.window.find(role="list item", name="SAP.DE").click()
         driver.press("ctrl+z")
         self.wait_for_tickers("AOL", "MSFT")
         self.assertEqual((self.profile / "TickNotes.txt").read_bytes(), b"||MSFT||=mine|||||\r\n")
