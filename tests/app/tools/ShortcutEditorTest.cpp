@@ -1,5 +1,6 @@
 #include "app/tools/ShortcutEditor.h"
 
+#include "app/forms/WindowCommands.h"
 #include "app/forms/frmShortcuts.h"
 #include "app/forms/frmSites.h"
 #include "app/forms/frmWiz.h"
@@ -87,7 +88,8 @@ private Q_SLOTS:
             for (const QKeySequence& sequence : action->shortcuts())
                 keys << sequence.toString(QKeySequence::PortableText);
             QCOMPARE(keys.join(u' '), ToQt(row.keys));
-            QCOMPARE(action->isVisible(), row.kind != CommandKind::Awaited);
+            if (row.kind != CommandKind::Awaited) // another controller decides over those
+                QVERIFY(action->isVisible());
         }
         QStringList bar;
         for (const QAction* menu : bench.Form().menuBar()->actions())
@@ -243,16 +245,20 @@ private Q_SLOTS:
         QVERIFY(bench.Form().isVisible());
     }
 
-    void AnAwaitedCommandIsInItsMenuOnceItIsOffered() {
+    void AnAwaitedCommandIsShownAndHasItsShortcutOnceItIsOffered() {
         Bench bench;
-        QAction* close = bench.Form().menus->At("closeTab");
+        QWidget window;
+        auto& commands = *new WindowCommands(window, bench.Form().menus->Keys(), kMainWindow);
+        window.show();
+        QAction* close = commands.At("closeTab");
+        QVERIFY(!close->isVisible());
         QSignalSpy triggered(close, &QAction::triggered);
-        QVERIFY(Activate(bench.Form()));
-        QTest::keyClick(&bench.Form(), Qt::Key_W, Qt::ControlModifier);
+        QVERIFY(Activate(window));
+        QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
         QVERIFY(triggered.isEmpty());
-        QCOMPARE(bench.Form().menus->Offer("closeTab"), close);
+        QCOMPARE(commands.Offer("closeTab"), close);
         QVERIFY(close->isVisible());
-        QTest::keyClick(&bench.Form(), Qt::Key_W, Qt::ControlModifier);
+        QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
         QCOMPARE(triggered.size(), 1);
     }
 };
