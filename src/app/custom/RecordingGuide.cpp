@@ -37,12 +37,10 @@ void RecordingGuide::Follow() {
 }
 
 void RecordingGuide::Begin() {
-    m_bar = new RecorderBar(&m_form);
+    m_bar = new RecorderBar(m_form.centralWidget());
     connect(m_bar, &RecorderBar::DiscardWanted, &m_multiLinks, &MultiLinks::DiscardLast);
     connect(m_bar, &RecorderBar::EndWanted, &m_multiLinks, &MultiLinks::Toggle);
-    m_form.addToolBarBreak(Qt::BottomToolBarArea);
-    m_form.addToolBar(Qt::BottomToolBarArea, m_bar);
-    m_bar->show();
+    m_form.ShowOverPanes(m_bar);
     if (!m_form.ShowsToolTips())
         return;
     for (Chip* link : m_form.lbllink)

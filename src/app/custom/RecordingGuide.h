@@ -12,8 +12,8 @@ class RecorderBar;
 struct RecordingState;
 class frmMain;
 
-/// Tells what a recording of a multi-link has so far and how it goes on: in a bar at the bottom of
-/// the window, and on the links that cannot be recorded.
+/// Tells what a recording of a multi-link has so far and how it goes on: in a bar over the
+/// lower edge of the panes, and on the links that cannot be recorded.
 class RecordingGuide : public QObject {
     Q_OBJECT
 public:

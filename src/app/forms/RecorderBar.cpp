@@ -15,10 +15,7 @@ using namespace Qt::StringLiterals;
 RecorderBar::RecorderBar(QWidget* parent) : QToolBar(u"Recording"_s, parent) {
     setObjectName(u"RecorderBar"_s);
     setAccessibleName(u"Recording"_s);
-    setMovable(false);
-    // It comes and goes with the recording, and by no menu of the window.
-    setContextMenuPolicy(Qt::PreventContextMenu);
-    toggleViewAction()->setVisible(false);
+    setAutoFillBackground(true);
     auto* content = new QWidget(this);
     content->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     auto* row = new QHBoxLayout(content);

@@ -8,9 +8,9 @@ class QToolButton;
 
 namespace tallowmere {
 
-/// The bar at the bottom of the window while a multi-link is recorded: how many pages there are and
-/// what to do, the pages themselves in a menu, and buttons that discard the last one and end the
-/// recording.
+/// The bar over the lower edge of the panes while a multi-link is recorded: how many pages there
+/// are and what to do, the pages themselves in a menu, and buttons that discard the last one and
+/// end the recording.
 class RecorderBar : public QToolBar {
     Q_OBJECT
 public:

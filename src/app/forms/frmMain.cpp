@@ -280,6 +280,7 @@ void frmMain::LayOut() {
     tabRow->setGeometry(ToQt(layout.tabs));
     for (BrowserPane* pane : Panes())
         pane->setGeometry(ToQt(layout.web));
+    PlaceOverPanes();
     WebStatus->setGeometry(ToQt(layout.status));
     lblStat->setGeometry(layout.progress.x, layout.progress.y,
                          std::min(lblStat->width(), layout.progress.width), layout.progress.height);
@@ -353,6 +354,21 @@ void frmMain::PopUp(QMenu* menu) {
 void frmMain::ShowTicker(bool shown) {
     fraTick->setVisible(shown);
     LayOut();
+}
+
+void frmMain::ShowOverPanes(QWidget* bar) {
+    m_overPanes = bar;
+    PlaceOverPanes();
+    bar->show();
+}
+
+void frmMain::PlaceOverPanes() {
+    if (!m_overPanes)
+        return;
+    const QRect panes = Web->geometry();
+    const int height = m_overPanes->sizeHint().height();
+    m_overPanes->setGeometry(panes.x(), panes.bottom() + 1 - height, panes.width(), height);
+    m_overPanes->raise();
 }
 
 void frmMain::ShowPortfolioLabel(bool shown) {

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <array>
@@ -96,6 +97,10 @@ public:
     /// Shows or hides the caption of the portfolio, and says so in its menu.
     void ShowPortfolioLabel(bool shown);
 
+    /// Shows a bar over the lower edge of the panes until it is deleted. Nothing else moves: the
+    /// next click may follow at once, on what is under the pointer now.
+    void ShowOverPanes(QWidget* bar);
+
     /// Whether the links say more about themselves when the pointer rests on them.
     void SetToolTips(bool shown);
     bool ShowsToolTips() const { return m_toolTips; }
@@ -133,6 +138,7 @@ private:
     int PortfolioHeight(int rows) const;
     void ConnectGrips();
     void ApplyFont();
+    void PlaceOverPanes();
     void TellPointer(const QPoint& globalPosition);
 
     EngineProfile& m_profile;
@@ -143,6 +149,7 @@ private:
     Grip* m_leftGrip;
     Grip* m_rightGrip;
     Grip* m_listGrip;
+    QPointer<QWidget> m_overPanes;
     PanelSizes m_panels;
     bool m_toolTips = true;
 };

@@ -59,6 +59,29 @@ private Q_SLOTS:
         QTRY_VERIFY(!window.Bar());
     }
 
+    void TheBarMovesNothingThatMayBeClickedNext() {
+        Window window;
+        window.Form().resize(1280, 900);
+        QCoreApplication::processEvents();
+        const auto places = [&] {
+            QList<QRect> result{window.Form().List1->geometry(), window.Form().SpooBar->geometry()};
+            for (const Chip* link : window.Form().lbllink)
+                result << QRect(link->mapTo(&window.Form(), QPoint()), link->size());
+            return result;
+        };
+        const QList<QRect> before = places();
+        window.ClickLink(kRecord);
+        QCoreApplication::processEvents();
+        QVERIFY(window.IsTold());
+        QCOMPARE(places(), before);
+        const QRect panes = window.Form().Web->geometry();
+        QVERIFY(panes.contains(window.Bar()->geometry()));
+        window.Form().resize(1000, 700);
+        QCoreApplication::processEvents();
+        QVERIFY(window.Form().Web->geometry().contains(window.Bar()->geometry()));
+        QCOMPARE(window.Bar()->width(), window.Form().Web->width());
+    }
+
     void EscapeDiscardsTheLastPage() {
         Window window;
         window.ClickLink(kRecord);
