@@ -2,6 +2,7 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/Chip.h"
+#include "app/forms/DialogParts.h"
 #include "core/tools/color_schemes.h"
 
 #include <QApplication>
@@ -24,9 +25,9 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
     Label1->setFrameShape(QFrame::StyledPanel);
     Label1->setAutoFillBackground(true);
     Label1->setMinimumHeight(4 * fontMetrics().lineSpacing());
-    cmdFore[0] = Button(u"cmdFore0"_s, u"&Fore"_s);
-    cmdFore[1] = Button(u"cmdFore1"_s, u"&Back"_s);
-    cmdReset = Button(u"cmdReset"_s, u"&Reset Area"_s);
+    cmdFore[0] = MakeButton(u"cmdFore0"_s, u"&Fore"_s, this);
+    cmdFore[1] = MakeButton(u"cmdFore1"_s, u"&Back"_s, this);
+    cmdReset = MakeButton(u"cmdReset"_s, u"&Reset Area"_s, this);
     cmbScheme = new QComboBox(this);
     cmbScheme->setObjectName(u"cmbScheme"_s);
     cmbScheme->setAccessibleName(u"Scheme"_s);
@@ -34,10 +35,10 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
     for (const ColorScheme& scheme : ColorSchemes())
         cmbScheme->addItem(ToQt(scheme.name));
     cmbScheme->setPlaceholderText(u"Your own"_s);
-    cmdResetAll = Button(u"cmdResetAll"_s, u"Reset &All"_s);
-    cmdOK = Button(u"cmdOK"_s, u"&OK"_s);
+    cmdResetAll = MakeButton(u"cmdResetAll"_s, u"Reset &All"_s, this);
+    cmdOK = MakeButton(u"cmdOK"_s, u"&OK"_s, this);
     cmdOK->setDefault(true);
-    cmdCancel = Button(u"cmdCancel"_s, u"Cancel"_s);
+    cmdCancel = MakeButton(u"cmdCancel"_s, u"Cancel"_s, this);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     // The list would keep these keys for itself.
@@ -45,14 +46,6 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
         new QShortcut(key, List1, cmdOK, &QPushButton::click, Qt::WidgetShortcut);
     LayOut();
     List1->setFocus();
-}
-
-QPushButton* frmColor::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmColor::BuildAreas() {

@@ -31,7 +31,6 @@ public:
     void ShowSample(const ColorPair& colors);
 
 private:
-    QPushButton* Button(const QString& name, const QString& caption);
     void BuildAreas();
     void LayOut();
 };

@@ -1,7 +1,8 @@
 #include "app/forms/frmCsvImport.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace tallowmere {
@@ -12,14 +13,6 @@ namespace {
 
 constexpr int kWidth = 72; // characters
 constexpr int kLines = 24;
-constexpr double kMostOfScreen = 0.9;
-
-QPushButton* Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    return button;
-}
 
 } // namespace
 
@@ -44,9 +37,8 @@ frmCsvImport::frmCsvImport(QWidget* parent, const QStringList& portfolios) : QDi
     txtChanges->setAccessibleName(u"What would change"_s);
     txtChanges->setReadOnly(true);
     txtChanges->setTabChangesFocus(true);
-    cmdImport = Button(u"cmdImport"_s, u"&Import"_s);
-    cmdCancel = Button(u"cmdCancel"_s, u"&Cancel"_s);
-    cmdImport->setAutoDefault(false);
+    cmdImport = MakeButton(u"cmdImport"_s, u"&Import"_s, this);
+    cmdCancel = MakeButton(u"cmdCancel"_s, u"&Cancel"_s, this);
     cmdCancel->setDefault(true);
 
     auto* target = new QHBoxLayout;
@@ -61,8 +53,7 @@ frmCsvImport::frmCsvImport(QWidget* parent, const QStringList& portfolios) : QDi
     layout->addLayout(target);
     layout->addWidget(txtChanges, 1);
     layout->addLayout(buttons);
-    const QSize wanted(kWidth * fontMetrics().averageCharWidth(), kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     txtChanges->setFocus();
     connect(cmdImport, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -2,6 +2,7 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/Chip.h"
+#include "app/forms/DialogParts.h"
 #include "core/custom/custom_link.h"
 
 #include <QBoxLayout>
@@ -54,15 +55,15 @@ void frmCustom::BuildControls() {
     lblExamp->setFocusPolicy(Qt::NoFocus);
     lblExamp->setAttribute(Qt::WA_TransparentForMouseEvents);
     lblExamp->setAccessibleDescription(u"Sample of the link"_s);
-    Command4 = Button(u"Command4"_s, u"Current &Page"_s);
-    Command5 = Button(u"Command5"_s, u"&Text Color"_s);
-    Command6 = Button(u"Command6"_s, u"&Background Color"_s);
-    cmdMulti = Button(u"cmdMulti"_s, u"&Multi Link"_s);
-    cmdPlaceholder = Button(u"cmdPlaceholder"_s, {});
+    Command4 = MakeButton(u"Command4"_s, u"Current &Page"_s, this);
+    Command5 = MakeButton(u"Command5"_s, u"&Text Color"_s, this);
+    Command6 = MakeButton(u"Command6"_s, u"&Background Color"_s, this);
+    cmdMulti = MakeButton(u"cmdMulti"_s, u"&Multi Link"_s, this);
+    cmdPlaceholder = MakeButton(u"cmdPlaceholder"_s, {}, this);
     cmdPlaceholder->hide();
-    Command1 = Button(u"Command1"_s, u"&Reset"_s);
-    Command2 = Button(u"Command2"_s, u"&Save"_s);
-    Command3 = Button(u"Command3"_s, u"&Cancel"_s);
+    Command1 = MakeButton(u"Command1"_s, u"&Reset"_s, this);
+    Command2 = MakeButton(u"Command2"_s, u"&Save"_s, this);
+    Command3 = MakeButton(u"Command3"_s, u"&Cancel"_s, this);
     Command2->setDefault(true);
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -137,14 +138,6 @@ bool frmCustom::eventFilter(QObject* watched, QEvent* event) {
         txtTitle->text() == ToQt(kEmptyCustomCaption))
         txtTitle->selectAll();
     return QDialog::eventFilter(watched, event);
-}
-
-QPushButton* frmCustom::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 QLineEdit* frmCustom::Box(const QString& name, const QString& accessibleName) {

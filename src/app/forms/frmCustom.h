@@ -40,7 +40,6 @@ private:
     void BuildControls();
     void LayOut();
     void EditTitle(const QString& text);
-    QPushButton* Button(const QString& name, const QString& caption);
     QLineEdit* Box(const QString& name, const QString& accessibleName);
 
     QLabel* m_expanded;

@@ -1,11 +1,11 @@
 #include "app/forms/frmDownloads.h"
 
 #include "app/base/FlowLayout.h"
+#include "app/forms/DialogParts.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -19,7 +19,6 @@ constexpr int kWidth = 110; // characters
 constexpr int kLines = 20;
 constexpr int kProgressWidth = 16; // characters
 constexpr int kGap = 6;
-constexpr double kMostOfScreen = 0.9;
 constexpr int kPercentRole = Qt::UserRole;
 
 /// Draws how far a file is as a bar.
@@ -67,12 +66,12 @@ frmDownloads::frmDownloads(QWidget* parent) : QDialog(parent) {
     lblMessage->setObjectName(u"lblMessage"_s);
     lblMessage->setTextFormat(Qt::PlainText);
     lblMessage->setWordWrap(true);
-    cmdOpen = Button(u"cmdOpen"_s, u"&Open"_s);
-    cmdFolder = Button(u"cmdFolder"_s, u"Show in &Folder"_s);
-    cmdCancel = Button(u"cmdCancel"_s, u"&Cancel Download"_s);
-    cmdAgain = Button(u"cmdAgain"_s, u"&Try Again"_s);
-    cmdRemove = Button(u"cmdRemove"_s, u"&Remove from List"_s);
-    cmdClose = Button(u"cmdClose"_s, u"C&lose"_s);
+    cmdOpen = MakeButton(u"cmdOpen"_s, u"&Open"_s, this);
+    cmdFolder = MakeButton(u"cmdFolder"_s, u"Show in &Folder"_s, this);
+    cmdCancel = MakeButton(u"cmdCancel"_s, u"&Cancel Download"_s, this);
+    cmdAgain = MakeButton(u"cmdAgain"_s, u"&Try Again"_s, this);
+    cmdRemove = MakeButton(u"cmdRemove"_s, u"&Remove from List"_s, this);
+    cmdClose = MakeButton(u"cmdClose"_s, u"C&lose"_s, this);
 
     auto* buttons = new FlowLayout(nullptr, kGap);
     for (QPushButton* button : {cmdOpen, cmdFolder, cmdCancel, cmdAgain, cmdRemove, cmdClose})
@@ -87,17 +86,8 @@ frmDownloads::frmDownloads(QWidget* parent) : QDialog(parent) {
     header.setSectionResizeMode(Progress, QHeaderView::Fixed);
     header.setSectionResizeMode(Text, QHeaderView::Stretch);
     header.resizeSection(Progress, kProgressWidth * fontMetrics().averageCharWidth());
-    const QSize wanted(kWidth * fontMetrics().averageCharWidth(), kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-}
-
-QPushButton* frmDownloads::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmDownloads::SetPercent(QTreeWidgetItem& row, std::optional<int> percent) {

@@ -37,7 +37,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QPushButton* Button(const QString& name, const QString& caption);
 };
 
 } // namespace tallowmere

@@ -1,7 +1,8 @@
 #include "app/forms/frmPreview.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <QtPdfWidgets/QPdfView>
 
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int kWidth = 110; // characters
 constexpr int kLines = 50;
-constexpr double kMostOfScreen = 0.9;
 constexpr double kStep = 1.25;
 constexpr double kSmallest = 0.1;
 constexpr double kLargest = 5;
@@ -34,11 +34,11 @@ frmPreview::frmPreview(QWidget* parent) : QDialog(parent), m_view(new QPdfView(t
     lblPages = new QLabel(this);
     lblPages->setObjectName(u"lblPages"_s);
     lblPages->setTextFormat(Qt::PlainText);
-    cmdLarger = Button(u"cmdLarger"_s, u"&Larger"_s);
-    cmdSmaller = Button(u"cmdSmaller"_s, u"S&maller"_s);
-    cmdPrint = Button(u"cmdPrint"_s, u"&Print..."_s);
-    cmdSave = Button(u"cmdSave"_s, u"&Save as PDF..."_s);
-    cmdClose = Button(u"cmdClose"_s, u"&Close"_s);
+    cmdLarger = MakeButton(u"cmdLarger"_s, u"&Larger"_s, this);
+    cmdSmaller = MakeButton(u"cmdSmaller"_s, u"S&maller"_s, this);
+    cmdPrint = MakeButton(u"cmdPrint"_s, u"&Print..."_s, this);
+    cmdSave = MakeButton(u"cmdSave"_s, u"&Save as PDF..."_s, this);
+    cmdClose = MakeButton(u"cmdClose"_s, u"&Close"_s, this);
     Arrange();
     Wait();
     connect(cmdLarger, &QPushButton::clicked, this, [this] { ZoomBy(kStep); });
@@ -49,14 +49,6 @@ frmPreview::frmPreview(QWidget* parent) : QDialog(parent), m_view(new QPdfView(t
 // The view looks at the document until it goes.
 frmPreview::~frmPreview() {
     delete m_view;
-}
-
-QPushButton* frmPreview::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmPreview::Arrange() {
@@ -72,8 +64,7 @@ void frmPreview::Arrange() {
     layout->addLayout(top);
     layout->addWidget(m_view, 1);
     layout->addLayout(buttons);
-    const QSize wanted(kWidth * fontMetrics().averageCharWidth(), kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
 }
 
 void frmPreview::Wait() {

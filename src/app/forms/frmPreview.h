@@ -37,7 +37,6 @@ public:
 
 private:
     void Arrange();
-    QPushButton* Button(const QString& name, const QString& caption);
     void ZoomBy(double factor);
 
     QBuffer m_bytes;

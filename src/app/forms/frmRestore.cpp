@@ -1,8 +1,9 @@
 #include "app/forms/frmRestore.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace tallowmere {
@@ -13,16 +14,8 @@ namespace {
 
 constexpr int kWidth = 80; // characters
 constexpr int kLines = 26;
-constexpr double kMostOfScreen = 0.9;
 /// Of thousands nobody reads all names.
 constexpr int kMostNames = 500;
-
-QPushButton* Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    return button;
-}
 
 QString Count(const QStringList& names) {
     return names.isEmpty() ? QString() : QString::number(names.size());
@@ -64,10 +57,9 @@ frmRestore::frmRestore(QWidget* parent, const QString& source) : QDialog(parent)
         this);
     hint->setTextFormat(Qt::PlainText);
     hint->setWordWrap(true);
-    cmdRestore = Button(u"cmdRestore"_s, u"&Restore"_s);
-    cmdCancel = Button(u"cmdCancel"_s, u"&Cancel"_s);
+    cmdRestore = MakeButton(u"cmdRestore"_s, u"&Restore"_s, this);
+    cmdCancel = MakeButton(u"cmdCancel"_s, u"&Cancel"_s, this);
     cmdCancel->setDefault(true);
-    cmdRestore->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -82,8 +74,7 @@ frmRestore::frmRestore(QWidget* parent, const QString& source) : QDialog(parent)
     header.setStretchLastSection(false);
     header.setSectionResizeMode(QHeaderView::ResizeToContents);
     header.setSectionResizeMode(Part, QHeaderView::Stretch);
-    const QSize wanted(kWidth * fontMetrics().averageCharWidth(), kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     connect(cmdRestore, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(lstChanges, &QTreeWidget::itemChanged, this, &frmRestore::ShowButton);

@@ -1,8 +1,9 @@
 #include "app/forms/frmShortcuts.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace {
 constexpr int kWidth = 96; // characters
 constexpr int kLines = 30;
 constexpr int kOriginWidth = 14;
-constexpr double kMostOfScreen = 0.9;
 
 bool HoldsAll(const QTreeWidgetItem& item, const QStringList& words) {
     const QString text = item.text(frmShortcuts::Command) + u' ' + item.text(frmShortcuts::Menu) +
@@ -53,12 +53,12 @@ frmShortcuts::frmShortcuts(QWidget* parent) : QDialog(parent) {
     txtKeys->setObjectName(u"txtKeys"_s);
     txtKeys->setAccessibleName(u"New shortcut"_s);
     lblMessage = Label(u"lblMessage"_s);
-    cmdSet = Button(u"cmdSet"_s, u"&Set"_s);
-    cmdAdd = Button(u"cmdAdd"_s, u"&Add"_s);
-    cmdRemove = Button(u"cmdRemove"_s, u"&No Shortcut"_s);
-    cmdReset = Button(u"cmdReset"_s, u"&Reset"_s);
-    cmdResetAll = Button(u"cmdResetAll"_s, u"Reset A&ll..."_s);
-    cmdClose = Button(u"cmdClose"_s, u"&Close"_s);
+    cmdSet = MakeButton(u"cmdSet"_s, u"&Set"_s, this);
+    cmdAdd = MakeButton(u"cmdAdd"_s, u"&Add"_s, this);
+    cmdRemove = MakeButton(u"cmdRemove"_s, u"&No Shortcut"_s, this);
+    cmdReset = MakeButton(u"cmdReset"_s, u"&Reset"_s, this);
+    cmdResetAll = MakeButton(u"cmdResetAll"_s, u"Reset A&ll..."_s, this);
+    cmdClose = MakeButton(u"cmdClose"_s, u"&Close"_s, this);
     Arrange();
     connect(txtFind, &QLineEdit::textChanged, this, &frmShortcuts::Filter);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
@@ -70,14 +70,6 @@ QLabel* frmShortcuts::Label(const QString& name) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
-}
-
-QPushButton* frmShortcuts::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmShortcuts::Arrange() {
@@ -115,8 +107,7 @@ void frmShortcuts::Arrange() {
     header.setSectionResizeMode(Keys, QHeaderView::ResizeToContents);
     header.setSectionResizeMode(Origin, QHeaderView::Fixed);
     lstCommands->setColumnWidth(Origin, kOriginWidth * character);
-    const QSize wanted(kWidth * character, kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     txtFind->setFocus();
 }
 

@@ -1,8 +1,9 @@
 #include "app/forms/frmSiteData.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace tallowmere {
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int kWidth = 90; // characters
 constexpr int kLines = 28;
-constexpr double kMostOfScreen = 0.9;
 
 } // namespace
 
@@ -39,9 +39,9 @@ frmSiteData::frmSiteData(QWidget* parent) : QDialog(parent) {
     QFont bold = font();
     bold.setBold(true);
     lblMessage->setFont(bold);
-    cmdClear = Button(u"cmdClear"_s, u"Clear &Site"_s);
-    cmdClearAll = Button(u"cmdClearAll"_s, u"Clear &All..."_s);
-    cmdClose = Button(u"cmdClose"_s, u"&Close"_s);
+    cmdClear = MakeButton(u"cmdClear"_s, u"Clear &Site"_s, this);
+    cmdClearAll = MakeButton(u"cmdClearAll"_s, u"Clear &All..."_s, this);
+    cmdClose = MakeButton(u"cmdClose"_s, u"&Close"_s, this);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(lblMessage, 1);
@@ -56,8 +56,7 @@ frmSiteData::frmSiteData(QWidget* parent) : QDialog(parent) {
     header.setStretchLastSection(false);
     header.setSectionResizeMode(QHeaderView::ResizeToContents);
     header.setSectionResizeMode(Site, QHeaderView::Stretch);
-    const QSize wanted(kWidth * fontMetrics().averageCharWidth(), kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -67,14 +66,6 @@ QLabel* frmSiteData::Label(const QString& name) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
-}
-
-QPushButton* frmSiteData::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 QTreeWidgetItem* frmSiteData::Row(const QString& site) const {

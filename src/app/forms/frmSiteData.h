@@ -26,7 +26,6 @@ public:
     QTreeWidgetItem* Row(const QString& site) const;
 
 private:
-    QPushButton* Button(const QString& name, const QString& caption);
     QLabel* Label(const QString& name);
 };
 

@@ -1,8 +1,9 @@
 #include "app/forms/frmSites.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace {
 constexpr int kWidth = 150; // characters
 constexpr int kLines = 32;
 constexpr int kLinkWidth = 28;
-constexpr double kMostOfScreen = 0.9;
 
 bool HoldsAll(const QTreeWidgetItem& item, const QStringList& words) {
     const QString text = item.text(frmSites::Link) + u' ' + item.text(frmSites::Built) + u' ' +
@@ -53,10 +53,10 @@ frmSites::frmSites(QWidget* parent) : QDialog(parent) {
     QFont bold = font();
     bold.setBold(true);
     lblMessage->setFont(bold);
-    cmdSave = Button(u"cmdSave"_s, u"&Save"_s);
-    cmdReset = Button(u"cmdReset"_s, u"Use Shipped &Row"_s);
-    cmdTry = Button(u"cmdTry"_s, u"&Try"_s);
-    cmdClose = Button(u"cmdClose"_s, u"&Close"_s);
+    cmdSave = MakeButton(u"cmdSave"_s, u"&Save"_s, this);
+    cmdReset = MakeButton(u"cmdReset"_s, u"Use Shipped &Row"_s, this);
+    cmdTry = MakeButton(u"cmdTry"_s, u"&Try"_s, this);
+    cmdClose = MakeButton(u"cmdClose"_s, u"&Close"_s, this);
     Arrange();
     connect(txtFind, &QLineEdit::textChanged, this, &frmSites::Filter);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
@@ -69,14 +69,6 @@ QLabel* frmSites::Label(const QString& name) {
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
-}
-
-QPushButton* frmSites::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmSites::Arrange() {
@@ -119,8 +111,7 @@ void frmSites::Arrange() {
     header.setSectionResizeMode(Built, QHeaderView::Stretch);
     header.setSectionResizeMode(Today, QHeaderView::Stretch);
     header.setSectionResizeMode(Row, QHeaderView::ResizeToContents);
-    const QSize wanted(kWidth * character, kLines * fontMetrics().height());
-    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
+    ResizeWithinScreen(*this, kWidth, kLines);
     cmdSave->setEnabled(false);
     txtFind->setFocus();
 }

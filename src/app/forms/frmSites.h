@@ -34,7 +34,6 @@ public:
 private:
     void Arrange();
     QLabel* Label(const QString& name);
-    QPushButton* Button(const QString& name, const QString& caption);
     void Filter();
 };
 

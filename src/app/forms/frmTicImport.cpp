@@ -1,5 +1,6 @@
 #include "app/forms/frmTicImport.h"
 
+#include "app/forms/DialogParts.h"
 #include "app/forms/ListBox.h"
 
 #include <QBoxLayout>
@@ -52,21 +53,13 @@ frmTicImport::frmTicImport(QWidget* parent) : QDialog(parent) {
     txtFind->setMaxLength(kLongestLink);
     txtFind->setMinimumWidth(fontMetrics().averageCharWidth() * kLinkCharacters);
     List1 = new ListBox(u"List1"_s, u"Tickers found"_s, this);
-    Command1 = Button(u"Command1"_s, u"&Scan"_s);
-    Command2 = Button(u"Command2"_s, u"Send Tickers"_s);
-    Command3 = Button(u"Command3"_s, u"&Close"_s);
+    Command1 = MakeButton(u"Command1"_s, u"&Scan"_s, this);
+    Command2 = MakeButton(u"Command2"_s, u"Send Tickers"_s, this);
+    Command3 = MakeButton(u"Command3"_s, u"&Close"_s, this);
     Command1->setDefault(true);
     connect(Command3, &QPushButton::clicked, this, &QDialog::reject);
     Arrange();
     txtFind->setFocus();
-}
-
-QPushButton* frmTicImport::Button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(u'&'));
-    button->setAutoDefault(false);
-    return button;
 }
 
 void frmTicImport::Arrange() {

@@ -36,7 +36,6 @@ public:
     QPushButton* Command3; ///< Close
 
 private:
-    QPushButton* Button(const QString& name, const QString& caption);
     void Arrange();
 };
 

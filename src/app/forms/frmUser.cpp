@@ -1,5 +1,7 @@
 #include "app/forms/frmUser.h"
 
+#include "app/forms/DialogParts.h"
+
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -91,12 +93,8 @@ QLineEdit* frmUser::Field(const QString& name, const QString& accessibleName) {
 
 void frmUser::BuildButtons() {
     for (const ButtonRow& row : kButtons) {
-        const QString caption = QString::fromLatin1(row.caption);
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(u"cmdOK"_s + QString::number(row.index));
-        button->setAccessibleName(QString(caption).remove(u'&'));
-        button->setAutoDefault(false);
-        cmdOK.at(row.index) = button;
+        cmdOK.at(row.index) = MakeButton(u"cmdOK"_s + QString::number(row.index),
+                                         QString::fromLatin1(row.caption), this);
     }
     cmdOK[0]->setDefault(true);
     cmdOK[2]->installEventFilter(this);
