@@ -12,6 +12,7 @@ import time
 import zipfile
 from pathlib import Path
 
+import controls
 import driver
 from web_server import Server
 
@@ -89,14 +90,9 @@ class Pictures:
             lambda: next((c for c in self.window.walk() if c.description == description), None),
             f"a link described as {description!r}")
 
-    def select(self, ticker):
-        item = self.window.find(role="list item", name=ticker)
-        item.click()
-        driver.wait_for(lambda: item.selected, f"{ticker} to be selected")
-
     def run(self):
         self.size(1080, 760)
-        self.select("MSFT")
+        controls.select(self.window, "MSFT")
         self.window.find(name="Y!").click()
         self.title("Y! - ")
         driver.move_pointer(700, 600)
@@ -125,7 +121,7 @@ class Pictures:
     def commands(self):
         """What the user enters, and what is said of it."""
         left, top, _, height = self.window.extents
-        self.select("IBM")
+        controls.select(self.window, "IBM")
         driver.press("Delete")
         self.window.find(role="push button", name="Undo")
         driver.move_pointer(left + 700, top + 600)
@@ -133,7 +129,7 @@ class Pictures:
         driver.press("ctrl+z")
         driver.wait_for(lambda: self.window.find_all(role="list item", name="IBM"), "the ticker")
 
-        self.select("MSFT")
+        controls.select(self.window, "MSFT")
         menu = self.window.find(role="menu bar")
         for caption in ("Ticker", "Notes on MSFT", NOTE_LINE):
             menu = menu.find(name=caption)
@@ -149,7 +145,7 @@ class Pictures:
         self.window.find(name="AMD added; MSFT is in the list already.")
         self.take("entry", left, top + height - 130, 640, 90)
         driver.press("ctrl+a", "Delete")
-        self.select("MSFT")
+        controls.select(self.window, "MSFT")
         driver.press("ctrl+z")
         driver.wait_for(lambda: not self.window.find_all(role="list item", name="AMD"),
                         "the ticker to go")
@@ -256,22 +252,6 @@ class Pictures:
         self.take_dialog("shortcuts", dialog)
         self.close(dialog)
 
-    def choose_file(self, title, path):
-        dialog = self.program.application.find(name=title)
-        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
-        name = dialog.find(role="text", name="File name:")
-        driver.wait_for(lambda: name.focused, "the focus on the name")
-        driver.press("ctrl+a")
-        driver.type_text(str(path))
-        driver.press("Return")
-        driver.wait_for(lambda: not dialog.showing, "the dialog to close")
-
-    def command(self, *captions):
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
     def files(self):
         """What goes out to files and comes in from them."""
         with tempfile.TemporaryDirectory(prefix="files-") as place:
@@ -281,8 +261,8 @@ class Pictures:
                                  "PortName1=Tech\nStocks3=SAP|\nTips=False\n")
                 archive.writestr("TickNotes.txt", NOTES.replace("slows", "grows") +
                                  "||SAP||Ask about the cloud.|||||\r\n")
-            self.command("Tools", "Restore...")
-            self.choose_file("Restore", backup)
+            controls.choose(self.window, "Tools", "Restore...")
+            controls.name_file(self.program, "Restore", backup)
             dialog = self.dialog("Restore")
             driver.press("Right")
             self.take_dialog("restore", dialog)
@@ -290,8 +270,8 @@ class Pictures:
             table = Path(place, "watch list.csv")
             table.write_text("Name;Ticker Symbol;Note\nSAP;SAP;Ask about the cloud.\n"
                              "Microsoft;MSFT;\nGeneral Electric;GE;\n")
-            self.command("Portfolio", "Import CSV...")
-            self.choose_file("Import CSV", table)
+            controls.choose(self.window, "Portfolio", "Import CSV...")
+            controls.name_file(self.program, "Import CSV", table)
             dialog = self.dialog("Import CSV")
             self.take_dialog("csv", dialog)
             self.close(dialog)

@@ -4,6 +4,7 @@ next start."""
 
 import zipfile
 
+import controls
 import driver
 
 NOTES = b"||MSFT||mine|||||\r\n"
@@ -22,33 +23,11 @@ class Backup(driver.SystemTest):
         self.program = self.start()
         self.window = self.program.main_window()
         driver.place(self.program.window_id(), 40, 60, 1280, 900)
-        driver.wait_for(lambda: self.tickers(), "the list")
-
-    def tickers(self):
-        return [item.name for item in self.window.find(role="list").find_all(role="list item")]
-
-    def wait_for_tickers(self, *tickers):
-        driver.wait_for(lambda: self.tickers() == list(tickers), f"the tickers {tickers}")
+        driver.wait_for(lambda: controls.tickers(self.window), "the list")
 
     def notes(self):
         path = self.profile / "TickNotes.txt"
         return path.read_bytes() if path.exists() else None
-
-    def choose(self, *captions):
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
-    def answer_with(self, title, path):
-        dialog = self.program.application.find(name=title)
-        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
-        name = dialog.find(role="text", name="File name:")
-        driver.wait_for(lambda: name.focused, "the focus on the name")
-        driver.press("ctrl+a")
-        driver.type_text(str(path))
-        driver.press("Return")
-        driver.wait_for(lambda: not dialog.showing, "the dialog to go")
 
     def delete(self, ticker):
         item = self.window.find(role="list item", name=ticker)
@@ -59,25 +38,25 @@ class Backup(driver.SystemTest):
     def test_what_was_backed_up_comes_back_and_the_restore_can_be_undone(self):
         self.open()
         archive = self.folder / "mine.zip"
-        self.choose("Tools", "Back Up...")
-        self.answer_with("Back Up", archive)
+        controls.choose(self.window, "Tools", "Back Up...")
+        controls.name_file(self.program, "Back Up", archive)
         driver.wait_for(archive.exists, "the archive")
         self.assertEqual(sorted(zipfile.ZipFile(archive).namelist()),
                          ["TickNotes.txt", "settings.ini"])
         self.assertEqual(archive.stat().st_mode & 0o077, 0)
         self.delete("MSFT")
-        self.wait_for_tickers("AOL", "IBM")
-        self.choose("Tools", "Restore...")
-        self.answer_with("Restore", archive)
+        controls.wait_for_tickers(self.window, "AOL", "IBM")
+        controls.choose(self.window, "Tools", "Restore...")
+        controls.name_file(self.program, "Restore", archive)
         window = self.program.application.find(role="dialog", name="Restore")
         window.find(name="Portfolios")
         driver.screenshot_at_rest(driver.SCREENSHOTS / "restore.png", "root")
         window.find(role="push button", name="Restore").click()
-        self.wait_for_tickers("AOL", "MSFT", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "IBM")
         self.assertEqual(self.notes(), NOTES)
         self.window.find(name="Restored from mine.zip")
         driver.press("ctrl+z")
-        self.wait_for_tickers("AOL", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "IBM")
         self.assertEqual(self.notes(), b"\r\n")
 
     def test_a_profile_of_another_machine_is_imported_by_keys(self):
@@ -85,7 +64,7 @@ class Backup(driver.SystemTest):
         other.mkdir()
         (other / "settings.ini").write_text("[Settings]\nStocks1=GE|\n\n[frmMain]\nWidth=1\n")
         self.open()
-        self.choose("Tools", "Import Profile...")
+        controls.choose(self.window, "Tools", "Import Profile...")
         dialog = self.program.application.find(name="Import Profile")
         driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
         driver.press("ctrl+a")
@@ -94,7 +73,7 @@ class Backup(driver.SystemTest):
         window = self.program.application.find(role="dialog", name="Restore")
         driver.wait_for(lambda: window.extents[2] > 50, "the window's size")
         driver.press("alt+r")
-        self.wait_for_tickers("GE")
+        controls.wait_for_tickers(self.window, "GE")
         self.assertEqual(self.notes(), NOTES)
 
     def test_a_restore_that_was_cut_off_is_finished_by_the_next_start(self):
@@ -103,7 +82,7 @@ class Backup(driver.SystemTest):
             rest.writestr("settings.ini", "[Settings]\nFirst=OK\nStocks1=GE|AMD|\n")
             rest.writestr("TickNotes.txt", "||GE||new|||||\r\n")
         self.open()
-        self.wait_for_tickers("GE", "AMD")
+        controls.wait_for_tickers(self.window, "GE", "AMD")
         self.assertEqual(self.notes(), b"||GE||new|||||\r\n")
         self.assertFalse((self.profile / "restore.zip").exists())
 

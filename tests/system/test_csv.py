@@ -3,6 +3,7 @@ look at what would change."""
 
 import csv
 
+import controls
 import driver
 
 
@@ -17,33 +18,12 @@ class Csv(driver.SystemTest):
         self.program = self.start()
         self.window = self.program.main_window()
         driver.place(self.program.window_id(), 40, 60, 1280, 900)
-        driver.wait_for(lambda: self.tickers(), "the list")
-
-    def tickers(self):
-        return [item.name for item in self.window.find(role="list").find_all(role="list item")]
-
-    def wait_for_tickers(self, *tickers):
-        driver.wait_for(lambda: self.tickers() == list(tickers), f"the tickers {tickers}")
-
-    def choose(self, *captions):
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
-    def answer_with(self, title, path):
-        dialog = self.program.application.find(name=title)
-        driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
-        name = dialog.find(role="text", name="File name:")
-        driver.wait_for(lambda: name.focused, "the focus on the name")
-        driver.press("ctrl+a")
-        driver.type_text(str(path))
-        driver.press("Return")
+        driver.wait_for(lambda: controls.tickers(self.window), "the list")
 
     def test_portfolios_go_out_as_a_table_that_spreadsheets_do_not_run(self):
         path = self.folder / "out.csv"
-        self.choose("Portfolio", "Export CSV...")
-        self.answer_with("Export CSV", path)
+        controls.choose(self.window, "Portfolio", "Export CSV...")
+        controls.name_file(self.program, "Export CSV", path)
         driver.wait_for(lambda: path.exists() and path.stat().st_size > 0, "the table")
         with open(path, newline="", encoding="utf-8-sig") as table:
             self.assertEqual(list(csv.reader(table)),
@@ -55,8 +35,8 @@ class Csv(driver.SystemTest):
         path.write_bytes("ISIN;WKN;Ticker-Symbol;Wertpapiername;Währung;Notiz\r\n"
                          "DE0007164600;716460;SAP.DE;SAP;EUR;Prüfen\r\n"
                          "US5949181045;870747;MSFT;Microsoft;USD;\r\n".encode("cp1252"))
-        self.choose("Portfolio", "Import CSV...")
-        self.answer_with("Import CSV", path)
+        controls.choose(self.window, "Portfolio", "Import CSV...")
+        controls.name_file(self.program, "Import CSV", path)
         driver.wait_for(lambda: self.program.application.find_all(name="What would change"),
                         "the preview")
         preview = self.program.application.find(name="What would change")
@@ -64,13 +44,13 @@ class Csv(driver.SystemTest):
                                        "Note on SAP.DE added: Prüfen")
         driver.screenshot_at_rest(driver.SCREENSHOTS / "csv.png", "root")
         driver.press("alt+i")
-        self.wait_for_tickers("AOL", "MSFT", "SAP.DE")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "SAP.DE")
         self.assertIn("||SAP.DE||Prüfen|||||".encode(),
                       (self.profile / "TickNotes.txt").read_bytes())
         # In the entry box the key would be about what is typed there.
         self.window.find(role="list item", name="SAP.DE").click()
         driver.press("ctrl+z")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         self.assertEqual((self.profile / "TickNotes.txt").read_bytes(), b"||MSFT||=mine|||||\r\n")
 
 

@@ -1,5 +1,6 @@
 """The main job from outside: a ticker, a click, a page; and everything as it was after a restart."""
 
+import controls
 import driver
 
 # Last value and change of the six indices, as the portal's page tells them.
@@ -41,13 +42,6 @@ class MainJob(driver.SystemTest):
         driver.place(program.window_id(), 40, 60, 1600, 1000)
         return window
 
-    def tickers(self, window):
-        return [item.name for item in window.find(role="list").find_all(role="list item")]
-
-    def wait_for_tickers(self, window, *tickers):
-        driver.wait_for(lambda: self.tickers(window) == list(tickers),
-                        f"the tickers {tickers} in the list")
-
     def portfolio_number(self, window, number):
         numbers = [chip for chip in window.find_all(name=str(number))
                    if chip.description == "Portfolio number"]
@@ -62,17 +56,17 @@ class MainJob(driver.SystemTest):
     def test_first_start_offers_three_tickers_and_the_page_of_the_indices(self):
         program = self.start()
         window = self.window(program)
-        self.wait_for_tickers(window, "AOL", "YHOO", "MSFT")
+        controls.wait_for_tickers(window, "AOL", "YHOO", "MSFT")
         self.server.wait_for_request(INDEX_QUERY + "&d=t")
 
     def test_a_ticker_a_click_a_page(self):
         program = self.start()
         window = self.window(program)
         self.portfolio_number(window, 3).click()
-        self.wait_for_tickers(window)
+        controls.wait_for_tickers(window)
 
         self.enter(window, "msft")
-        self.wait_for_tickers(window, "MSFT")
+        controls.wait_for_tickers(window, "MSFT")
         item = window.find(role="list item", name="MSFT")
         item.click()
         driver.wait_for(lambda: item.selected, "MSFT to be selected")
@@ -87,7 +81,7 @@ class MainJob(driver.SystemTest):
         program = self.start()
         window = self.window(program)
         self.portfolio_number(window, 3).click()
-        self.wait_for_tickers(window)
+        controls.wait_for_tickers(window)
         window.find(name="Y!").click()
         driver.wait_for(lambda: "Select a Ticker" in " ".join(
             widget.name + widget.text for widget in program.application.walk()), "the request to select a ticker")
@@ -118,22 +112,22 @@ class MainJob(driver.SystemTest):
         program = self.start()
         window = self.window(program)
         self.portfolio_number(window, 3).click()
-        self.wait_for_tickers(window)
+        controls.wait_for_tickers(window)
         self.enter(window, "msft, ibm")
-        self.wait_for_tickers(window, "MSFT", "IBM")
+        controls.wait_for_tickers(window, "MSFT", "IBM")
         place = driver.geometry(program.window_id())
         program.ask_to_close()
         self.assertEqual(program.wait_for_end(), 0, program.errors())
 
         program = self.start()
         window = program.main_window()
-        self.wait_for_tickers(window, "MSFT", "IBM")
+        controls.wait_for_tickers(window, "MSFT", "IBM")
         window.find(name="Portfolio #3")
         driver.wait_for(lambda: driver.geometry(program.window_id()) == place,
                         f"the window where it was: {place}, not "
                         f"{driver.geometry(program.window_id())}")
         self.portfolio_number(window, 1).click()
-        self.wait_for_tickers(window, "AOL", "YHOO", "MSFT")
+        controls.wait_for_tickers(window, "AOL", "YHOO", "MSFT")
 
 
 if __name__ == "__main__":

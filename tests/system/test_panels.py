@@ -1,6 +1,7 @@
 """The left panel and the size of texts from outside: the edge of the ticker list under the pointer and
 the keys, what stays of it after a restart, the smallest window, and the three sizes."""
 
+import controls
 import driver
 
 GRIP = "Edge of the ticker list"
@@ -35,12 +36,6 @@ class Panels(driver.SystemTest):
         driver.xdotool("mousedown", 1)
         driver.move_pointer(x, y + pixels)
         driver.xdotool("mouseup", 1)
-
-    def choose(self, *captions):
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
 
     def test_the_edge_is_dragged_kept_and_reset(self):
         self.open()
@@ -77,14 +72,14 @@ class Panels(driver.SystemTest):
             return self.window.find(role="list item", name="AOL").extents[3]
         driver.wait_for(lambda: row() > 5, "the rows")
         normal = row()
-        self.choose("View", "Text Size", "Large")
+        controls.choose(self.window, "View", "Text Size", "Large")
         driver.wait_for(lambda: row() > normal, "larger rows")
         driver.screenshot(driver.SCREENSHOTS / "large.png", self.program.window_id())
         large = row()
         self.close()
         self.open()
         driver.wait_for(lambda: row() == large, "the rows that were chosen")
-        self.choose("View", "Text Size", "Small")
+        controls.choose(self.window, "View", "Text Size", "Small")
         driver.wait_for(lambda: 0 < row() < normal, "smaller rows")
 
 

@@ -1,5 +1,6 @@
 """Portfolios from outside: tickers are moved by menu, the report is read and its links followed."""
 
+import controls
 import driver
 
 
@@ -20,35 +21,23 @@ class Portfolio(driver.SystemTest):
         self.program = self.start()
         self.window = self.program.main_window()
         driver.place(self.program.window_id(), 40, 60, 1600, 1000)
-        self.wait_for_tickers("AOL", "YHOO", "MSFT")
-
-    def wait_for_tickers(self, *tickers):
-        def shown():
-            return [item.name for item in self.window.find(role="list").find_all(role="list item")]
-        driver.wait_for(lambda: shown() == list(tickers), f"the tickers {tickers} in the list")
+        controls.wait_for_tickers(self.window, "AOL", "YHOO", "MSFT")
 
     def select_portfolio(self, number):
         for chip in self.window.find_all(name=str(number)):
             if chip.description == "Portfolio number":
                 chip.click()
 
-    def choose(self, *captions):
-        """Opens menu after menu of the menu bar by a click and clicks on the last item."""
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
     def test_a_ticker_is_moved_to_another_portfolio_by_menu(self):
         item = self.window.find(role="list item", name="YHOO")
         item.click()
         driver.wait_for(lambda: item.selected, "YHOO to be selected")
-        self.choose("Ticker", "Move YHOO to :", "Portfolio #2")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.choose(self.window, "Ticker", "Move YHOO to :", "Portfolio #2")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         self.select_portfolio(2)
-        self.wait_for_tickers("YHOO")
+        controls.wait_for_tickers(self.window, "YHOO")
         self.select_portfolio(1)
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
 
     def test_a_link_of_the_report_is_followed(self):
         driver.press("ctrl+shift+r")
@@ -63,7 +52,7 @@ class Portfolio(driver.SystemTest):
         self.server.wait_for_request("/click?page=quote&symbol=MSFT&button=Go")
 
     def test_the_portfolio_is_queried_by_menu(self):
-        self.choose("Portfolio", "Query Portfolio", "5-Day Charts")
+        controls.choose(self.window, "Portfolio", "Query Portfolio", "5-Day Charts")
         self.server.wait_for_request("/quotes?symbols=aol+yhoo+msft&d=2b")
 
 

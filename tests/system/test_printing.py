@@ -3,30 +3,17 @@
 import subprocess
 import unittest
 
+import controls
 import driver
 
 
 class Printing(driver.SystemTest):
-    def choose(self, window, *captions):
-        menu = window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
     def save_as(self, program, title, path):
-        dialog = program.application.find(name=title)
-        box = dialog.find(name="File name:", role="text")
-        driver.press("ctrl+a")
-        driver.type_text(str(path))
-        driver.wait_for(lambda: box.text == str(path), "the path in the box")
-        driver.press("Return")
+        controls.name_file(program, title, path)
         driver.wait_for(lambda: path.exists() and path.stat().st_size > 0, f"{path.name}")
 
-    def text_of(self, path):
-        return subprocess.run(["pdftotext", "-layout", str(path), "-"], check=True,
-                              capture_output=True, text=True).stdout
-
-    def test_a_page_is_previewed_and_saved(self):
+    def show_quote(self):
+        """The program and its window with a quote page in view."""
         program = self.start()
         window = program.main_window()
         driver.place(program.window_id(), 40, 60, 1280, 900)
@@ -36,8 +23,15 @@ class Printing(driver.SystemTest):
         window.find(name="Y!").click()
         driver.wait_for(lambda: any("MSFT" in page.upper() for page in program.page_texts()),
                         "the page")
+        return program, window
 
-        self.choose(window, "Page", "Print Preview...")
+    def text_of(self, path):
+        return subprocess.run(["pdftotext", "-layout", str(path), "-"], check=True,
+                              capture_output=True, text=True).stdout
+
+    def test_a_page_is_previewed_and_saved(self):
+        program, window = self.show_quote()
+        controls.choose(window, "Page", "Print Preview...")
         preview = program.application.find(name="Print Preview", role="dialog")
         preview.find(name="1 page", role="label")
         driver.screenshot(driver.SCREENSHOTS / "print-preview.png")
@@ -57,15 +51,7 @@ class Printing(driver.SystemTest):
     def test_ctrl_p_offers_a_document_where_no_printer_is(self):
         if subprocess.run(["sh", "-c", "lpstat -e"], capture_output=True).stdout:
             raise unittest.SkipTest("this machine has a printer")
-        program = self.start()
-        window = program.main_window()
-        driver.place(program.window_id(), 40, 60, 1280, 900)
-        window.find(name="Ticker entry").click()
-        driver.type_text("msft")
-        driver.press("Return", "Down")
-        window.find(name="Y!").click()
-        driver.wait_for(lambda: any("MSFT" in page.upper() for page in program.page_texts()),
-                        "the page")
+        program, _ = self.show_quote()
         driver.press("ctrl+p")
         question = program.application.find(name="Quorvane")
         driver.screenshot(driver.SCREENSHOTS / "no-printer.png")

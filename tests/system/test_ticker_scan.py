@@ -1,5 +1,6 @@
 """The ticker scan from outside: tickers of a page are in the portfolio after a restart."""
 
+import controls
 import driver
 
 PAGE = "/q?s=aol&d=2b"
@@ -9,9 +10,6 @@ LISTING = "<html><head><title>list</title></head><body>" + "".join(
 
 
 class TickerScan(driver.SystemTest):
-    def tickers(self, window):
-        return [item.name for item in window.find(role="list").find_all(role="list item")]
-
     def test_scanned_tickers_are_in_the_portfolio_after_a_restart(self):
         self.server.pages[PAGE] = LISTING
         program = self.start()
@@ -35,7 +33,7 @@ class TickerScan(driver.SystemTest):
                         == ["IBM", "BRK.B"], "the tickers of the page")
         driver.screenshot(driver.SCREENSHOTS / "ticker-scan.png")
         dialog.find(name="Send Tickers to Portfolio #1").click()
-        driver.wait_for(lambda: self.tickers(window) == ["AOL", "YHOO", "MSFT", "IBM", "BRK.B"],
+        driver.wait_for(lambda: controls.tickers(window) == ["AOL", "YHOO", "MSFT", "IBM", "BRK.B"],
                         "the tickers in the portfolio")
         dialog.find(name="Close").click()
         driver.wait_for(lambda: not program.application.find_all(name="Ticker Scan",
@@ -46,7 +44,7 @@ class TickerScan(driver.SystemTest):
 
         program = self.start()
         window = program.main_window()
-        driver.wait_for(lambda: self.tickers(window) == ["AOL", "YHOO", "MSFT", "IBM", "BRK.B"],
+        driver.wait_for(lambda: controls.tickers(window) == ["AOL", "YHOO", "MSFT", "IBM", "BRK.B"],
                         "the tickers after the restart")
 
 

@@ -2,6 +2,7 @@
 the order of the commands and over a restart; and the right button acts on the row that it is pressed
 on."""
 
+import controls
 import driver
 
 
@@ -19,17 +20,11 @@ class Undo(driver.SystemTest):
         self.program = self.start()
         self.window = self.program.main_window()
         driver.place(self.program.window_id(), 40, 60, 1280, 900)
-        driver.wait_for(lambda: self.tickers(), "the list")
+        driver.wait_for(lambda: controls.tickers(self.window), "the list")
 
     def close(self):
         self.program.ask_to_close()
         self.assertEqual(self.program.wait_for_end(), 0, self.program.errors())
-
-    def tickers(self):
-        return [item.name for item in self.window.find(role="list").find_all(role="list item")]
-
-    def wait_for_tickers(self, *tickers):
-        driver.wait_for(lambda: self.tickers() == list(tickers), f"the tickers {tickers}")
 
     def notes(self):
         return (self.folder / "profile" / "TickNotes.txt").read_bytes()
@@ -42,11 +37,6 @@ class Undo(driver.SystemTest):
     def item(self, ticker):
         return self.window.find(role="list item", name=ticker)
 
-    def select(self, ticker):
-        item = self.item(ticker)
-        item.click()
-        driver.wait_for(lambda: self.item(ticker).selected, f"{ticker} to be selected")
-
     def bar(self):
         """The words of the bar below the list, None while there is none."""
         found = self.window.find_all(role="push button", name="Undo")
@@ -55,67 +45,61 @@ class Undo(driver.SystemTest):
     def wait_for_status(self, text):
         self.window.find(name=text)
 
-    def choose(self, *captions):
-        menu = self.window.find(role="menu bar")
-        for caption in captions:
-            menu = menu.find(name=caption)
-            menu.click()
-
     def test_a_deleted_ticker_comes_back_by_key_and_goes_again(self):
-        self.select("MSFT")
+        controls.select(self.window, "MSFT")
         driver.press("Delete")
-        self.wait_for_tickers("AOL", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "IBM")
         driver.wait_for(lambda: self.bar() == "MSFT and its note removed.", "the bar")
         driver.screenshot(driver.SCREENSHOTS / "undo-bar.png", self.program.window_id())
         self.assertEqual(self.notes(), b"\r\n")
         driver.press("ctrl+z")
-        self.wait_for_tickers("AOL", "MSFT", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "IBM")
         self.assertTrue(self.item("MSFT").selected)
         self.assertEqual(self.notes(), b"||MSFT||mine|||||\r\n")
         self.assertEqual(self.stocks(), "AOL|MSFT|IBM|")
         self.assertIsNone(self.bar())
         self.wait_for_status("Undone: Delete MSFT")
         driver.press("ctrl+shift+z")
-        self.wait_for_tickers("AOL", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "IBM")
         self.assertEqual(self.stocks(), "AOL|IBM|")
 
     def test_undo_goes_back_command_by_command_over_a_restart(self):
-        self.select("IBM")
-        self.choose("Ticker", "Move IBM to :", "Portfolio #2")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.select(self.window, "IBM")
+        controls.choose(self.window, "Ticker", "Move IBM to :", "Portfolio #2")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         self.window.find(name="Ticker entry").click()
         driver.type_text("amd;ge")
         driver.press("Return")
-        self.wait_for_tickers("AOL", "MSFT", "AMD", "GE")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "AMD", "GE")
         self.close()
         self.open()
-        self.wait_for_tickers("AOL", "MSFT", "AMD", "GE")
-        self.choose("Portfolio", "Undo Add 2 Tickers")
-        self.wait_for_tickers("AOL", "MSFT")
-        self.choose("Portfolio", "Undo Move IBM to Portfolio #2")
-        self.wait_for_tickers("AOL", "MSFT", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "AMD", "GE")
+        controls.choose(self.window, "Portfolio", "Undo Add 2 Tickers")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
+        controls.choose(self.window, "Portfolio", "Undo Move IBM to Portfolio #2")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "IBM")
         self.assertIsNone(self.stocks(2))
         self.close()
         self.open()
-        self.choose("Portfolio", "Redo Move IBM to Portfolio #2")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.choose(self.window, "Portfolio", "Redo Move IBM to Portfolio #2")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         self.assertEqual(self.stocks(2), "IBM|")
 
     def test_the_link_of_the_bar_is_reached_by_key(self):
-        self.select("IBM")
+        controls.select(self.window, "IBM")
         driver.press("Delete")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         driver.wait_for(self.bar, "the bar")
         driver.press("Tab")
         driver.wait_for(lambda: self.window.find(role="push button", name="Undo").focused,
                         "the focus on the link")
         driver.press("space")
-        self.wait_for_tickers("AOL", "MSFT", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "IBM")
         driver.wait_for(lambda: self.bar() is None, "the bar to go")
 
     def test_cancel_in_the_box_of_a_note_is_taken_back_by_the_bar(self):
-        self.select("MSFT")
-        self.choose("Ticker", "Notes on MSFT", "mine")
+        controls.select(self.window, "MSFT")
+        controls.choose(self.window, "Ticker", "Notes on MSFT", "mine")
         dialog = self.program.application.find(role="dialog", name="Ticker Notes")
         driver.screenshot(driver.SCREENSHOTS / "note-box.png")
         dialog.find(name="Cancel").click()
@@ -125,8 +109,8 @@ class Undo(driver.SystemTest):
         driver.wait_for(lambda: self.notes() == b"||MSFT||mine|||||\r\n", "the note")
 
     def test_a_note_of_several_lines_keeps_them(self):
-        self.select("AOL")
-        self.choose("Ticker", "Notes on AOL")
+        controls.select(self.window, "AOL")
+        controls.choose(self.window, "Ticker", "Notes on AOL")
         driver.press("Down", "Return")
         dialog = self.program.application.find(role="dialog", name="Ticker Notes")
         driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")
@@ -138,7 +122,7 @@ class Undo(driver.SystemTest):
         driver.wait_for(lambda: self.item("AOL").description == "has a note", "the mark")
 
     def test_the_right_button_acts_on_the_row_under_it(self):
-        self.select("AOL")
+        controls.select(self.window, "AOL")
         self.item("IBM").click(button=3)
         driver.wait_for(lambda: self.item("IBM").selected, "IBM to be selected")
         driver.press("Escape")
@@ -151,10 +135,10 @@ class Undo(driver.SystemTest):
         self.item("MSFT").click(button=3)
         driver.wait_for(lambda: self.item("MSFT").selected, "MSFT to be selected")
         driver.press("Down", "Return")  # Delete MSFT
-        self.wait_for_tickers("AOL", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "IBM")
 
     def test_no_is_what_enter_answers_before_a_list_is_cleared(self):
-        self.select("IBM")
+        controls.select(self.window, "IBM")
         self.window.find(name=" X").double_click()
         question = self.program.application.find(name="Clear Stocks")
         self.program.application.find(
@@ -162,10 +146,10 @@ class Undo(driver.SystemTest):
         driver.screenshot(driver.SCREENSHOTS / "clear-question.png")
         driver.press("Return")
         driver.wait_for(lambda: not question.showing, "the question to go")
-        self.wait_for_tickers("AOL", "MSFT")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT")
         self.assertEqual(self.bar(), "IBM removed.")
         self.window.find(role="push button", name="Undo").click()
-        self.wait_for_tickers("AOL", "MSFT", "IBM")
+        controls.wait_for_tickers(self.window, "AOL", "MSFT", "IBM")
 
     def test_the_line_below_says_what_an_entry_did_and_down_leads_to_it(self):
         self.window.find(name="Ticker entry").click()
@@ -178,7 +162,7 @@ class Undo(driver.SystemTest):
         driver.press("Down")
         driver.wait_for(lambda: self.item("MSFT").selected, "MSFT to be selected")
         driver.press("Delete")
-        self.wait_for_tickers("AOL", "IBM", "GE", "AMD")
+        controls.wait_for_tickers(self.window, "AOL", "IBM", "GE", "AMD")
 
 
 if __name__ == "__main__":
