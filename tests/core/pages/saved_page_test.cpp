@@ -18,7 +18,7 @@ TEST(SavedPage, ItsNameSaysItsForm) {
                           {"A.MHT", SavedForm::OneFile},
                           {"a.b.txt", SavedForm::Text},
                           {"a.txt.html", SavedForm::Complete},
-                          {"/home/x/a.Pdf", SavedForm::Pdf}})
+                          {"folder/a.Pdf", SavedForm::Pdf}})
         EXPECT_EQ(SavedFormOf(c.name), c.form) << c.name;
 }
 
