@@ -7,6 +7,7 @@
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 #include "core/text/files.h"
+#include "core/text/runtime_error.h"
 
 #include <QDir>
 #include <QLocale>
@@ -61,8 +62,19 @@ void PagePrinting::MakePdf(const QPageLayout& layout, Receive receive) {
                             receive = std::move(receive)](const QByteArray& pdf) {
         if (!guard)
             return;
-        QMetaObject::invokeMethod(
-            guard, [=] { receive(WithMarks(pdf, layout, marks)); }, Qt::QueuedConnection);
+        const auto mark = [=] {
+            QByteArray marked;
+            try {
+                marked = WithMarks(pdf, layout, marks);
+            } catch (const RuntimeError&) {
+                // The user is told by a message; a preview does not wait for ever.
+                if (guard->m_preview)
+                    guard->m_preview->Show({});
+                throw;
+            }
+            receive(marked);
+        };
+        QMetaObject::invokeMethod(guard, mark, Qt::QueuedConnection);
     });
 }
 

@@ -139,6 +139,18 @@ private Q_SLOTS:
         QTRY_VERIFY(!bench->Printing().PreviewWindow());
     }
 
+    void APreviewOfPagesThatCannotBeMadeSaysSo() {
+        for (const QByteArray& pdf : {QByteArray(), QByteArray("%PDF-1.4 torn")}) {
+            frmPreview preview(nullptr);
+            preview.Wait();
+            QCOMPARE(preview.lblPages->text(), u"Making the pages..."_s);
+            QVERIFY(!preview.Show(pdf));
+            QCOMPARE(preview.lblPages->text(), u"The page cannot be shown as it is printed."_s);
+            QVERIFY(!preview.cmdPrint->isEnabled() && !preview.cmdSave->isEnabled());
+            QVERIFY(preview.cmdClose->isEnabled());
+        }
+    }
+
     void ThePageIsSavedInTheFormThatItsNameAsksFor() {
         Bench bench;
         QVERIFY(bench.Open());
