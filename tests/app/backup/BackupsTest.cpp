@@ -38,16 +38,17 @@ struct BackupUser : UndoUser {
     QDir outside{temporary.path()};
 };
 
-QTreeWidgetItem& Row(frmRestore& window, const QString& part) {
+QTreeWidgetItem* Row(frmRestore& window, const QString& part) {
     for (int row = 0; row < window.lstChanges->topLevelItemCount(); ++row)
         if (window.lstChanges->topLevelItem(row)->text(frmRestore::Part).startsWith(part))
-            return *window.lstChanges->topLevelItem(row);
+            return window.lstChanges->topLevelItem(row);
     throw std::runtime_error("there is no such row");
 }
 
 QStringList Counts(frmRestore& window, const QString& part) {
-    const QTreeWidgetItem& row = Row(window, part);
-    return {row.text(frmRestore::New), row.text(frmRestore::Changed), row.text(frmRestore::Gone)};
+    const QTreeWidgetItem* row = Row(window, part);
+    return {row->text(frmRestore::New), row->text(frmRestore::Changed),
+            row->text(frmRestore::Gone)};
 }
 
 } // namespace
@@ -92,10 +93,10 @@ private Q_SLOTS:
         });
         user.Restore(file, [](frmRestore& window) {
             QCOMPARE(Counts(window, u"Portfolios"_s), (QStringList{u"1"_s, u"1"_s, u"1"_s}));
-            QCOMPARE(Row(window, u"Portfolios"_s).child(0)->text(frmRestore::Part),
+            QCOMPARE(Row(window, u"Portfolios"_s)->child(0)->text(frmRestore::Part),
                      u"Portfolio 3"_s);
             QCOMPARE(Counts(window, u"Notes"_s), (QStringList{u"1"_s, u"1"_s, QString()}));
-            QCOMPARE(Row(window, u"Reminders"_s).text(frmRestore::Part),
+            QCOMPARE(Row(window, u"Reminders"_s)->text(frmRestore::Part),
                      u"Reminders (no change)"_s);
             QTest::mouseClick(window.cmdCancel, Qt::LeftButton);
         });
@@ -142,7 +143,7 @@ private Q_SLOTS:
             {"TickNotes.txt", "||GE||new|||||\r\n"},
         });
         user.Restore(file, [](frmRestore& window) {
-            Row(window, u"Portfolios"_s).setCheckState(frmRestore::Part, Qt::Unchecked);
+            Row(window, u"Portfolios"_s)->setCheckState(frmRestore::Part, Qt::Unchecked);
             BackupUser::Accept(window);
         });
         QCOMPARE(user.Tickers(), (QStringList{u"AOL"_s, u"MSFT"_s, u"IBM"_s}));
@@ -153,13 +154,13 @@ private Q_SLOTS:
         BackupUser user;
         const QString file = user.MakeBackup({{"settings.ini", "[Settings]\nStocks1=GE|\n"}});
         user.Restore(file, [](frmRestore& window) {
-            QCOMPARE(Row(window, u"Notes"_s).checkState(frmRestore::Part), Qt::Unchecked);
+            QCOMPARE(Row(window, u"Notes"_s)->checkState(frmRestore::Part), Qt::Unchecked);
             BackupUser::Accept(window);
         });
         QCOMPARE(user.UndoUser::File("TickNotes.txt"), QByteArray("||MSFT||mine|||||\r\n"));
         user.Restore(file, [](frmRestore& window) {
             QVERIFY(!window.cmdRestore->isEnabled());
-            Row(window, u"Notes"_s).setCheckState(frmRestore::Part, Qt::Checked);
+            Row(window, u"Notes"_s)->setCheckState(frmRestore::Part, Qt::Checked);
             BackupUser::Accept(window);
         });
         QVERIFY(!user.Stored().contains("TickNotes.txt"));
@@ -169,10 +170,10 @@ private Q_SLOTS:
         BackupUser user;
         const QString file = user.MakeBackup({{"sites.toml", "[programs]\nmail = \"evil\"\n"}});
         user.Restore(file, [](frmRestore& window) {
-            const QTreeWidgetItem& row = Row(window, u"Table of sites"_s);
-            QCOMPARE(row.checkState(frmRestore::Part), Qt::Unchecked);
-            QVERIFY(row.isExpanded());
-            QCOMPARE(row.child(0)->text(frmRestore::Part),
+            const QTreeWidgetItem* row = Row(window, u"Table of sites"_s);
+            QCOMPARE(row->checkState(frmRestore::Part), Qt::Unchecked);
+            QVERIFY(row->isExpanded());
+            QCOMPARE(row->child(0)->text(frmRestore::Part),
                      u"It starts a program of this machine: evil"_s);
         });
     }
