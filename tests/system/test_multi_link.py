@@ -1,12 +1,17 @@
 """A multi-link from outside: recorded from the editor, closed, restarted, opened for another ticker;
 one of its pages refuses to be framed."""
 
+import controls
 import driver
 
 # What the three links ask for, with the ticker in lower and in upper case.
 QUOTE = "/q?s={lower}&d=2b"
 PROFILE = "/p/{first}/{lower}.html"
 RESEARCH = "/cgi-bin/AW/DoInquiry.zcom?ticker={upper}&type=100"
+
+# The colours of two pages, to tell which is in view.
+FIRST = (0, 128, 64)
+SECOND = (128, 0, 64)
 
 
 def path(form, ticker):
@@ -93,6 +98,72 @@ class MultiLink(driver.SystemTest):
             self.server.wait_for_request(path(form, "aol"))
         self.assertNotIn(path(RESEARCH, "aol"), self.server.paths())
         driver.wait_for(lambda: not window.find_all(name="End", role="push button"), "no bar")
+
+    def choose_layout(self, program, window, place):
+        """Takes the item at that place of the menu, counted from 1, by keys: a menu of a button is
+        not in the accessibility tree."""
+        before = program.windows()
+        window.find(name="Layout").click()
+        driver.wait_for(lambda: (program.windows() or set()) - before, "the menu")
+        driver.press(*["Down"] * place, "Return")
+        driver.wait_for(lambda: program.windows() == before, "the menu to close")
+
+    def test_a_line_of_names_leads_to_the_pages_and_lays_them_out_in_tiles(self):
+        for form, color in ((QUOTE, FIRST), (PROFILE, SECOND)):
+            self.server.pages[path(form, "ibm")] = f"<title>{form}</title><body style='background:rgb{color}'>"
+        page = "".join(
+            '<IFRAME height="100%" width="100%" SCROLLING=Yes '
+            f'SRC="http://{self.server.host}{form.format(lower="LCASETICK", first="LEFTONE")}">'
+            "</IFRAME>\r\n" for form in (QUOTE, PROFILE))
+        profile = self.folder / "profile"
+        profile.mkdir()
+        (profile / "Two.mlnk").write_text(f"<html><body>{page}</body></html>\r\n")
+        (profile / "settings.ini").write_text(
+            "[Settings]\nFirst=OK\nStocks1=IBM|\nCustom101=MULTILINK:Two.mlnk\nCustomT101=Two\n")
+        program = self.start()
+        window = self.window(program)
+        controls.select(window, "IBM")
+        window.find(name="Two").click()
+        for form in (QUOTE, PROFILE):
+            self.server.wait_for_request(path(form, "ibm"))
+        second = window.find(name="Yahoo! Profile Sheet", role="page tab")
+        self.assertEqual([tab.name for tab in window.find_all(role="page tab")],
+                         ["Full Yahoo! Quote", "Yahoo! Profile Sheet"])
+        left, top, width, height = window.find(name="Research page").extents
+        middle = left + width // 2, top + height // 2
+        driver.wait_for(lambda: driver.pixel(*middle) == FIRST, "the first page")
+        second.click()
+        driver.wait_for(lambda: driver.pixel(*middle) == SECOND, "the second page")
+        driver.screenshot(driver.SCREENSHOTS / "multi_link_names.png", program.window_id())
+
+        self.choose_layout(program, window, 3)
+        cells = window.find(name="Pages of the multi link")
+        for form in (QUOTE, PROFILE):
+            self.server.wait_for_request(path(form, "ibm"), times=2)
+        addresses = [f"http://{self.server.host}" + path(form, "ibm") for form in (QUOTE, PROFILE)]
+        left, right = (cells.find(role="label", name=address).extents for address in addresses)
+        self.assertEqual(left[1], right[1])
+        self.assertLess(left[0], right[0])
+        driver.screenshot(driver.SCREENSHOTS / "multi_link_tiles.png", program.window_id())
+        program.ask_to_close()
+        self.assertEqual(program.wait_for_end(), 0, program.errors())
+        self.assertIn("CustomC101=2", (profile / "settings.ini").read_text())
+
+        asked = len(self.server.paths())
+        program = self.start()
+        window = self.window(program)
+        controls.select(window, "IBM")
+        window.find(name="Two").click()
+        cells = window.find(name="Pages of the multi link")
+        for address in addresses:
+            cells.find(role="label", name=address)
+        for form in (QUOTE, PROFILE):
+            driver.wait_for(lambda: path(form, "ibm") in self.server.paths()[asked:], form)
+        self.choose_layout(program, window, 1)
+        driver.wait_for(lambda: not window.find_all(name="Pages of the multi link"), "no tiles")
+        # What was held back is asked for now, and only now.
+        for form in (QUOTE, PROFILE):
+            driver.wait_for(lambda: self.server.paths()[asked:].count(path(form, "ibm")) == 2, form)
 
     def test_what_is_recorded_without_the_editor_is_shown_at_once(self):
         program = self.start()

@@ -7,6 +7,7 @@
 #include "app/custom/RecordingGuide.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkControllers.h"
+#include "app/links/PaneDeck.h"
 #include "core/custom/custom_link.h"
 
 namespace tallowmere {
@@ -22,7 +23,12 @@ CustomControllers::CustomControllers(frmMain& form, SettingsStore& settings, Und
       multiLinks(new MultiLinks(form, settings, undo, sites, prompts, programFolder,
                                 links.recording, *links.panes, *links.dispatch, *links.panel)) {
     new RecordingGuide(form, links.recording, *multiLinks);
-    new PageCells(form, prompts, programFolder, *links.panes, profile);
+    const auto watch = [&settings, &sites, &prompts, programFolder, &profile,
+                        multiLinks = multiLinks, panes = links.panes](BrowserPane& pane) {
+        new PageCells(pane, *multiLinks, settings, sites, prompts, programFolder, *panes, profile);
+    };
+    watch(*form.Web);
+    QObject::connect(links.panes, &PaneDeck::Adopted, multiLinks, watch);
 }
 
 void ForgetCustomLinks(frmMain& form) {

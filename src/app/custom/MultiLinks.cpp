@@ -102,10 +102,12 @@ void MultiLinks::Finish() {
     const std::string page = FromQt(m_recording.multiLinkPage).append(kMultiLinkTail);
     m_recording.multiLinkPage.clear();
     Q_EMIT RecordingChanged();
-    if (std::exchange(m_recording.multiLinkPending, false))
+    if (std::exchange(m_recording.multiLinkPending, false)) {
         StorePage(page);
-    else if (Contains(page, kFrame))
+    } else if (Contains(page, kFrame)) {
+        m_shown = {};
         Show(page);
+    }
 }
 
 void MultiLinks::RestoreColors() {
@@ -133,13 +135,22 @@ void MultiLinks::StorePage(std::string page) {
         {*name});
 }
 
-void MultiLinks::ShowStored(const QString& address) {
-    const auto name = StoredPageName(FromQt(address));
+void MultiLinks::ShowStored(int slot) {
+    const auto name = StoredPageName(LoadCustomLink(m_settings, slot).address);
     if (!name)
         return;
     const std::string page = ReadWholeFile(m_programFolder / ToPath(ToQt(*name)));
-    if (!page.empty())
-        Show(page);
+    if (page.empty())
+        return;
+    m_shown = {slot, LoadColumns(m_settings, slot)};
+    Show(page);
+}
+
+void MultiLinks::KeepLayout(const ShownMultiLink& shown) {
+    if (shown.slot == m_shown.slot)
+        m_shown = shown;
+    if (shown.slot != 0)
+        SaveColumns(m_settings, shown.slot, shown.columns);
 }
 
 // A chart page lies in the program folder for one ticker at a time, so one that was recorded is

@@ -17,6 +17,12 @@ class SiteTable;
 class UndoRecorder;
 class frmMain;
 
+/// A multi-link that was shown, and how.
+struct ShownMultiLink {
+    int slot = 0;    ///< of the link that it belongs to; 0: of none, it was only recorded
+    int columns = 0; ///< in which its pages are laid out; 0: all on one page
+};
+
 /// Records several links as one page: link 211 starts it and, blinking, ends it. Shows what was
 /// recorded for the selected ticker, at once or, from a stored page, later.
 class MultiLinks : public QObject {
@@ -33,6 +39,11 @@ public:
     /// Takes back the page that was recorded last, if any was.
     void DiscardLast();
 
+    /// The multi-link that was shown last: what the page of multi-links holds.
+    const ShownMultiLink& LastShown() const { return m_shown; }
+    /// Keeps how a multi-link is laid out from now on.
+    void KeepLayout(const ShownMultiLink& shown);
+
     QTimer Timer4;
 
 Q_SIGNALS:
@@ -48,7 +59,7 @@ private:
     void Blink();
     void RestoreColors();
     void StorePage(std::string page);
-    void ShowStored(const QString& address);
+    void ShowStored(int slot);
     void Show(std::string_view page);
 
     frmMain& m_form;
@@ -61,6 +72,7 @@ private:
     PaneDeck& m_panes;
     LinkDispatch& m_dispatch;
     LinkPanel& m_panel;
+    ShownMultiLink m_shown;
 };
 
 } // namespace tallowmere

@@ -433,6 +433,10 @@ void BrowserPane::ShowLocation() {
     ShowPlace(m_place.Real(), LocationURL());
 }
 
+void BrowserPane::HoldFramesOf(const QUrl& url) {
+    m_page->HoldFramesOf(url);
+}
+
 void BrowserPane::WhenFramesAreEmpty(std::function<void()> then) {
     if (m_page)
         PageReader::IfFramesAreEmpty(*m_page, this,

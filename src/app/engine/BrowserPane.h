@@ -57,6 +57,10 @@ public:
     /// later, and is not when the pane goes before.
     void ReadText(std::function<void(const QString&)> receive) const;
 
+    /// As soon as the page at `url` is loaded by the page that the pane has by now, its frames stay
+    /// empty: what is in them is shown elsewhere. An empty `url` holds none back.
+    void HoldFramesOf(const QUrl& url);
+
     /// Where a window goes that the page opens on the user's wish: into that pane instead of here.
     void SetNewWindowTarget(BrowserPane* target) { m_newWindowTarget = target; }
     /// Such a window is told as PaneWanted, and nothing is opened here.

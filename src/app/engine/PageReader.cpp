@@ -52,6 +52,11 @@ void PageReader::IfFramesAreEmpty(QWebEnginePage& page, const QObject* owner,
     });
 }
 
+void PageReader::ScrollToFrame(QWebEnginePage& page, int index) {
+    const QString script = u"document.getElementsByTagName('iframe')[%1]?.scrollIntoView()"_s;
+    page.runJavaScript(script.arg(index), QWebEngineScript::ApplicationWorld);
+}
+
 void PageReader::AskForPartsAgain(QWebEnginePage& page, const QObject* owner, const QString& host,
                                   std::function<void()> then) {
     // A mark on each, which the page does not see, keeps it from being asked for twice.

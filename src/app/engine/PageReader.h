@@ -22,6 +22,8 @@ public:
     /// could not be reached. To be asked when the page is complete.
     static void IfFramesAreEmpty(QWebEnginePage& page, const QObject* owner,
                                  std::function<void()> then);
+    /// Brings a frame of the page into view, counted from 0.
+    static void ScrollToFrame(QWebEnginePage& page, int index);
     /// Has the frames of the page that come from `host` by http loaded again, each once; `then` is
     /// called when there are pictures, scripts or styles of it, which come only with the whole
     /// page.

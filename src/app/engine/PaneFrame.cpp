@@ -3,6 +3,7 @@
 #include "app/engine/FindBar.h"
 #include "app/engine/LocationLine.h"
 #include "app/engine/PageQuestion.h"
+#include "app/engine/PageReader.h"
 #include "app/engine/PageView.h"
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PasswordLookout.h"
@@ -32,7 +33,28 @@ PaneFrame::PaneFrame(QWidget* parent)
 
 void PaneFrame::SetView(PageView* view) {
     m_view = view;
-    static_cast<QVBoxLayout*>(layout())->insertWidget(0, view, 1);
+    auto* column = static_cast<QVBoxLayout*>(layout());
+    column->insertWidget(column->indexOf(m_notice), view, 1);
+}
+
+void PaneFrame::SetHeader(QWidget* header) {
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, header);
+}
+
+void PaneFrame::ShowPart(int index) {
+    if (HasPage())
+        PageReader::ScrollToFrame(*m_view->page(), index);
+}
+
+void PaneFrame::OnScroll(const QObject* receiver, std::function<void(double)> tell) const {
+    if (!m_view)
+        return;
+    const QWebEnginePage* page = m_view->page();
+    connect(page, &QWebEnginePage::scrollPositionChanged, receiver,
+            [page, tell = std::move(tell)](const QPointF& position) {
+                if (const double height = page->contentsSize().height(); height > 0)
+                    tell(position.y() / height);
+            });
 }
 
 bool PaneFrame::IsPageShown() const {

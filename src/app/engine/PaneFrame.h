@@ -30,6 +30,14 @@ public:
     /// Without it no page of the strip asks anything either: there is no room for that.
     void LeaveOutLocation() { m_hasLocation = false; }
 
+    /// Puts a line above the page; it goes when it is deleted.
+    void SetHeader(QWidget* header);
+    /// Scrolls the page to one of its frames, counted from 0.
+    void ShowPart(int index);
+    /// Calls `tell`, as long as `receiver` is there, with the part of the page, 0 to 1, that lies
+    /// above what is in view, whenever that has changed.
+    void OnScroll(const QObject* receiver, std::function<void(double)> tell) const;
+
     /// Whether a page is shown that can be printed and saved.
     bool HasPage() const;
     /// The title of that page; empty when it has none.

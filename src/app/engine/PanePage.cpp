@@ -70,7 +70,7 @@ bool PanePage::acceptNavigationRequest(const QUrl& url, NavigationType type, boo
         break;
     }
     if (!isMainFrame)
-        return true;
+        return m_held.isEmpty() || this->url() != m_held;
     const bool isServersRedirect = type == NavigationTypeRedirect && m_isUnderWay;
     const bool isPagesOwn = type == NavigationTypeLinkClicked ||
                             type == NavigationTypeFormSubmitted || type == NavigationTypeOther ||

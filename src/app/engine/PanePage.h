@@ -50,6 +50,8 @@ public:
     void SetUserInput(UserInput* input);
     /// Where the user goes back and forward.
     HistoryWalk& Walk() { return m_walk; }
+    /// The frames of the page at that address stay empty; an empty one holds none back.
+    void HoldFramesOf(const QUrl& url) { m_held = url; }
     /// The user goes to another page: what this one did is not held against that.
     void BeginAnew();
     /// Until another page has come nothing is heard of this one, which would keep it from coming.
@@ -113,6 +115,7 @@ private:
     bool m_isEnding = false;
     /// The page that the user leaves: its place, its address and when it came.
     std::optional<Place> m_left;
+    QUrl m_held;
     bool m_isUnderWay = false;
     QUrl m_wanted;
     bool m_isForm = false;

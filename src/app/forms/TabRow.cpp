@@ -52,7 +52,7 @@ void TabRow::Show(const QList<Tab>& tabs, int current) {
     for (int index = 0; index < count(); ++index) {
         const QString caption = LineStart(tabs[index].caption);
         setTabText(index, MenuCaption(caption));
-        setTabToolTip(index, caption);
+        setTabToolTip(index, tabs[index].hint.isEmpty() ? caption : LineStart(tabs[index].hint));
     }
     setCurrentIndex(current);
 }

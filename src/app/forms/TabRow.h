@@ -5,13 +5,14 @@
 
 namespace tallowmere {
 
-/// The row of tabs above the panes. It shows what it is told, and tells what the user wants.
+/// A row of tabs, one for each page. It shows what it is told, and tells what the user wants.
 class TabRow : public QTabBar {
     Q_OBJECT
 public:
     struct Tab {
         QString caption; ///< may be of strangers; shown as plain text
         bool isClosable = false;
+        QString hint = {}; ///< what is told on hover; the caption when it is empty
     };
 
     explicit TabRow(QWidget* parent);

@@ -292,7 +292,7 @@ void LinkDispatch::RunCustom(int index) {
     if (forms)
         Remember(Catalogue()[static_cast<std::size_t>(index)]);
     if (multiLink)
-        Q_EMIT MultiLinkRequested(ToQt(address));
+        Q_EMIT MultiLinkRequested(index);
     else if (HoldsPlaceholder(address))
         m_panes.Navigate(ToQt(ExpandPlaceholders(address, *forms)));
     else

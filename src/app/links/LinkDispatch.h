@@ -45,8 +45,8 @@ Q_SIGNALS:
     void LastLinkChanged();
     void PortfolioMenuRequested();
     void RecordingToggled();
-    /// One of the user's own links with such an address was clicked, and a ticker is selected.
-    void MultiLinkRequested(const QString& address);
+    /// One of the user's own links that is a multi-link was clicked, and a ticker is selected.
+    void MultiLinkRequested(int slot);
     void WatchRequested(const QString& target);
     void RemindersRequested();
     void SetupRequested();

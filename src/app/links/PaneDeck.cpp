@@ -63,6 +63,7 @@ void PaneDeck::Adopt(BrowserPane& pane) {
         if (Front() == &pane)
             ShowProgress(progress, maximum);
     });
+    Q_EMIT Adopted(pane);
 }
 
 // While pages are recorded a window is one of them.

@@ -72,6 +72,8 @@ Q_SIGNALS:
     void Recorded();
     /// A page is to open in a further pane.
     void TabWanted(const QString& address, bool isInFront);
+    /// There is a further pane.
+    void Adopted(BrowserPane& pane);
     /// Another pane is in front, or the same one again.
     void FrontChanged(BrowserPane* pane);
 

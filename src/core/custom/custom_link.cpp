@@ -1,5 +1,6 @@
 #include "core/custom/custom_link.h"
 
+#include "core/custom/page_tiles.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
 #include "core/text/bytes.h"
@@ -14,6 +15,7 @@ constexpr std::string_view kAddress = "Custom";
 constexpr std::string_view kTitle = "CustomT";
 constexpr std::string_view kFore = "CustomF";
 constexpr std::string_view kBack = "CustomB";
+constexpr std::string_view kColumns = "CustomC";
 
 std::string KeyOf(std::string_view prefix, int slot) {
     return std::string(prefix) + std::to_string(slot);
@@ -28,15 +30,22 @@ std::uint32_t LoadColor(const SettingsStore& settings, std::string_view prefix, 
     return ToColor(UsableSetting(settings, kSettingsSection, KeyOf(prefix, slot)));
 }
 
-using Values = std::vector<std::pair<std::string, std::string>>;
+using Values = std::vector<SettingChange>;
 
 void Put(Values& values, std::string_view prefix, int slot, std::string_view value) {
-    values.emplace_back(KeyOf(prefix, slot), value);
+    values.push_back({std::string(kSettingsSection), KeyOf(prefix, slot), std::string(value)});
 }
 
 void PutColors(Values& values, int slot, ColorPair colors) {
     Put(values, kFore, slot, FromColor(colors.text));
     Put(values, kBack, slot, FromColor(colors.background));
+}
+
+void PutColumns(Values& values, int slot, int columns) {
+    if (columns == 0)
+        values.push_back({std::string(kSettingsSection), KeyOf(kColumns, slot), std::nullopt});
+    else
+        Put(values, kColumns, slot, std::to_string(columns));
 }
 
 std::uint32_t AreaColor(const SettingsStore& settings, const std::string& key,
@@ -49,6 +58,7 @@ void PutUnused(Values& values, const SettingsStore& settings, int slot) {
     Put(values, kAddress, slot, "");
     Put(values, kTitle, slot, kEmptyCustomCaption);
     PutColors(values, slot, CustomAreaColors(settings));
+    PutColumns(values, slot, 0);
 }
 
 } // namespace
@@ -97,19 +107,30 @@ void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& r
     Put(values, kAddress, slot, record.address);
     Put(values, kTitle, slot, record.title);
     PutColors(values, slot, StorableColors(record.colors));
-    settings.SaveSettings(kSettingsSection, values);
+    settings.ChangeSettings(values);
 }
 
 void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors) {
     Values values;
     PutColors(values, slot, colors);
-    settings.SaveSettings(kSettingsSection, values);
+    settings.ChangeSettings(values);
+}
+
+int LoadColumns(const SettingsStore& settings, int slot) {
+    const int columns = ToInteger(UsableSetting(settings, kSettingsSection, KeyOf(kColumns, slot)));
+    return columns >= 1 && columns <= kMostTileColumns ? columns : 0;
+}
+
+void SaveColumns(SettingsStore& settings, int slot, int columns) {
+    Values values;
+    PutColumns(values, slot, columns);
+    settings.ChangeSettings(values);
 }
 
 void ResetCustomLink(SettingsStore& settings, int slot) {
     Values values;
     PutUnused(values, settings, slot);
-    settings.SaveSettings(kSettingsSection, values);
+    settings.ChangeSettings(values);
 }
 
 void MoveCustomLink(SettingsStore& settings, int from, int to) {
@@ -118,8 +139,9 @@ void MoveCustomLink(SettingsStore& settings, int from, int to) {
     Values values;
     for (const std::string_view prefix : {kAddress, kTitle, kFore, kBack})
         Put(values, prefix, to, Load(settings, prefix, from));
+    PutColumns(values, to, LoadColumns(settings, from));
     PutUnused(values, settings, from);
-    settings.SaveSettings(kSettingsSection, values);
+    settings.ChangeSettings(values);
 }
 
 } // namespace tallowmere

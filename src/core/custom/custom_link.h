@@ -79,6 +79,13 @@ void SaveCustomLink(SettingsStore& settings, int slot, const CustomLinkRecord& r
 /// Writes only the colours of a slot, as they are.
 void SaveLinkColors(SettingsStore& settings, int slot, ColorPair colors);
 
+/// In how many columns the pages of a slot's multi-link are laid out, 1 to kMostTileColumns; 0 when
+/// all are on one page, as also when the stored number is none of these.
+int LoadColumns(const SettingsStore& settings, int slot);
+
+/// Writes that number; 0 takes it out of the store.
+void SaveColumns(SettingsStore& settings, int slot, int columns);
+
 /// Empties a slot: no address, the caption of an unused slot and the area's colours written out.
 void ResetCustomLink(SettingsStore& settings, int slot);
 

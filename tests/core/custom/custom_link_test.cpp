@@ -166,5 +166,30 @@ TEST(CustomLinkRules, TheTextsOfTheEditorStandToTheLetter) {
     EXPECT_EQ(OverwriteQuestion("Abc"), "Do you want to overwrite the 'Abc' link?");
 }
 
+TEST_F(CustomLink, KeepsTheColumnsOfItsMultiLinkUntilItIsReset) {
+    EXPECT_EQ(LoadColumns(settings, 101), 0);
+    SaveColumns(settings, 101, 3);
+    EXPECT_EQ(Stored("CustomC101"), "3");
+    EXPECT_EQ(LoadColumns(settings, 101), 3);
+    MoveCustomLink(settings, 101, 102);
+    EXPECT_EQ(Stored("CustomC101"), "(absent)");
+    EXPECT_EQ(LoadColumns(settings, 102), 3);
+    MoveCustomLink(settings, 110, 102); // an unused one takes its place
+    EXPECT_EQ(Stored("CustomC102"), "(absent)");
+    SaveColumns(settings, 101, 2);
+    ResetCustomLink(settings, 101);
+    EXPECT_EQ(Stored("CustomC101"), "(absent)");
+    SaveColumns(settings, 101, 2);
+    SaveColumns(settings, 101, 0);
+    EXPECT_EQ(Stored("CustomC101"), "(absent)");
+}
+
+TEST_F(CustomLink, ColumnsThatAreNoneCountAsOnePage) {
+    for (const std::string_view stored : {"", "x", "-1", "5", "99999999999", "2 3"}) {
+        settings.SaveSetting("Settings", "CustomC101", stored);
+        EXPECT_EQ(LoadColumns(settings, 101), 0) << stored;
+    }
+}
+
 } // namespace
 } // namespace tallowmere

@@ -1,4 +1,4 @@
-#include "app/custom/CellColumn.h"
+#include "app/custom/CellGrid.h"
 
 #include "app/engine/BrowserPane.h"
 #include "core/custom/multi_link.h"
@@ -17,6 +17,8 @@ namespace {
 
 // Pages that are only passed on the way are not loaded.
 constexpr int kSettleMilliseconds = 80;
+
+constexpr int kStepsOfARow = 10; // of the wheel and the arrow keys
 
 } // namespace
 
@@ -57,24 +59,19 @@ void PageCell::SetPane(BrowserPane* pane) {
     pane->Navigate(m_address);
 }
 
-CellColumn::CellColumn(const QStringList& addresses, std::function<BrowserPane*(QWidget*)> makePane,
-                       QWidget* parent)
-    : QScrollArea(parent), m_makePane(std::move(makePane)) {
+CellGrid::CellGrid(const QStringList& addresses, int columns,
+                   std::function<BrowserPane*(QWidget*)> makePane, QWidget* parent)
+    : QScrollArea(parent), m_makePane(std::move(makePane)), m_columns(columns) {
     setObjectName(u"cells"_s);
     setAccessibleName(u"Pages of the multi link"_s);
     setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAutoFillBackground(true);
     auto* content = new QWidget(this);
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
     std::set<std::size_t> first;
     for (const QString& address : addresses) {
         auto* cell = new PageCell(static_cast<int>(m_cells.size()), address, content);
-        connect(cell, &PageCell::AloneWanted, this, &CellColumn::AloneWanted);
-        column->addWidget(cell);
+        connect(cell, &PageCell::AloneWanted, this, &CellGrid::AloneWanted);
         if (first.size() < kMostLive)
             first.insert(static_cast<std::size_t>(m_cells.size()));
         m_cells << cell;
@@ -82,37 +79,75 @@ CellColumn::CellColumn(const QStringList& addresses, std::function<BrowserPane*(
     setWidget(content);
     m_settle.setSingleShot(true);
     m_settle.setInterval(kSettleMilliseconds);
-    connect(&m_settle, &QTimer::timeout, this, &CellColumn::Revive);
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, &m_settle, qOverload<>(&QTimer::start));
+    connect(&m_settle, &QTimer::timeout, this, &CellGrid::Revive);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        m_settle.start();
+        Q_EMIT Scrolled(FirstInView());
+    });
     SetLive(first);
 }
 
-void CellColumn::resizeEvent(QResizeEvent* event) {
+void CellGrid::SetColumns(int columns) {
+    const int first = FirstInView();
+    m_columns = columns;
+    PlaceCells();
+    if (!m_cells.isEmpty())
+        verticalScrollBar()->setValue(m_cells[first]->y());
+}
+
+void CellGrid::ShowCell(int index) {
+    PageCell* cell = m_cells.value(index);
+    if (!cell)
+        return;
+    verticalScrollBar()->setValue(cell->y());
+    // What comes into view by this is to take the keyboard at once.
+    Revive();
+    if (cell->Pane())
+        cell->Pane()->setFocus();
+}
+
+int CellGrid::FirstInView() const {
+    return FirstOfRow(verticalScrollBar()->value());
+}
+
+int CellGrid::FirstOfRow(int y) const {
+    const auto last = std::max<qsizetype>(0, m_cells.size() - 1);
+    return std::min(static_cast<int>(last), y / std::max(1, m_grid.height) * m_grid.columns);
+}
+
+void CellGrid::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    const int before = m_cells.isEmpty() ? 0 : m_cells.first()->height();
-    const int height = viewport()->height();
+    const int before = m_grid.height;
     const int top = verticalScrollBar()->value();
-    for (PageCell* cell : m_cells)
-        cell->setFixedHeight(height);
-    widget()->setFixedHeight(height * static_cast<int>(m_cells.size()));
-    verticalScrollBar()->setPageStep(height);
+    PlaceCells();
     // What was in view stays in view.
     if (before > 0)
-        verticalScrollBar()->setValue(static_cast<int>(static_cast<qint64>(top) * height / before));
+        verticalScrollBar()->setValue(
+            static_cast<int>(static_cast<qint64>(top) * m_grid.height / before));
+}
+
+void CellGrid::PlaceCells() {
+    const QSize view = viewport()->size();
+    m_grid = TilesOf(static_cast<int>(m_cells.size()), m_columns, view.width(), view.height());
+    for (int i = 0; i < m_cells.size(); ++i)
+        m_cells[i]->setGeometry(i % m_grid.columns * m_grid.width,
+                                i / m_grid.columns * m_grid.height, m_grid.width, m_grid.height);
+    widget()->resize(view.width(), m_grid.rows * m_grid.height);
+    verticalScrollBar()->setSingleStep(std::max(1, m_grid.height / kStepsOfARow));
     m_settle.start();
 }
 
-void CellColumn::Revive() {
+void CellGrid::Revive() {
     const int height = viewport()->height();
     if (height <= 0 || m_cells.isEmpty())
         return;
-    const int top = verticalScrollBar()->value();
-    const auto last = static_cast<std::size_t>(m_cells.size() - 1);
-    const auto cellAt = [&](int y) { return std::min(last, static_cast<std::size_t>(y / height)); };
-    SetLive(LiveCells(m_live, cellAt(top), cellAt(top + height - 1), kMostLive));
+    const int last = FirstOfRow(verticalScrollBar()->value() + height - 1) + m_grid.columns - 1;
+    const auto most = static_cast<int>(m_cells.size()) - 1;
+    SetLive(LiveCells(m_live, static_cast<std::size_t>(FirstInView()),
+                      static_cast<std::size_t>(std::min(most, last)), kMostLive));
 }
 
-void CellColumn::SetLive(const std::set<std::size_t>& live) {
+void CellGrid::SetLive(const std::set<std::size_t>& live) {
     for (std::size_t i = 0; i < static_cast<std::size_t>(m_cells.size()); ++i) {
         PageCell* cell = m_cells.at(static_cast<qsizetype>(i));
         if (live.count(i) == 0)
