@@ -30,8 +30,9 @@ void WriteStore(const std::filesystem::path& file, const std::string& content) {
 std::vector<SettingChange> Reversed(const SettingsStore& settings,
                                     const std::vector<SettingChange>& changes) {
     std::vector<SettingChange> back;
-    for (const auto& [section, key, value] : changes)
-        back.push_back({section, key, settings.FindSetting(section, key)});
+    for (const SettingChange& change : changes)
+        back.push_back(
+            {change.section, change.key, settings.FindSetting(change.section, change.key)});
     return {back.rbegin(), back.rend()};
 }
 

@@ -69,34 +69,46 @@ void SettingsStore::SaveSettings(std::string_view section,
 void SettingsStore::ChangeSettings(const std::vector<SettingChange>& changes) {
     std::vector<SettingChange> before;
     if (m_observer)
-        for (const auto& [section, key, value] : changes)
-            before.push_back({section, key, FindSetting(section, key)});
-    Write(changes);
-    for (const SettingChange& value : before)
-        m_observer(value);
+        for (const SettingChange& change : changes)
+            before.push_back({change.section, change.key, FindSetting(change.section, change.key)});
+    const std::vector<std::optional<std::string>> places = Write(changes);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        before[i].behind = places[i];
+        m_observer(before[i]);
+    }
 }
 
-void SettingsStore::Write(const std::vector<SettingChange>& changes) {
+// Gives for each change behind which key its own stood, if that was taken out.
+std::vector<std::optional<std::string>>
+SettingsStore::Write(const std::vector<SettingChange>& changes) {
+    std::vector<std::optional<std::string>> places(changes.size());
 #ifdef _WIN32
     if (m_file.empty()) {
-        for (const auto& [section, key, value] : changes)
-            value ? WriteRegistrySetting(section, key, *value)
-                  : RemoveRegistrySetting(section, key);
-        return;
+        for (const SettingChange& change : changes)
+            change.value ? WriteRegistrySetting(change.section, change.key, *change.value)
+                         : RemoveRegistrySetting(change.section, change.key);
+        return places;
     }
 #endif
     const FileLock lock(m_file);
     const std::string text = ReadExistingFile(m_file, kLargestSettings);
     std::string changed = text;
-    for (const auto& [section, key, value] : changes)
-        changed = value ? ChangeSettingsText(changed, section, key, *value)
-                        : RemoveSettingText(changed, section, key);
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const auto& [section, key, value, behind] = changes[i];
+        if (value) {
+            changed = ChangeSettingsText(changed, section, key, *value, behind);
+        } else {
+            places[i] = KeyBefore(changed, section, key);
+            changed = RemoveSettingText(changed, section, key);
+        }
+    }
     if (changed == text)
-        return;
+        return places;
     // Once is enough: what is written now holds no damage any more.
     if (IsDamagedSettingsText(text))
         WriteWholeFile(BackupPath(m_file), text);
     WriteWholeFile(m_file, changed);
+    return places;
 }
 
 } // namespace tallowmere

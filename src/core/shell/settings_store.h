@@ -15,6 +15,9 @@ namespace tallowmere {
 struct SettingChange {
     std::string section, key;
     std::optional<std::string> value;
+    /// The key of its section behind which the key is to go, when it is not there; empty: to the
+    /// front. Without one it goes to the end.
+    std::optional<std::string> behind = std::nullopt;
 };
 
 /// The per-user store of named string values: section, key, value. Everything that the user
@@ -47,12 +50,13 @@ public:
     /// The same for values of any sections, and for keys that are to go.
     void ChangeSettings(const std::vector<SettingChange>& changes);
 
-    /// Is told of each value that was written, in order, with what its key held before.
+    /// Is told of each value that was written, in order, with what its key held before, and, of a
+    /// key that was taken out, where it stood then.
     using Observer = std::function<void(const SettingChange& before)>;
     void Observe(Observer observer) { m_observer = std::move(observer); }
 
 private:
-    void Write(const std::vector<SettingChange>& changes);
+    std::vector<std::optional<std::string>> Write(const std::vector<SettingChange>& changes);
 
     struct Content;
     std::filesystem::path m_file;

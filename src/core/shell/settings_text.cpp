@@ -202,13 +202,19 @@ const std::string* SettingsValues::Find(std::string_view section, std::string_vi
 }
 
 std::string ChangeSettingsText(std::string_view text, std::string_view section,
-                               std::string_view key, std::string_view value) {
+                               std::string_view key, std::string_view value,
+                               const std::optional<std::string>& behind) {
     const std::string wantedSection = ToLower(section);
     const std::string wantedKey = ToLower(key);
+    const auto isBefore = [name = ToLower(behind.value_or("")), &behind](const Line& line) {
+        return behind && (name.empty() ? line.kind == Line::Section
+                                       : line.kind == Line::Key && ToLower(line.name) == name);
+    };
 
     // Positions in the result, which is the text without its damaged lines.
     std::string result;
     std::optional<std::size_t> sectionEnd;
+    std::optional<std::size_t> place;
     std::size_t valueStart = 0;
     std::size_t valueEnd = 0;
     std::string_view lineEnd = "\n";
@@ -225,6 +231,8 @@ std::string ChangeSettingsText(std::string_view text, std::string_view section,
         if (current != wantedSection || line.kind == Line::Other)
             continue;
         sectionEnd = result.size();
+        if (isBefore(line))
+            place = sectionEnd;
         if (line.end.ends_with('\n'))
             lineEnd = line.end;
         if (line.kind == Line::Key && ToLower(line.name) == wantedKey) {
@@ -237,15 +245,37 @@ std::string ChangeSettingsText(std::string_view text, std::string_view section,
 
     const std::string entry = KeyAsWritten(key) + '=' + AsWritten(value);
     if (sectionEnd) {
-        const bool closed = result[*sectionEnd - 1] == '\n';
+        const std::size_t at = place.value_or(*sectionEnd);
+        const bool closed = result[at - 1] == '\n';
         const std::string end(lineEnd);
-        return result.insert(*sectionEnd, closed ? entry + end : end + entry);
+        return result.insert(at, closed ? entry + end : end + entry);
     }
     if (!result.empty() && result.back() != '\n')
         result += '\n';
     if (!result.empty())
         result += '\n';
     return result.append("[").append(AsWritten(section, "\"", "]")).append("]\n") + entry + '\n';
+}
+
+std::optional<std::string> KeyBefore(std::string_view text, std::string_view section,
+                                     std::string_view key) {
+    const std::string wantedSection = ToLower(section);
+    const std::string wantedKey = ToLower(key);
+    std::optional<std::string> before;
+    std::string last;
+    std::string current = ToLower(kFirstSection);
+    Lines lines(text);
+    for (Line line; lines.Next(line);) {
+        if (line.kind == Line::Section) {
+            current = ToLower(line.name);
+            last.clear();
+        } else if (line.kind == Line::Key && current == wantedSection) {
+            if (ToLower(line.name) == wantedKey)
+                before = last;
+            last = std::move(line.name);
+        }
+    }
+    return before;
 }
 
 std::string RemoveSettingText(std::string_view text, std::string_view section,

@@ -24,10 +24,17 @@ private:
     std::map<std::pair<std::string, std::string>, std::string> m_values;
 };
 
-/// The text with one value set. A known key keeps its place and spelling, a new one goes to the end
-/// of its section; every other line stays as it is, except the damaged ones, which go.
+/// The text with one value set. A known key keeps its place and spelling, a new one goes behind the
+/// key `behind` of its section, to its front where that is empty, and to its end without such a
+/// key; every other line stays as it is, except the damaged ones, which go.
 std::string ChangeSettingsText(std::string_view text, std::string_view section,
-                               std::string_view key, std::string_view value);
+                               std::string_view key, std::string_view value,
+                               const std::optional<std::string>& behind = std::nullopt);
+
+/// The key of the section behind which a key stands, empty when it is the first; none when it is
+/// not there.
+std::optional<std::string> KeyBefore(std::string_view text, std::string_view section,
+                                     std::string_view key);
 
 /// The text without a key, in whatever case and however often it stands there. A section at the end
 /// of the text that holds nothing any more goes too, with the empty line before it.

@@ -9,7 +9,8 @@ namespace tallowmere {
 
 namespace {
 
-constexpr std::string_view kHead = "Tallowmere undo 1\n";
+constexpr std::string_view kHead = "Tallowmere undo 2\n";
+constexpr std::string_view kOldHead = "Tallowmere undo 1\n"; // without the places of keys
 
 std::uint64_t Hash(std::string_view text) {
     std::uint64_t hash = 0xCBF29CE484222325;
@@ -216,6 +217,8 @@ std::string UndoHistory::Text() const {
             Put(text, change.after);
             Put(text, change.beforePrint);
             Put(text, change.afterPrint);
+            Put(text, change.behind ? 1 : 0);
+            Put(text, change.behind.value_or(""));
         }
     }
     return text;
@@ -225,7 +228,8 @@ std::optional<UndoHistory> ReadUndoHistory(std::string_view text, std::size_t mo
     UndoHistory history(mostSteps);
     if (text.empty())
         return history;
-    if (!text.starts_with(kHead))
+    const bool isOld = text.starts_with(kOldHead);
+    if (!isOld && !text.starts_with(kHead))
         return std::nullopt;
     Reader reader(text.substr(kHead.size()));
     const std::uint64_t done = reader.Number();
@@ -244,6 +248,11 @@ std::optional<UndoHistory> ReadUndoHistory(std::string_view text, std::size_t mo
             change.after = reader.Text();
             change.beforePrint = reader.Print();
             change.afterPrint = reader.Print();
+            if (isOld)
+                continue;
+            const bool hasPlace = reader.Number() == 1;
+            if (std::string place = reader.Text(); hasPlace)
+                change.behind = std::move(place);
         }
     }
     if (!reader.IsGood() || !reader.IsAtEnd() || done > steps)

@@ -30,6 +30,9 @@ struct UndoChange {
     std::string before,
         after; ///< the bytes that stood from `at` on, and those that stand there now
     TextPrint beforePrint, afterPrint;
+    /// Of a key that was taken out: the key behind which it stood, empty when it was the first of
+    /// its section. None when that is not known.
+    std::optional<std::string> behind = std::nullopt;
     friend bool operator==(const UndoChange&, const UndoChange&) = default;
 };
 

@@ -21,13 +21,24 @@ UndoRecorder::UndoRecorder(SettingsStore& settings, std::filesystem::path folder
       m_historyFile(std::move(historyFile)), m_history(mostSteps) {
     ReadHistory(mostSteps);
     m_settings.Observe([this](const SettingChange& before) {
-        const bool isKnown = std::any_of(
-            m_settingsBefore.begin(), m_settingsBefore.end(), [&](const SettingChange& known) {
-                return known.section == before.section && known.key == before.key;
-            });
-        if (m_isRunning && !isKnown)
-            m_settingsBefore.push_back(before);
+        if (m_isRunning)
+            Note(before);
     });
+}
+
+// What a key held at first is brought back, and to where it stood at last: keys that were taken out
+// come back in the opposite order, each behind one that is there again.
+void UndoRecorder::Note(const SettingChange& before) {
+    const auto known = std::find_if(
+        m_settingsBefore.begin(), m_settingsBefore.end(), [&](const SettingChange& other) {
+            return other.section == before.section && other.key == before.key;
+        });
+    if (known == m_settingsBefore.end()) {
+        m_settingsBefore.push_back(before);
+    } else if (before.behind) {
+        known->behind = before.behind;
+        std::rotate(known, known + 1, m_settingsBefore.end());
+    }
 }
 
 // What cannot be read cannot be taken back either; the stores are as they are.
@@ -102,12 +113,15 @@ void UndoRecorder::Begin(const UndoFiles& moreFiles) {
 void UndoRecorder::End(const std::string& caption) {
     m_isRunning = false;
     UndoStep step{caption, m_removed, {}};
-    const auto add = [&](std::optional<UndoChange> change) {
-        if (change)
-            step.changes.push_back(std::move(*change));
+    const auto add = [&](std::optional<UndoChange> change,
+                         const std::optional<std::string>& behind = std::nullopt) {
+        if (!change)
+            return;
+        step.changes.push_back(std::move(*change));
+        step.changes.back().behind = behind;
     };
-    for (const auto& [section, key, before] : m_settingsBefore)
-        add(MakeUndoChange(section, key, before, m_settings.FindSetting(section, key)));
+    for (const auto& [section, key, before, behind] : m_settingsBefore)
+        add(MakeUndoChange(section, key, before, m_settings.FindSetting(section, key)), behind);
     for (const auto& [file, before] : m_filesBefore) {
         try {
             add(MakeUndoChange({}, file, before, Look(file)));
@@ -151,7 +165,8 @@ void UndoRecorder::WriteSettings(const std::vector<Target>& targets, bool isBack
     std::vector<SettingChange> changes;
     for (const auto& [change, now, wanted] : targets)
         if (!change->section.empty())
-            changes.push_back({change->section, change->key, isBack ? now : wanted});
+            changes.push_back(
+                {change->section, change->key, isBack ? now : wanted, change->behind});
     if (isBack)
         std::reverse(changes.begin(), changes.end());
     if (!changes.empty())

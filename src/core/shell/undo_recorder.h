@@ -65,6 +65,7 @@ private:
         const UndoChange* change;
         std::optional<std::string> now, wanted;
     };
+    void Note(const SettingChange& before);
     void Begin(const UndoFiles& moreFiles);
     void End(const std::string& caption);
     /// Reads a file, unless it is as it was when it was read last.

@@ -186,5 +186,40 @@ TEST(SettingsText, TakingOutWhatWasJustPutInGivesTheTextThatWasThere) {
                 << text << section;
 }
 
+TEST(SettingsText, AKeyGoesBehindAnother) {
+    struct Case {
+        std::string_view text;
+        std::optional<std::string> behind;
+        std::string_view result;
+    };
+    for (const Case& c : {
+             Case{"[S]\nA=1\nB=2\n", "A", "[S]\nA=1\nK=x\nB=2\n"},
+             Case{"[S]\nA=1\nB=2\n", "a", "[S]\nA=1\nK=x\nB=2\n"},
+             Case{"[S]\nA=1\nB=2\n", "", "[S]\nK=x\nA=1\nB=2\n"},
+             Case{"[S]\nA=1\nB=2\n", std::nullopt, "[S]\nA=1\nB=2\nK=x\n"},
+             Case{"[S]\nA=1\nB=2\n", "gone", "[S]\nA=1\nB=2\nK=x\n"},
+             Case{"[S]\nA=1\nk=2\n", "A", "[S]\nA=1\nk=x\n"}, // it is there: it keeps its place
+             Case{"[T]\nA=1\n\n[S]\nA=1\nB=2\n", "A", "[T]\nA=1\n\n[S]\nA=1\nK=x\nB=2\n"},
+             Case{"[S]\r\nA=1\r\nB=2\r\n", "A", "[S]\r\nA=1\r\nK=x\r\nB=2\r\n"},
+             Case{"[S]\nA=1", "A", "[S]\nA=1\nK=x"},
+             Case{"[S]", "", "[S]\nK=x"},
+             Case{"", "A", "[S]\nK=x\n"},
+         })
+        EXPECT_EQ(ChangeSettingsText(c.text, "S", "K", "x", c.behind), c.result) << c.text;
+}
+
+TEST(SettingsText, SaysBehindWhichKeyAKeyStands) {
+    struct Case {
+        std::string_view text;
+        std::optional<std::string> before;
+    };
+    for (const Case& c :
+         {Case{"[S]\nA=1\nK=2\nB=3\n", "A"}, Case{"[S]\nk=2\nB=3\n", ""},
+          Case{"[T]\nA=1\n[S]\nK=2\n", ""}, Case{"[S]\nA=1\n; a line\n\nK=2\n", "A"},
+          Case{"[S]\nA=1\nK=2\nB=3\nK=4\n", "B"}, // the last one counts
+          Case{"[T]\nK=1\n", std::nullopt}, Case{"", std::nullopt}})
+        EXPECT_EQ(KeyBefore(c.text, "S", "K"), c.before) << c.text;
+}
+
 } // namespace
 } // namespace tallowmere

@@ -140,7 +140,7 @@ TEST(UndoHistory, OfADamagedTextNothingIsLeft) {
         EXPECT_EQ(ReadUndoHistory(text.substr(0, size)).has_value(), size == 0) << size;
     EXPECT_EQ(ReadUndoHistory(""), UndoHistory());
     EXPECT_FALSE(ReadUndoHistory(text + "x"));
-    for (const char* wrong : {"x", "Tallowmere undo 2\n0\n0\n", "Tallowmere undo 1\n1\n0\n",
+    for (const char* wrong : {"x", "Tallowmere undo 3\n0\n0\n", "Tallowmere undo 1\n1\n0\n",
                               "Tallowmere undo 1\n0\n18446744073709551615\n",
                               "Tallowmere undo 1\n0\n1\n18446744073709551615\nx\n"})
         EXPECT_FALSE(ReadUndoHistory(wrong)) << wrong;
@@ -180,6 +180,23 @@ TEST(UndoHistory, SaysWhatAChangeIsAbout) {
         change.key = c.key;
         EXPECT_EQ(UndoSubject(change), c.words);
     }
+}
+
+TEST(UndoHistory, KeepsWhereAKeyStoodAndReadsHistoriesWithoutThat) {
+    UndoHistory history;
+    for (const Text& behind : {Text(), Text(""), Text("Stocks1")}) {
+        UndoStep step = Step("one", "1", "2");
+        step.changes[0].behind = behind;
+        history.Record(step);
+    }
+    EXPECT_EQ(ReadUndoHistory(history.Text(), UndoHistory::kMostSteps), history);
+
+    const auto old = ReadUndoHistory("Tallowmere undo 1\n1\n1\n1\na\n0\n\n1\n"
+                                     "6\nColors\n2\nfX\n0\n1\n7\n0\n\n1\n1\n5\n0\n0\n6\n",
+                                     UndoHistory::kMostSteps);
+    ASSERT_TRUE(old);
+    EXPECT_EQ(old->Next(kBack)->changes[0].before, "7");
+    EXPECT_EQ(old->Next(kBack)->changes[0].behind, std::nullopt);
 }
 
 } // namespace

@@ -11,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <set>
 
 namespace tallowmere {
 namespace {
@@ -313,7 +315,7 @@ public:
         const auto& folder = m_stores.folder.Path();
         m_stores.recorder->Run("Step", [&] {
             std::string ignored;
-            switch (Below(12)) {
+            switch (Below(15)) {
             case 0:
             case 1:
                 return settings.SaveSetting("Settings", Key("Stocks", 10),
@@ -339,10 +341,23 @@ public:
                 return Below(2) ? MoveCustomLink(settings, Slot(), Slot())
                                 : ResetCustomLink(settings, Slot());
             case 10:
-                return settings.SaveSetting(
-                    "Colors",
-                    "f" + std::string(kColorAreas[static_cast<std::size_t>(Below(14))].code),
-                    std::to_string(Color()));
+                return settings.SaveSetting("Colors", ColorKey(), std::to_string(Color()));
+            case 11:
+                return SaveColumns(settings, Slot(), Below(5));
+            case 12:
+            case 13: {
+                // No command takes out a key and brings it back.
+                std::set<std::string> keys;
+                for (int n = Below(8); n >= 0; --n)
+                    keys.insert(ColorKey());
+                std::vector<SettingChange> changes;
+                for (const std::string& key : keys)
+                    changes.push_back(
+                        {"Colors", key,
+                         Below(3) ? std::nullopt : std::optional(std::to_string(Color()))});
+                std::shuffle(changes.begin(), changes.end(), m_random);
+                return settings.ChangeSettings(changes);
+            }
             default:
                 if (Below(10) == 0)
                     TickerNotes(folder, ignored, "KILL", "", "",
@@ -357,6 +372,9 @@ private:
     int Below(int most) { return static_cast<int>(m_random() % static_cast<unsigned>(most)); }
     int Slot() { return 101 + Below(12); }
     std::uint32_t Color() { return static_cast<std::uint32_t>(m_random() % 0xFFFFFF); }
+    std::string ColorKey() {
+        return "f" + std::string(kColorAreas[static_cast<std::size_t>(Below(14))].code);
+    }
     std::string Ticker() { return std::string(1, static_cast<char>('A' + Below(20))) + "X"; }
     std::string Words() {
         std::string words(static_cast<std::size_t>(Below(60)), 'w');
