@@ -37,6 +37,16 @@ class Panels(driver.SystemTest):
         driver.move_pointer(x, y + pixels)
         driver.xdotool("mouseup", 1)
 
+    def test_a_screen_reader_meets_groups_and_names_without_stray_blanks(self):
+        self.open()
+        driver.wait_for(self.program.pages, "the start page")
+        for control in self.window.walk(hidden=True):
+            self.assertEqual(control.name, control.name.strip(), control.role)
+            # The engine's own view of a page is one of its own kind.
+            if [child.role for child in control.children()] != ["document web"]:
+                self.assertNotEqual(control.role, "filler", control.name)
+        self.window.find(name="IT")
+
     def test_the_edge_is_dragged_kept_and_reset(self):
         self.open()
         driver.wait_for(lambda: self.list_height() > 50, "the layout")

@@ -100,7 +100,7 @@ class Setup(driver.SystemTest):
         self.close(program, self.setup(program), "Set Startup Page")
         program = self.restart(program)
         driver.wait_for(lambda: program.pages() == ["/q?s=msft&d=2b"], "the start page")
-        program.application.find(role="filler", name="Research page")
+        program.application.find(role="panel", name="Research page")
 
         # From the pane of the brokers it comes back there.
         program.ask_to_close()
@@ -111,7 +111,7 @@ class Setup(driver.SystemTest):
         self.close(program, self.setup(program), "Set Startup Page")
         program = self.restart(program)
         driver.wait_for(lambda: program.pages() == ["/datek/"], "the broker's page at the start")
-        program.application.find(role="filler", name="Broker page")
+        program.application.find(role="panel", name="Broker page")
 
 
 if __name__ == "__main__":

@@ -84,7 +84,7 @@ Chip::Chip(const QString& array, int index, const QString& caption, QWidget* par
 void Chip::SetCaption(const QString& caption) {
     m_caption = caption;
     m_shown = LineStart(caption.trimmed());
-    setAccessibleName(caption);
+    setAccessibleName(caption.trimmed());
     updateGeometry();
     update();
 }

@@ -1,5 +1,6 @@
 #include "app/shell/Application.h"
 
+#include "app/base/AccessibleRoles.h"
 #include "app/base/PlainLabels.h"
 #include "app/base/Prompts.h"
 #include "core/text/runtime_error.h"
@@ -40,6 +41,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setWindowIcon(icon);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     installEventFilter(new PlainLabels(this));
+    ShowContainersAsGroups();
     QuitOnTermination();
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,
             Qt::DirectConnection);
