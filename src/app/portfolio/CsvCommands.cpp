@@ -43,10 +43,20 @@ QString NameOf(char delimiter) {
     }
 }
 
-QString FormOf(const CsvTable& table) {
-    return u"%1 rows, parted by %2, quoted by %3, %4."_s.arg(table.rows.size())
-        .arg(NameOf(table.delimiter), QString(QChar::fromLatin1(table.quote)),
-             ToQt(table.encoding));
+/// A sentence about so many things; nothing about none.
+QString Counted(std::size_t count, const QString& one, const QString& more) {
+    return count == 0 ? QString() : count == 1 ? one : more.arg(count);
+}
+
+QString FormOf(const CsvTable& table, const CsvImport& import) {
+    return Counted(table.rows.size(), u"1 row"_s, u"%1 rows"_s) +
+           u", parted by %1, quoted by %2, %3."_s.arg(NameOf(table.delimiter),
+                                                      QString(QChar::fromLatin1(table.quote)),
+                                                      ToQt(table.encoding)) +
+           Counted(import.known, u" 1 ticker is there already."_s,
+                   u" %1 tickers are there already."_s) +
+           Counted(import.skipped, u" 1 row has nothing to take."_s,
+                   u" %1 rows have nothing to take."_s);
 }
 
 } // namespace
@@ -118,10 +128,7 @@ void CsvCommands::Offer(const QString& file) {
 
 void CsvCommands::Show(frmCsvImport& window, const CsvTable& table) const {
     const CsvImport import = Plan(table.rows, window.cmbTarget->currentIndex() + 1);
-    window.lblForm->setText(
-        FormOf(table) +
-        u" %1 tickers are there already; %2 rows have nothing to take."_s.arg(import.known)
-            .arg(import.skipped));
+    window.lblForm->setText(FormOf(table, import));
     const std::vector<std::string> lines = ImportLines(import, LoadPortfolios(m_settings));
     QStringList shown;
     for (std::size_t n = 0; n < std::min(lines.size(), kMostLines); ++n)

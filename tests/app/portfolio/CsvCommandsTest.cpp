@@ -54,7 +54,7 @@ private Q_SLOTS:
                                  "Note on MSFT replaced: other"_s);
                         QCOMPARE(window.lblForm->text(),
                                  u"5 rows, parted by semicolons, quoted by \", UTF-8. 2 tickers "
-                                 "are there already; 1 rows have nothing to take."_s);
+                                 "are there already. 1 row has nothing to take."_s);
                         QTest::mouseClick(window.cmdCancel, Qt::LeftButton);
                     });
         QCOMPARE(user.Stores(), before);
