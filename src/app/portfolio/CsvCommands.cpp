@@ -49,7 +49,8 @@ QString Counted(std::size_t count, const QString& one, const QString& more) {
 }
 
 QString FormOf(const CsvTable& table, const CsvImport& import) {
-    return Counted(table.rows.size(), u"1 row"_s, u"%1 rows"_s) +
+    return (table.rows.empty() ? u"No rows"_s
+                               : Counted(table.rows.size(), u"1 row"_s, u"%1 rows"_s)) +
            u", parted by %1, quoted by %2, %3."_s.arg(NameOf(table.delimiter),
                                                       QString(QChar::fromLatin1(table.quote)),
                                                       ToQt(table.encoding)) +
