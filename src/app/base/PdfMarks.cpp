@@ -73,6 +73,14 @@ QByteArray MarksAlone(int pages, QPageLayout layout, const PrintMarks& marks) {
     return bytes;
 }
 
+/// An empty page may have content without a byte, which is called compressed when it is written;
+/// readers stop at that. A line feed draws nothing either.
+void MendEmptyContent(QPDFPageObjectHelper& page) {
+    for (QPDFObjectHandle part : page.getPageContents())
+        if (part.getRawStreamData()->getSize() == 0)
+            part.replaceStreamData("\n", QPDFObjectHandle::newNull(), QPDFObjectHandle::newNull());
+}
+
 void Lay(QPDF& document, QPDFPageObjectHelper& page, QPDFPageObjectHelper& over) {
     QPDFObjectHandle marks = document.copyForeignObject(over.getFormXObjectForPage());
     QPDFObjectHandle resources = page.getAttribute("/Resources", true);
@@ -82,6 +90,7 @@ void Lay(QPDF& document, QPDFPageObjectHelper& page, QPDFPageObjectHelper& over)
         page.placeFormXObject(marks, name, page.getTrimBox().getArrayAsRectangle());
     resources.mergeResources(QPDFObjectHandle::parse("<< /XObject << >> >>"));
     resources.getKey("/XObject").replaceKey(name, marks);
+    MendEmptyContent(page);
     // What the page has changed of the state of drawing is not to reach the marks.
     page.addPageContents(document.newStream("q\n"), true);
     page.addPageContents(document.newStream("\nQ\n" + content), false);

@@ -68,6 +68,20 @@ private Q_SLOTS:
         QVERIFY(reader.Paper().contains(u"A4"_s));
     }
 
+    void APageWithNothingOnItHasItsMarksToo() {
+        // As engines write it: compressed, though there is nothing to compress.
+        const QByteArray empty = "%PDF-1.4\n"
+                                 "1 0 obj\n<</Type/Catalog/Pages 2 0 R>>\nendobj\n"
+                                 "2 0 obj\n<</Type/Pages/Count 1/Kids[3 0 R]>>\nendobj\n"
+                                 "3 0 obj\n<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]"
+                                 "/Resources<<>>/Contents 4 0 R>>\nendobj\n"
+                                 "4 0 obj\n<</Length 0/Filter/FlateDecode>>\nstream\n\nendstream\n"
+                                 "endobj\ntrailer\n<</Root 1 0 R/Size 5>>\n%%EOF\n";
+        const PdfReader reader(Write(WithMarks(empty, Paper(), kMarks)));
+        QCOMPARE(reader.Pages(),
+                 QStringList{u"The Title 2026-11-21 10:00 http://h.example/page Page 1 of 1"_s});
+    }
+
     void ALongAddressLeavesRoomForTheNumber() {
         PrintMarks marks = kMarks;
         marks.address = "http://h.example/" + std::string(500, 'x') + "/end";
