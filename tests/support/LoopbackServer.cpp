@@ -80,11 +80,12 @@ QByteArray LoopbackServer::LastHeader(const QByteArray& name) const {
 }
 
 void LoopbackServer::Answer(QTcpSocket* socket, const QByteArray& head) {
-    m_lastHead = head;
     const QString line = QString::fromLatin1(head.left(head.indexOf("\r\n")));
     const QString request = line.section(u' ', 0, 1);
     const QString path = request.section(u' ', 1);
     m_requests << request;
+    if (path != u"/favicon.ico")
+        m_lastHead = head;
 
     CannedPage page{"<html><body>not here</body></html>", Ending::Length, 404};
     if (m_everything)

@@ -53,7 +53,8 @@ public:
     qsizetype CountOf(const QString& path) const {
         return m_requests.count(QStringLiteral("GET ") + path);
     }
-    /// The whole head of the last request.
+    /// The whole head of the last request; those for the icon of a site, which the engine makes by
+    /// itself at any time, do not count.
     const QByteArray& LastHead() const { return m_lastHead; }
     /// A header of the last request by its name, in whatever case either is written.
     QByteArray LastHeader(const QByteArray& name) const;

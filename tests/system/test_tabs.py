@@ -82,6 +82,20 @@ class Tabs(driver.SystemTest):
         driver.press("ctrl+w")
         self.window.find(name="This page stays; only further tabs are closed")
 
+    def test_an_item_of_a_menu_opens_in_a_tab(self):
+        self.open()
+        for key, more in (("ctrl", 1), ("shift", 2)):
+            self.window.find(name="Calendar").click()
+            driver.wait_for(lambda: len(self.program.windows() or ()) == 2, "the menu")
+            # It opens at the pointer.
+            driver.xdotool("mousemove_relative", 30, 12)
+            driver.xdotool("keydown", key)
+            driver.xdotool("click", 1 if key == "ctrl" else 2)
+            driver.xdotool("keyup", key)
+            driver.wait_for(lambda: len(self.tabs()) == 1 + more, f"{more} further tabs")
+        self.assertEqual(self.tabs()[0], self.FIRST)
+        self.assertEqual(self.tabs()[1], self.tabs()[2])
+
     def test_a_plain_click_goes_to_the_research_page(self):
         self.open()
         self.select()
