@@ -291,6 +291,13 @@ class Pictures:
         driver.wait_for(lambda: self.window.find(name="REFRESH").enabled, "the recording to end")
         self.take_widget("multi-link", pane)
 
+        before = self.program.windows()
+        self.window.find(name="Layout").click()
+        driver.wait_for(lambda: (self.program.windows() or set()) - before, "the menu")
+        driver.press("Down", "Down", "Down", "Return")
+        self.window.find(name="Pages of the multi link")
+        self.take_widget("tiles", pane)
+
     def strip(self):
         self.press("ctrl+comma")
         dialog = self.dialog("Browser Setup & Help")
