@@ -31,7 +31,8 @@ constexpr auto kStartPatience = std::chrono::seconds(1);
 } // namespace
 
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
-    : PaneFrame(parent), m_profile(profile), m_prompts(prompts), m_place(profile, *m_notice) {
+    : PaneFrame(profile.Zooms(), parent), m_profile(profile), m_prompts(prompts),
+      m_place(profile, *m_notice) {
     connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_passwords, &PasswordLookout::Found, this, &BrowserPane::ShowLocation);
     connect(&profile.Access().Https(), &HttpsHosts::FoundPlain, this, [this](const QString& host) {
@@ -277,10 +278,8 @@ void BrowserPane::OnLoading(const QWebEngineLoadingInfo& info) {
 
 // A page of this pane's own arrived: from now on its address has the text that asked for it.
 void BrowserPane::OnCommit() {
-    if (!m_pendingAddress.isEmpty()) {
+    if (!m_pendingAddress.isEmpty())
         m_place.Note(m_pendingAddress);
-        ApplyZoom();
-    }
     ShowLocation();
 }
 

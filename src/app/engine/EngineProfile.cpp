@@ -11,6 +11,7 @@
 #include "app/engine/RequestRedirector.h"
 #include "app/engine/SiteData.h"
 #include "app/engine/SiteQuota.h"
+#include "app/engine/SiteZooms.h"
 #include "core/pages/site_data.h"
 #include "core/portal/generated_pages.h"
 
@@ -72,7 +73,8 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
                              const WebAccess& access, Prompts& prompts, QObject* parent)
     : QObject(parent), m_access(access), m_programFolder(programFolder),
       m_cookieRule(std::make_shared<CookieRule>()),
-      m_engine(std::make_unique<QWebEngineProfile>(u"tallowmere"_s)) {
+      m_engine(std::make_unique<QWebEngineProfile>(u"tallowmere"_s)),
+      m_zooms(std::make_unique<SiteZooms>()) {
     MakePrivateFolder(storageFolder);
     SiteData::ClearWhatIsDue(storageFolder);
     BoundSiteStorage(storageFolder);

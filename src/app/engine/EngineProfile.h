@@ -16,6 +16,7 @@ class MailClicks;
 class Prompts;
 class RequestRedirector;
 class SiteData;
+class SiteZooms;
 class WebAccess;
 
 /// The one profile of all panes: what sites store lives in it and survives a restart, and what
@@ -44,6 +45,8 @@ public:
     DownloadList& Downloads() { return *m_downloads; }
     /// What sites keep.
     SiteData& Sites() { return *m_sites; }
+    /// How large their pages are shown.
+    SiteZooms& Zooms() { return *m_zooms; }
     /// The sites that get cookies when other sites call them in, and whose pages' others do.
     void LetCrossSites(const std::vector<std::string>& sites);
 
@@ -65,6 +68,7 @@ private:
     std::unique_ptr<MailClicks> m_mails;
     std::unique_ptr<SiteData> m_sites; ///< ends before the engine
     std::unique_ptr<DownloadList> m_downloads;
+    std::unique_ptr<SiteZooms> m_zooms;
     RequestRedirector* m_redirector;
 };
 

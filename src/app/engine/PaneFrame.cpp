@@ -1,5 +1,6 @@
 #include "app/engine/PaneFrame.h"
 
+#include "app/base/QtText.h"
 #include "app/engine/FindBar.h"
 #include "app/engine/LocationLine.h"
 #include "app/engine/PageQuestion.h"
@@ -7,20 +8,33 @@
 #include "app/engine/PageView.h"
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PasswordLookout.h"
+#include "app/engine/SiteZooms.h"
+#include "app/engine/UserInput.h"
+#include "core/pages/site_zoom.h"
 
 #include <QPageLayout>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineHistory>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <utility>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-PaneFrame::PaneFrame(QWidget* parent)
+namespace {
+
+constexpr double kSameFactor = 0.001; // the engine reckons in levels
+
+} // namespace
+
+PaneFrame::PaneFrame(SiteZooms& zooms, QWidget* parent)
     : QWidget(parent), m_notice(new PaneNotice(this)), m_findBar(new FindBar(this)),
-      m_passwords(new PasswordLookout(this)), m_question(new PageQuestion(this)),
+      m_passwords(new PasswordLookout(this)), m_question(new PageQuestion(this)), m_zooms(zooms),
       m_location(new LocationLine(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -29,12 +43,17 @@ PaneFrame::PaneFrame(QWidget* parent)
     layout->addWidget(m_findBar);
     layout->addWidget(m_location);
     m_notice->hide();
+    connect(&zooms, &SiteZooms::Changed, this, [this](const std::string& site) {
+        if (site == m_site)
+            ReadZoom();
+    });
 }
 
 void PaneFrame::SetView(PageView* view) {
     m_view = view;
     auto* column = static_cast<QVBoxLayout*>(layout());
     column->insertWidget(column->indexOf(m_notice), view, 1);
+    connect(&view->Input(), &UserInput::Scaled, this, &PaneFrame::TurnZoom);
 }
 
 void PaneFrame::SetHeader(QWidget* header) {
@@ -72,6 +91,7 @@ void PaneFrame::HideView() {
 }
 
 void PaneFrame::ShowPlace(const QUrl& url, const QString& built) {
+    UseZoomOf(url);
     const bool isShown =
         m_hasLocation && IsPageShown() && !url.isEmpty() && url != QUrl(u"about:blank"_s);
     m_location->setVisible(isShown);
@@ -113,21 +133,53 @@ void PaneFrame::Find() {
 }
 
 void PaneFrame::ZoomIn() {
-    m_zoom.In();
-    ApplyZoom();
+    Zoom(&PageZoom::In);
 }
 
 void PaneFrame::ZoomOut() {
-    m_zoom.Out();
-    ApplyZoom();
+    Zoom(&PageZoom::Out);
 }
 
 void PaneFrame::ZoomReset() {
-    m_zoom.Reset();
-    ApplyZoom();
+    Zoom(&PageZoom::Reset);
 }
 
-void PaneFrame::ApplyZoom() {
+void PaneFrame::TurnZoom(int angle) {
+    // Who turns back does not have to make up for what was turned before.
+    if ((angle > 0) != (m_angle > 0))
+        m_angle = 0;
+    m_angle += angle;
+    for (; m_angle >= QWheelEvent::DefaultDeltasPerStep;
+         m_angle -= QWheelEvent::DefaultDeltasPerStep)
+        ZoomIn();
+    for (; m_angle <= -QWheelEvent::DefaultDeltasPerStep;
+         m_angle += QWheelEvent::DefaultDeltasPerStep)
+        ZoomOut();
+}
+
+// A page that belongs to no site has its size as long as it stands there.
+void PaneFrame::Zoom(void (PageZoom::*change)()) {
+    if (!m_view)
+        return;
+    (m_zoom.*change)();
+    m_view->setZoomFactor(m_zoom.Factor());
+    if (!m_site.empty())
+        m_zooms.Set(m_site, m_zoom.Percent());
+}
+
+// A strip has no room for larger pages.
+void PaneFrame::UseZoomOf(const QUrl& page) {
+    const std::string site =
+        m_hasLocation ? ZoomSite(FromQt(page.scheme()), FromQt(page.host())) : std::string();
+    if (std::exchange(m_site, site) != site)
+        ReadZoom();
+    // Each process that shows pages begins with the size of its own.
+    else if (m_view && std::abs(m_view->zoomFactor() - m_zoom.Factor()) > kSameFactor)
+        m_view->setZoomFactor(m_zoom.Factor());
+}
+
+void PaneFrame::ReadZoom() {
+    m_zoom = PageZoom(m_zooms.PercentOf(m_site));
     if (m_view)
         m_view->setZoomFactor(m_zoom.Factor());
 }

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <string>
 
 class QPageLayout;
 class QUrl;
@@ -18,13 +19,15 @@ class PageQuestion;
 class PageView;
 class PaneNotice;
 class PasswordLookout;
+class SiteZooms;
 
 /// What a pane is made of: the view of its page or what is told in its place, the bar for searching
 /// it, the line that says where it is, and the sheet on which the page speaks.
 class PaneFrame : public QWidget {
     Q_OBJECT
 public:
-    explicit PaneFrame(QWidget* parent);
+    /// `zooms` knows how large the pages of each site are shown.
+    PaneFrame(SiteZooms& zooms, QWidget* parent);
 
     /// Leaves out the line that says where the pane is; for a strip without room for it.
     /// Without it no page of the strip asks anything either: there is no room for that.
@@ -50,6 +53,7 @@ public:
 
     /// Opens the search bar.
     void Find();
+    /// Shows the page, and all others of its site, larger or smaller from now on.
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
@@ -58,7 +62,6 @@ protected:
     bool HasLocation() const { return m_hasLocation; }
     bool IsPageShown() const;
     void SetView(PageView* view);
-    void ApplyZoom();
     /// Shows the view in the place of whatever is told.
     void ShowView();
     void HideView();
@@ -72,9 +75,17 @@ protected:
     PageQuestion* m_question;
 
 private:
+    void UseZoomOf(const QUrl& page);
+    void ReadZoom();
+    void Zoom(void (PageZoom::*change)());
+    void TurnZoom(int angle);
+
+    SiteZooms& m_zooms;
     LocationLine* m_location;
     bool m_hasLocation = true;
+    std::string m_site; ///< of the page, empty for none
     PageZoom m_zoom;
+    int m_angle = 0; ///< of the wheel, less than a step
 };
 
 } // namespace tallowmere

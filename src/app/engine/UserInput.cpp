@@ -1,6 +1,7 @@
 #include "app/engine/UserInput.h"
 
 #include <QChildEvent>
+#include <QWheelEvent>
 #include <QWidget>
 
 namespace tallowmere {
@@ -40,6 +41,14 @@ bool UserInput::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::TouchEnd:
         m_since.start();
         Q_EMIT Happened();
+        break;
+    case QEvent::Wheel:
+        // The engine has steps and limits of its own for this, and keeps them to itself.
+        if (const auto* wheel = static_cast<QWheelEvent*>(event);
+            wheel->modifiers().testFlag(Qt::ControlModifier)) {
+            Q_EMIT Scaled(wheel->angleDelta().y());
+            return true;
+        }
         break;
     default:
         break;

@@ -22,6 +22,9 @@ public:
 
 Q_SIGNALS:
     void Happened();
+    /// The wheel was turned while the key was held that makes pages larger and smaller: by so many
+    /// eighths of a degree, away from the user when above zero.
+    void Scaled(int angle);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -5,6 +5,7 @@
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "app/engine/EngineProfile.h"
+#include "app/engine/SiteZooms.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
@@ -54,6 +55,7 @@ Session::Session(SessionSetup setup)
       m_form(std::make_unique<frmMain>(*m_profile, m_setup.prompts, m_keys)) {
     m_subsystems = std::make_unique<Subsystems>(m_setup, *m_form, m_settings, m_undo, m_web,
                                                 *m_profile, m_transfers, *m_userSites);
+    m_profile->Zooms().KeepIn(m_settings);
     m_textSizes.Serve(*m_form->menus);
     m_web.SetHelpFolder(PathToQt(m_setup.folders.data / "help"));
     m_web.SetShortcuts([this] { return m_keys.Chords(); });

@@ -57,6 +57,7 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"Settings", "CustomB",     101, 170, SettingKind::Color,     "0",              "background of custom link n, 0: that of its area"},
     {"Settings", "CustomC",     101, 170, SettingKind::Integer,   "0",              "columns in which the pages of multi-link n are laid out, 0: all on one page"},
     {"Settings", "NAV",           1, kNoLastNumber, SettingKind::Text, "",          "entry n of the smart-navigate list, newest first"},
+    {"Zoom",     "Sites",         0,   0, SettingKind::Text,      "",               "sites whose pages are shown larger or smaller, the latest first: site, blank, percent and a bar"},
     {"Pages",    "First",         0,   0, SettingKind::Text,      "",               "address of the research page at the last close, if it is kept"},
     {"Pages",    "Second",        0,   0, SettingKind::Text,      "",               "the same of the broker page"},
     {"Pages",    "Front",         0,   0, SettingKind::Integer,   "0",              "the tab that was in front, counted from 0"},

@@ -31,5 +31,33 @@ TEST(PageZoomTest, StaysWithinTheEnginesLimits) {
     EXPECT_DOUBLE_EQ(zoom.Factor(), 0.25);
 }
 
+TEST(PageZoomTest, WholePercentsComeBackToTheUsualSize) {
+    struct Case {
+        int percent;
+        double factor;
+    };
+    for (const Case& c : {Case{100, 1}, {121, 1.21}, {25, 0.25}, {500, 5}, {0, 0.25}, {9999, 5}})
+        EXPECT_DOUBLE_EQ(PageZoom(c.percent).Factor(), c.factor) << c.percent;
+    // As it is kept after every step.
+    PageZoom zoom;
+    for (int step = 0; step < 12; ++step) {
+        zoom.In();
+        zoom = PageZoom(zoom.Percent());
+    }
+    for (int step = 0; step < 12; ++step) {
+        zoom.Out();
+        zoom = PageZoom(zoom.Percent());
+    }
+    EXPECT_EQ(zoom.Percent(), 100);
+    EXPECT_DOUBLE_EQ(zoom.Factor(), 1);
+}
+
+TEST(PageZoomTest, KnowsWhatIsPossible) {
+    for (const int percent : {25, 100, 121, 500})
+        EXPECT_TRUE(PageZoom::IsPossible(percent)) << percent;
+    for (const int percent : {-100, 0, 24, 501, 1'000'000'000})
+        EXPECT_FALSE(PageZoom::IsPossible(percent)) << percent;
+}
+
 } // namespace
 } // namespace tallowmere
