@@ -143,7 +143,7 @@ void LoadFormPosition(QWidget& form, const SettingsStore& settings) {
 }
 
 void SaveFormPosition(const QWidget& form, SettingsStore& settings) {
-    if (form.isMinimized())
+    if (form.isMinimized() || form.isFullScreen())
         return;
     const std::string section = form.objectName().toStdString();
     const auto save = [&](const char* key, int pixels) {

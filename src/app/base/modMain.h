@@ -58,7 +58,7 @@ private:
 /// RuntimeError is thrown, which names its key.
 void LoadFormPosition(QWidget& form, const SettingsStore& settings);
 
-/// Writes a form's place and size in twips, unless it is minimised.
+/// Writes a form's place and size in twips, unless it is minimised or fills the screen.
 void SaveFormPosition(const QWidget& form, SettingsStore& settings);
 
 } // namespace tallowmere

@@ -40,7 +40,8 @@ void ApplySettings(QWebEngineSettings& settings) {
     // in words; what nobody clicked is not even asked about.
     settings.setUnknownUrlSchemePolicy(
         QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
-    settings.setAttribute(QWebEngineSettings::FullScreenSupportEnabled, false);
+    // The pane that is asked has to grant it.
+    settings.setAttribute(QWebEngineSettings::FullScreenSupportEnabled, true);
     settings.setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
     // The panes say themselves what went wrong.
     settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);

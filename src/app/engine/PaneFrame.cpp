@@ -1,6 +1,7 @@
 #include "app/engine/PaneFrame.h"
 
 #include "app/base/QtText.h"
+#include "app/base/WebAccess.h"
 #include "app/engine/FindBar.h"
 #include "app/engine/LocationLine.h"
 #include "app/engine/PageQuestion.h"
@@ -16,6 +17,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWebEngineDownloadRequest>
+#include <QWebEngineFullScreenRequest>
 #include <QWebEngineHistory>
 #include <QWheelEvent>
 
@@ -54,6 +56,7 @@ void PaneFrame::SetView(PageView* view) {
     auto* column = static_cast<QVBoxLayout*>(layout());
     column->insertWidget(column->indexOf(m_notice), view, 1);
     connect(&view->Input(), &UserInput::Scaled, this, &PaneFrame::TurnZoom);
+    connect(view->page(), &QWebEnginePage::fullScreenRequested, this, &PaneFrame::OnFill);
 }
 
 void PaneFrame::SetHeader(QWidget* header) {
@@ -86,16 +89,17 @@ void PaneFrame::ShowView() {
 }
 
 void PaneFrame::HideView() {
+    EndFill();
     if (m_view)
         m_view->hide();
 }
 
 void PaneFrame::ShowPlace(const QUrl& url, const QString& built) {
     UseZoomOf(url);
-    const bool isShown =
+    m_isLocated =
         m_hasLocation && IsPageShown() && !url.isEmpty() && url != QUrl(u"about:blank"_s);
-    m_location->setVisible(isShown);
-    if (isShown)
+    m_location->setVisible(m_isLocated && !m_isFilling);
+    if (m_isLocated)
         m_location->Show(url, built, m_passwords->IsAskedBy(url));
 }
 
@@ -125,6 +129,44 @@ void PaneFrame::SaveTo(const QString& path, SavedForm form) const {
         m_view->page()->save(path, form == SavedForm::OneFile
                                        ? QWebEngineDownloadRequest::MimeHtmlSaveFormat
                                        : QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
+}
+
+void PaneFrame::FocusPage() {
+    if (m_view && IsPageShown())
+        m_view->setFocus();
+    else
+        m_notice->setFocus();
+}
+
+// The engine has made sure that the user has just done something on the page.
+void PaneFrame::OnFill(QWebEngineFullScreenRequest request) {
+    if (!request.toggleOn()) {
+        request.accept();
+        EndFill();
+        return;
+    }
+    bool isGranted = false;
+    if (m_hasLocation && IsPageShown())
+        Q_EMIT FillWanted(WebAccess::AsBuilt(request.origin()).host(), &isGranted);
+    if (!isGranted) {
+        request.reject();
+        return;
+    }
+    m_isFilling = true;
+    m_location->hide();
+    request.accept();
+}
+
+void PaneFrame::EndFill() {
+    if (!std::exchange(m_isFilling, false))
+        return;
+    m_location->setVisible(m_isLocated);
+    m_view->triggerPageAction(QWebEnginePage::ExitFullScreen);
+    Q_EMIT FillOver();
+}
+
+bool PaneFrame::IsFinding() const {
+    return m_findBar->isAncestorOf(window()->focusWidget());
 }
 
 void PaneFrame::Find() {

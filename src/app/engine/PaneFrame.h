@@ -10,6 +10,7 @@
 
 class QPageLayout;
 class QUrl;
+class QWebEngineFullScreenRequest;
 
 namespace tallowmere {
 
@@ -51,12 +52,25 @@ public:
     /// Saves that page with what it consists of; the profile tells what came of it.
     void SaveTo(const QString& path, SavedForm form) const;
 
+    /// Gives the keys to the page.
+    void FocusPage();
+    /// Ends that the page fills the screen.
+    void EndFill();
+    /// Whether the user is typing into the search bar.
+    bool IsFinding() const;
     /// Opens the search bar.
     void Find();
     /// Shows the page, and all others of its site, larger or smaller from now on.
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
+
+Q_SIGNALS:
+    /// The user wants the page to fill the screen; so says the engine, which `host` in the page
+    /// asked. Without a receiver that grants it, it does not.
+    void FillWanted(const QString& host, bool* isGranted);
+    /// A page that filled the screen does so no more.
+    void FillOver();
 
 protected:
     bool HasLocation() const { return m_hasLocation; }
@@ -75,6 +89,7 @@ protected:
     PageQuestion* m_question;
 
 private:
+    void OnFill(QWebEngineFullScreenRequest request);
     void UseZoomOf(const QUrl& page);
     void ReadZoom();
     void Zoom(void (PageZoom::*change)());
@@ -83,6 +98,8 @@ private:
     SiteZooms& m_zooms;
     LocationLine* m_location;
     bool m_hasLocation = true;
+    bool m_isLocated = false; ///< there is something to say in that line
+    bool m_isFilling = false; ///< the page fills the screen
     std::string m_site; ///< of the page, empty for none
     PageZoom m_zoom;
     int m_angle = 0; ///< of the wheel, less than a step

@@ -39,6 +39,7 @@ frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"Tallowmere"_s);
     m_body = new QWidget(this);
+    m_controls = new QWidget(m_body);
     setCentralWidget(m_body);
     setMinimumSize(PixelsFromTwips(kMinimumWidthTwips), PixelsFromTwips(kMinimumHeightTwips));
     menus = std::make_unique<MainMenus>(*this, keys);
@@ -48,8 +49,8 @@ frmMain::frmMain(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
     ConnectGrips();
     m_body->installEventFilter(this);
     List1->installEventFilter(this);
-    m_body->setMouseTracking(true);
-    setMouseTracking(true);
+    for (QWidget* ground : {m_controls, m_body, static_cast<QWidget*>(this)})
+        ground->setMouseTracking(true);
 }
 
 frmMain::~frmMain() = default;
@@ -85,56 +86,56 @@ void frmMain::ShowTabs(bool shown) {
 }
 
 void frmMain::BuildPanes() {
-    fraTick = new QFrame(m_body);
+    fraTick = new QFrame(m_controls);
     fraTick->setObjectName(u"fraTick"_s);
     fraTick->hide();
-    tabRow = new TabRow(m_body);
+    tabRow = new TabRow(m_controls);
     tabRow->hide();
     Web = MakePane(u"Web"_s, u"Research page"_s, m_body);
     WebB = MakePane(u"WebB"_s, u"Broker page"_s, m_body);
     WebB->hide();
     WebTick = MakePane(u"WebTick"_s, u"Ticker strip"_s, fraTick);
     WebTick->LeaveOutLocation();
-    WebStatus = new QLabel(m_body);
+    WebStatus = new QLabel(m_controls);
     WebStatus->setObjectName(u"WebStatus"_s);
     WebStatus->setTextFormat(Qt::PlainText);
     WebStatus->setAutoFillBackground(true);
     WebStatus->setContentsMargins(4, 0, 4, 0);
     // A long address must not widen the window.
     WebStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    lblStat = new QLabel(m_body);
+    lblStat = new QLabel(m_controls);
     lblStat->setObjectName(u"lblStat"_s);
     lblStat->setAccessibleName(u"Progress"_s);
     lblStat->setAutoFillBackground(true);
-    SpooBar = new StripBar(m_body);
+    SpooBar = new StripBar(m_controls);
     connect(SpooBar, &StripBar::HeightChanged, this, &frmMain::LayOut);
 }
 
 void frmMain::BuildPortfolioControls() {
     for (int n = 1; n <= 10; ++n) {
-        auto* number = new Chip(u"lblListNum"_s, n, QString::number(n), m_body);
+        auto* number = new Chip(u"lblListNum"_s, n, QString::number(n), m_controls);
         number->setAccessibleDescription(u"Portfolio number"_s);
         number->SetHasDoubleClick(true);
         number->SetHasMenu(true);
         lblListNum[static_cast<std::size_t>(n)] = number;
     }
     lblListNum[1]->setFocusPolicy(Qt::StrongFocus);
-    lblPort = new Chip(u"lblPort"_s, -1, {}, m_body);
+    lblPort = new Chip(u"lblPort"_s, -1, {}, m_controls);
     lblPort->SetHasDoubleClick(true);
     lblPort->SetHasMenu(true);
-    txtStock = new QLineEdit(m_body);
+    txtStock = new QLineEdit(m_controls);
     txtStock->setObjectName(u"txtStock"_s);
     txtStock->setAccessibleName(u"Ticker entry"_s);
     txtStock->setPlaceholderText(u"Ticker"_s);
     txtStock->setMaxLength(kLongestEntry);
-    Label1 = new Chip(u"Label1"_s, -1, u" X"_s, m_body);
+    Label1 = new Chip(u"Label1"_s, -1, u" X"_s, m_controls);
     Label1->setAccessibleDescription(u"Remove the selected ticker"_s);
     Label1->setToolTip(u"Click: remove the selected ticker. Double-click: clear the list."_s);
     Label1->SetColors(kDesignedTool);
     Label1->setFocusPolicy(Qt::StrongFocus);
     Label1->SetHasDoubleClick(true);
-    List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_body);
-    undoBar = new UndoBar(m_body);
+    List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_controls);
+    undoBar = new UndoBar(m_controls);
     connect(undoBar, &UndoBar::Switched, this, &frmMain::LayOut);
 }
 
@@ -153,9 +154,9 @@ QScrollArea* frmMain::MakePanel(QScrollArea* panel, const QString& name,
 }
 
 void frmMain::BuildLinks() {
-    fraTop = MakePanel(new TopBar(m_body), u"fraTop"_s, u"Top link bar"_s);
-    fraLeft = MakePanel(new QScrollArea(m_body), u"fraLeft"_s, u"Left panel"_s);
-    fraRight = MakePanel(new QScrollArea(m_body), u"fraRight"_s, u"Right panel"_s);
+    fraTop = MakePanel(new TopBar(m_controls), u"fraTop"_s, u"Top link bar"_s);
+    fraLeft = MakePanel(new QScrollArea(m_controls), u"fraLeft"_s, u"Left panel"_s);
+    fraRight = MakePanel(new QScrollArea(m_controls), u"fraRight"_s, u"Right panel"_s);
 
     ApplyFont();
     for (QScrollArea* panel : {fraTop, fraLeft, fraRight}) {
@@ -203,9 +204,9 @@ void frmMain::ApplyFont() {
 }
 
 void frmMain::ConnectGrips() {
-    m_leftGrip = new Grip(u"Edge of the left panel"_s, Qt::Horizontal, m_body);
-    m_rightGrip = new Grip(u"Edge of the right panel"_s, Qt::Horizontal, m_body);
-    m_listGrip = new Grip(u"Edge of the ticker list"_s, Qt::Vertical, m_body);
+    m_leftGrip = new Grip(u"Edge of the left panel"_s, Qt::Horizontal, m_controls);
+    m_rightGrip = new Grip(u"Edge of the right panel"_s, Qt::Horizontal, m_controls);
+    m_listGrip = new Grip(u"Edge of the ticker list"_s, Qt::Vertical, m_controls);
     connect(m_leftGrip, &Grip::Dragged, this, [this](int pixels) {
         m_panels.leftWidth = std::max(1, fraLeft->width() + pixels);
         LayOut();
@@ -249,6 +250,13 @@ void frmMain::SetPanels(const PanelSizes& panels) {
 void frmMain::LayOut() {
     if (isMinimized())
         return;
+    if (m_controls->isHidden()) {
+        // What is not seen keeps its place: it is to be the same afterwards.
+        for (BrowserPane* pane : Panes())
+            pane->setGeometry(m_body->rect());
+        PlaceOverPanes();
+        return;
+    }
     LayoutRequest request;
     request.width = m_body->width();
     request.height = m_body->height();
@@ -267,6 +275,7 @@ void frmMain::LayOut() {
     request.statusHeight = fontMetrics().height() + 4;
     request.stripHeight = SpooBar->heightForWidth(m_body->width());
     const WindowLayout layout = LayOutWindow(request);
+    m_controls->setGeometry(m_body->rect());
 
     fraTop->setGeometry(ToQt(layout.topBar));
     fraTick->setGeometry(ToQt(layout.tickerFrame));
@@ -360,6 +369,11 @@ void frmMain::ShowOverPanes(QWidget* bar) {
     m_overPanes = bar;
     PlaceOverPanes();
     bar->show();
+}
+
+void frmMain::ShowPanesAlone(bool alone) {
+    m_controls->setVisible(!alone);
+    LayOut();
 }
 
 void frmMain::PlaceOverPanes() {

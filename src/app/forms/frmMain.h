@@ -101,6 +101,9 @@ public:
     /// next click may follow at once, on what is under the pointer now.
     void ShowOverPanes(QWidget* bar);
 
+    /// Shows nothing but the panes, or everything again that is to be shown.
+    void ShowPanesAlone(bool alone);
+
     /// Whether the links say more about themselves when the pointer rests on them.
     void SetToolTips(bool shown);
     bool ShowsToolTips() const { return m_toolTips; }
@@ -146,6 +149,7 @@ private:
     QList<BrowserPane*> m_furtherPanes;
     int m_panesMade = 0; ///< further ones, for their names
     QWidget* m_body;
+    QWidget* m_controls; ///< all of the body but the panes, which lie above it
     Grip* m_leftGrip;
     Grip* m_rightGrip;
     Grip* m_listGrip;

@@ -2,6 +2,7 @@
 
 #include "app/base/Transfers.h"
 #include "app/forms/frmMain.h"
+#include "app/links/FullScreen.h"
 #include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
@@ -30,6 +31,7 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       printing(new PagePrinting(form, prompts, clock, *panes)) {
     tabs = new PaneTabs(form, *panes);
     new HistoryMenus(form, *panes, *panel);
+    fullScreen = new FullScreen(form, settings, *panes);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
     QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {
         if (!held)

@@ -8,6 +8,7 @@
 namespace tallowmere {
 
 class Clock;
+class FullScreen;
 class LinkDispatch;
 class LinkPanel;
 class MenuTable;
@@ -39,6 +40,7 @@ struct LinkControllers {
     SeparateBrowser* outside;
     PaneDeck* panes;
     PaneTabs* tabs;
+    FullScreen* fullScreen;
     LinkDispatch* dispatch;
     LinkPanel* panel;
     SitePopups* popups;

@@ -23,11 +23,7 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
     connect(form.Web, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeFirst);
     connect(form.WebB, &BrowserPane::BeforeNavigate2, this, &PaneDeck::BeforeEither);
     for (BrowserPane* pane : {form.Web, form.WebB}) {
-        pane->OfferWindows();
-        connect(pane, &BrowserPane::PaneWanted, this,
-                [this, pane](const QString& address, bool isInFront) {
-                    OnPaneWanted(*pane, address, isInFront);
-                });
+        Offer(*pane);
         connect(pane, &BrowserPane::StatusTextChange, this,
                 [this, pane](const QString& text) { OnPaneStatus(*pane, text); });
         connect(pane, &BrowserPane::ProgressChange, this, &PaneDeck::ShowProgress);
@@ -44,12 +40,22 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
             [this] { QGuiApplication::clipboard()->setText(Front()->LocationURL()); });
 }
 
-void PaneDeck::Adopt(BrowserPane& pane) {
+// What the page of each pane may ask for.
+void PaneDeck::Offer(BrowserPane& pane) {
     pane.OfferWindows();
     connect(&pane, &BrowserPane::PaneWanted, this,
             [this, &pane](const QString& address, bool isInFront) {
                 OnPaneWanted(pane, address, isInFront);
             });
+    connect(&pane, &BrowserPane::FillWanted, this,
+            [this, &pane](const QString& host, bool* isGranted) {
+                Q_EMIT FillWanted(&pane, host, isGranted);
+            });
+    connect(&pane, &BrowserPane::FillOver, this, [this, &pane] { Q_EMIT FillOver(&pane); });
+}
+
+void PaneDeck::Adopt(BrowserPane& pane) {
+    Offer(pane);
     connect(&pane, &BrowserPane::BeforeNavigate2, this,
             [this, &pane](const QString& address, bool* cancel) {
                 BeforeFurther(pane, address, cancel);

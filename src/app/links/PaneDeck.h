@@ -74,10 +74,15 @@ Q_SIGNALS:
     void TabWanted(const QString& address, bool isInFront);
     /// There is a further pane.
     void Adopted(BrowserPane& pane);
+    /// A page wants to fill the screen; who lets it sets `isGranted`.
+    void FillWanted(BrowserPane* pane, const QString& host, bool* isGranted);
+    /// It does so no more.
+    void FillOver(BrowserPane* pane);
     /// Another pane is in front, or the same one again.
     void FrontChanged(BrowserPane* pane);
 
 private:
+    void Offer(BrowserPane& pane);
     bool OpenInTab(const QString& address);
     void OnPaneWanted(BrowserPane& pane, const QString& address, bool isInFront);
     void BeforeFirst(const QString& address, bool* cancel);

@@ -86,6 +86,7 @@ constexpr CommandRow kCommands[] = {
     {"downloads",         "&Downloads...",             Page,      4, Plain,     kMain,    kNoLink, "Ctrl+J",               "files that were saved from pages"},
     {"foldLeft",          "&Left Panel",               View,      1, Checkable, kMain,    kNoLink, "F7",                   "fold the left panel"},
     {"foldRight",         "&Right Panel",              View,      1, Checkable, kMain,    kNoLink, "F8",                   "fold the right panel"},
+    {"fullScreen",        "&Full Screen",              View,      1, Plain,     kMain,    kNoLink, "F11",                  "show the page alone on the whole screen, or all again"},
     {"textSize",          "&Text Size",                View,      2, Submenu,   kMain,    kNoLink, "",                     ""},
     {"textSizeSmall",     "&Small",                    TextSize,  1, Checkable, kMain,    kNoLink, "",                     "smaller texts"},
     {"textSizeNormal",    "&Normal",                   TextSize,  1, Checkable, kMain,    kNoLink, "",                     "texts as the system has them"},

@@ -189,6 +189,15 @@ private Q_SLOTS:
         QCOMPARE(place.settings.GetSetting("frmTest", "Left", "none"), std::string("none"));
     }
 
+    void AFormThatFillsTheScreenKeepsItsStoredPosition() {
+        Place place;
+        place.Store("Width", "4560");
+        place.form.showFullScreen();
+        SaveFormPosition(place.form, place.settings);
+        QCOMPARE(place.settings.GetSetting("frmTest", "Width", ""), std::string("4560"));
+        QCOMPARE(place.settings.GetSetting("frmTest", "Left", "none"), std::string("none"));
+    }
+
     void APositionThatIsNoNumberIsAnErrorNamingItsKey() {
         for (const char* key : {"Top", "Left", "Height", "Width"}) {
             Place place;
