@@ -1,5 +1,5 @@
 """How pages are shown, from outside: their size, which belongs to the site and comes back at the next
-start, and alone on the whole screen."""
+start, alone on the whole screen, as their source; and the search of their text."""
 
 import driver
 
@@ -131,6 +131,63 @@ class PageView(driver.SystemTest):
         self.wait_for_page("small")
         self.assertEqual([entry for entry in self.seen() if entry[0] != "document web"],
                          [entry for entry in before if entry[0] != "document web"])
+
+    def find_bar(self):
+        return self.window.find(role="text", name="Find in page")
+
+    def wait_for_matches(self, text):
+        self.window.find(name=text)
+
+    def test_the_source_is_shown_in_a_tab_and_searched(self):
+        self.server.pages["/first"] = ("<title>first</title><p>gold &amp; oil</p>"
+                                       "<script>document.title = 'run'</script>")
+        self.open()
+        self.wait_for_page("run")
+        self.click_page()
+        driver.press("ctrl+u")
+        title = f"Source of http://{self.server.host}/first"
+        self.wait_for_page(title)
+        driver.wait_for(lambda: "<p>gold &amp; oil</p>" in self.program.page_texts()[0],
+                        "the source as text")
+        self.assertIn("<script>document.title = 'run'</script>", self.program.page_texts()[0])
+        driver.press("ctrl+f")
+        driver.wait_for(lambda: self.find_bar().focused, "the find bar")
+        driver.type_text("gold")
+        self.wait_for_matches("1 of 1")
+        driver.screenshot(driver.SCREENSHOTS / "source.png")
+        driver.press("Escape")
+        driver.press("ctrl+w")
+        self.wait_for_page("run")
+
+    def test_find_keeps_its_text(self):
+        self.server.pages["/first"] = "<title>first</title>gold silver gold oil gold"
+        self.open()
+        self.wait_for_page("first")
+        driver.press("F3")  # there is no text yet
+        driver.wait_for(lambda: self.find_bar().focused, "the find bar")
+        driver.type_text("gold")
+        self.wait_for_matches("1 of 3")
+        driver.press("Escape")
+        driver.wait_for(lambda: not self.window.find_all(role="text", name="Find in page"),
+                        "the find bar to close")
+        driver.press("F3", "F3")
+        driver.press("ctrl+f")
+        driver.wait_for(lambda: self.find_bar().focused, "the find bar")
+        self.assertEqual(self.find_bar().text, "gold")
+        driver.press("shift+F3")
+        self.wait_for_matches("2 of 3")
+        driver.press("ctrl+f")
+        driver.type_text("oil")
+        driver.wait_for(lambda: self.find_bar().text == "oil", "the text to be typed over")
+        self.wait_for_matches("1 of 1")
+        driver.screenshot(driver.SCREENSHOTS / "find_again.png")
+        self.click_page()
+        driver.press("ctrl+u")
+        driver.wait_for(lambda: self.program.pages()[0].startswith("Source of"), "the source")
+        driver.press("F3")
+        driver.press("ctrl+f")
+        driver.wait_for(lambda: self.find_bar().focused, "the find bar")
+        self.assertEqual(self.find_bar().text, "oil")
 
 
 if __name__ == "__main__":

@@ -22,9 +22,17 @@ struct PortalAddress {
     /// in all modes, so that it may be a start page.
     static QString HelpHost() { return QStringLiteral("help"); }
     static QString Help() { return QStringLiteral("portal://help/index.html"); }
-    /// Whether an address is one of the user guide.
-    static bool IsHelp(const QUrl& url) {
-        return url.scheme() == Scheme() && url.host() == HelpHost();
+    /// The address of a source that is shown, by its number.
+    static QUrl Source(int number) {
+        return QUrl(QStringLiteral("portal://source/%1").arg(number));
+    }
+    static bool IsSource(const QUrl& url) {
+        return url.scheme() == Scheme() && url.host() == QStringLiteral("source");
+    }
+    /// Whether an address is one of the user guide or of a source, which no address of the web
+    /// stands behind.
+    static bool IsOwn(const QUrl& url) {
+        return (url.scheme() == Scheme() && url.host() == HelpHost()) || IsSource(url);
     }
 };
 

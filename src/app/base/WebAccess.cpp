@@ -89,7 +89,7 @@ void WebAccess::Ask(const QUrl& portalUrl, Asker asker, PortalReply reply) const
 QUrl WebAccess::AsBuilt(const QUrl& url) {
     QUrl built = url;
     if (url.scheme() == PortalAddress::Scheme() && !PortalAddress::IsPage(url) &&
-        !PortalAddress::IsHelp(url))
+        !PortalAddress::IsOwn(url))
         built.setScheme(u"http"_s);
     return built;
 }

@@ -31,8 +31,8 @@ constexpr auto kStartPatience = std::chrono::seconds(1);
 } // namespace
 
 BrowserPane::BrowserPane(EngineProfile& profile, Prompts& prompts, QWidget* parent)
-    : PaneFrame(profile.Zooms(), parent), m_profile(profile), m_prompts(prompts),
-      m_place(profile, *m_notice) {
+    : PaneFrame(profile.Zooms(), profile.Sources(), profile.Finding(), parent), m_profile(profile),
+      m_prompts(prompts), m_place(profile, *m_notice) {
     connect(&profile, &EngineProfile::PageWanted, m_question, &PageQuestion::EndAwaited);
     connect(m_passwords, &PasswordLookout::Found, this, &BrowserPane::ShowLocation);
     connect(&profile.Access().Https(), &HttpsHosts::FoundPlain, this, [this](const QString& host) {

@@ -4,6 +4,7 @@
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/DownloadList.h"
+#include "app/engine/FindText.h"
 #include "app/engine/MailClicks.h"
 #include "app/engine/PagePermissions.h"
 #include "app/engine/PanePage.h"
@@ -12,6 +13,7 @@
 #include "app/engine/SiteData.h"
 #include "app/engine/SiteQuota.h"
 #include "app/engine/SiteZooms.h"
+#include "app/engine/SourcePages.h"
 #include "core/pages/site_data.h"
 #include "core/portal/generated_pages.h"
 
@@ -75,7 +77,8 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     : QObject(parent), m_access(access), m_programFolder(programFolder),
       m_cookieRule(std::make_shared<CookieRule>()),
       m_engine(std::make_unique<QWebEngineProfile>(u"tallowmere"_s)),
-      m_zooms(std::make_unique<SiteZooms>()) {
+      m_zooms(std::make_unique<SiteZooms>()), m_sources(std::make_unique<SourcePages>()),
+      m_finding(std::make_unique<FindText>()) {
     MakePrivateFolder(storageFolder);
     SiteData::ClearWhatIsDue(storageFolder);
     BoundSiteStorage(storageFolder);
@@ -96,7 +99,7 @@ EngineProfile::EngineProfile(const QString& storageFolder, const QString& progra
     connect(m_redirector, &RequestRedirector::PageAsked, m_sites.get(), &SiteData::Note);
     m_engine->setUrlRequestInterceptor(m_redirector);
     m_engine->installUrlSchemeHandler(PortalAddress::Scheme().toLatin1(),
-                                      new PortalScheme(access, programFolder, this));
+                                      new PortalScheme(access, programFolder, *m_sources, this));
     m_downloads = std::make_unique<DownloadList>(*m_engine, prompts);
 }
 
@@ -119,7 +122,7 @@ QUrl EngineProfile::UrlOf(const QString& address) const {
         return PortalAddress::Page(page);
     QUrl url = UrlFromAddress(address);
     const bool isWeb = url.isValid() && IsWebUrl(url) && !url.host().isEmpty();
-    if (!isWeb && !PortalAddress::IsHelp(url) && url != QUrl(u"about:blank"_s))
+    if (!isWeb && !PortalAddress::IsOwn(url) && url != QUrl(u"about:blank"_s))
         return {};
     return url;
 }

@@ -12,11 +12,13 @@ class QWebEngineProfile;
 namespace tallowmere {
 
 class DownloadList;
+class FindText;
 class MailClicks;
 class Prompts;
 class RequestRedirector;
 class SiteData;
 class SiteZooms;
+class SourcePages;
 class WebAccess;
 
 /// The one profile of all panes: what sites store lives in it and survives a restart, and what
@@ -47,6 +49,10 @@ public:
     SiteData& Sites() { return *m_sites; }
     /// How large their pages are shown.
     SiteZooms& Zooms() { return *m_zooms; }
+    /// The sources of pages that are shown.
+    SourcePages& Sources() { return *m_sources; }
+    /// The text that was searched for last.
+    FindText& Finding() { return *m_finding; }
     /// The sites that get cookies when other sites call them in, and whose pages' others do.
     void LetCrossSites(const std::vector<std::string>& sites);
 
@@ -69,6 +75,8 @@ private:
     std::unique_ptr<SiteData> m_sites; ///< ends before the engine
     std::unique_ptr<DownloadList> m_downloads;
     std::unique_ptr<SiteZooms> m_zooms;
+    std::unique_ptr<SourcePages> m_sources;
+    std::unique_ptr<FindText> m_finding;
     RequestRedirector* m_redirector;
 };
 

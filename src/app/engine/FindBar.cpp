@@ -1,5 +1,7 @@
 #include "app/engine/FindBar.h"
 
+#include "app/engine/FindText.h"
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,7 +26,7 @@ QToolButton* AddButton(QHBoxLayout* layout, const QString& caption, const QStrin
 
 } // namespace
 
-FindBar::FindBar(QWidget* parent) : QWidget(parent) {
+FindBar::FindBar(FindText& finding, QWidget* parent) : QWidget(parent), m_finding(finding) {
     setObjectName(u"FindBar"_s);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 2, 4, 2);
@@ -42,10 +44,21 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
     auto* close = AddButton(layout, u"\u2715"_s, tr("Close"));
     hide();
 
-    const auto forward = [this] { Q_EMIT Wanted(m_text->text(), false); };
-    connect(m_text, &QLineEdit::textEdited, this, forward);
-    connect(next, &QToolButton::clicked, this, forward);
-    connect(previous, &QToolButton::clicked, this, [this] { Q_EMIT Wanted(m_text->text(), true); });
+    m_text->setText(finding.Text());
+    connect(&finding, &FindText::Changed, this, [this] {
+        // What another bar shows is put down; what is typed here is there already.
+        if (m_text->text() != m_finding.Text()) {
+            m_text->setText(m_finding.Text());
+            m_matches->clear();
+            m_isSearching = false;
+        }
+    });
+    connect(m_text, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_finding.Set(text);
+        Want(text, false);
+    });
+    connect(next, &QToolButton::clicked, this, [this] { FindOn(false); });
+    connect(previous, &QToolButton::clicked, this, [this] { FindOn(true); });
     connect(close, &QToolButton::clicked, this, &FindBar::Close);
 }
 
@@ -55,16 +68,31 @@ void FindBar::Open() {
     m_text->selectAll();
 }
 
-void FindBar::ShowMatch(int match, int matches) {
+void FindBar::FindOn(bool isBackward) {
     if (m_text->text().isEmpty())
-        m_matches->clear();
+        Open();
     else
-        m_matches->setText(matches > 0 ? tr("%1 of %2").arg(match).arg(matches) : tr("Not found"));
+        Want(m_text->text(), isBackward);
+}
+
+void FindBar::Want(const QString& text, bool isBackward) {
+    m_isSearching = !text.isEmpty();
+    if (!m_isSearching)
+        m_matches->clear();
+    Q_EMIT Wanted(text, isBackward);
+}
+
+void FindBar::ShowMatch(int match, int matches) {
+    if (!m_isSearching)
+        return;
+    m_matches->setText(matches > 0 ? tr("%1 of %2").arg(match).arg(matches) : tr("Not found"));
+    if (matches == 0)
+        show();
 }
 
 void FindBar::Close() {
     hide();
-    Q_EMIT Wanted({}, false);
+    Want({}, false);
     Q_EMIT Closed();
 }
 
@@ -72,7 +100,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         Close();
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        Q_EMIT Wanted(m_text->text(), event->modifiers().testFlag(Qt::ShiftModifier));
+        FindOn(event->modifiers().testFlag(Qt::ShiftModifier));
     else
         QWidget::keyPressEvent(event);
 }

@@ -7,16 +7,22 @@ class QLineEdit;
 
 namespace tallowmere {
 
+class FindText;
+
 /// The bar under a page in which the user searches its text.
 class FindBar : public QWidget {
     Q_OBJECT
 public:
-    explicit FindBar(QWidget* parent);
+    /// `finding` is the text to search for, which all bars share.
+    FindBar(FindText& finding, QWidget* parent);
 
     /// Shows the bar with its text selected, ready to be typed over.
     void Open();
+    /// Finds the text further down or up, with the bar or without; without a text opens the bar.
+    void FindOn(bool isBackward);
 
-    /// Says which of how many places is the one found last; 0 of 0 when there is none.
+    /// Says which of how many places is the one found last; 0 of 0 when there is none,
+    /// which is never said without the bar.
     void ShowMatch(int match, int matches);
 
 Q_SIGNALS:
@@ -29,7 +35,10 @@ protected:
 
 private:
     void Close();
+    void Want(const QString& text, bool isBackward);
 
+    FindText& m_finding;
+    bool m_isSearching = false; ///< somebody may still say what was found
     QLineEdit* m_text;
     QLabel* m_matches;
 };

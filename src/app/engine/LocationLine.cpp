@@ -41,7 +41,7 @@ void LocationLine::Show(const QUrl& url, const QString& built, bool asksForPassw
         // The private scheme says nothing to anybody; a page of the folder is known by its name.
         const bool isOfTheFolder = PortalAddress::IsPage(url);
         m_address = {Safety::Own, {}, {}, isOfTheFolder ? FromQt(url.fileName()) : std::string()};
-        isAnother = !isOfTheFolder && !PortalAddress::IsHelp(url);
+        isAnother = !isOfTheFolder && !PortalAddress::IsOwn(url);
     }
     m_built = isAnother ? LineStart(built) : QString();
     m_asksForPassword = asksForPassword;

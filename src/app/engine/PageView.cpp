@@ -25,9 +25,12 @@ PageView::PageView(PanePage& page, FindBar& findBar, QWidget* parent)
 }
 
 void PageView::Find(FindBar& bar, const QString& text, bool isBackward) {
+    const int search = ++m_searches;
     page()->findText(text, isBackward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
-                     [bar = QPointer(&bar)](const QWebEngineFindTextResult& result) {
-                         if (bar)
+                     [view = QPointer(this), bar = QPointer(&bar),
+                      search](const QWebEngineFindTextResult& result) {
+                         // One that another overtook has found nothing.
+                         if (view && bar && search == view->m_searches)
                              bar->ShowMatch(result.activeMatch(), result.numberOfMatches());
                      });
 }

@@ -27,6 +27,7 @@ private:
     void ShowMenu(QPoint position);
 
     UserInput* m_input;
+    int m_searches = 0;
 };
 
 } // namespace tallowmere

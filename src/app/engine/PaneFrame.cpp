@@ -10,10 +10,13 @@
 #include "app/engine/PaneNotice.h"
 #include "app/engine/PasswordLookout.h"
 #include "app/engine/SiteZooms.h"
+#include "app/engine/SourcePages.h"
 #include "app/engine/UserInput.h"
 #include "core/pages/site_zoom.h"
+#include "core/pages/source_page.h"
 
 #include <QPageLayout>
+#include <QPointer>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWebEngineDownloadRequest>
@@ -34,10 +37,10 @@ constexpr double kSameFactor = 0.001; // the engine reckons in levels
 
 } // namespace
 
-PaneFrame::PaneFrame(SiteZooms& zooms, QWidget* parent)
-    : QWidget(parent), m_notice(new PaneNotice(this)), m_findBar(new FindBar(this)),
+PaneFrame::PaneFrame(SiteZooms& zooms, SourcePages& sources, FindText& finding, QWidget* parent)
+    : QWidget(parent), m_notice(new PaneNotice(this)), m_findBar(new FindBar(finding, this)),
       m_passwords(new PasswordLookout(this)), m_question(new PageQuestion(this)), m_zooms(zooms),
-      m_location(new LocationLine(this)) {
+      m_sources(sources), m_location(new LocationLine(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -96,8 +99,7 @@ void PaneFrame::HideView() {
 
 void PaneFrame::ShowPlace(const QUrl& url, const QString& built) {
     UseZoomOf(url);
-    m_isLocated =
-        m_hasLocation && IsPageShown() && !url.isEmpty() && url != QUrl(u"about:blank"_s);
+    m_isLocated = m_hasLocation && IsPageShown() && !url.isEmpty() && url != QUrl(u"about:blank"_s);
     m_location->setVisible(m_isLocated && !m_isFilling);
     if (m_isLocated)
         m_location->Show(url, built, m_passwords->IsAskedBy(url));
@@ -131,6 +133,20 @@ void PaneFrame::SaveTo(const QString& path, SavedForm form) const {
                                        : QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
 }
 
+void PaneFrame::KeepSource(const QString& address,
+                           std::function<void(const QString&)> receive) const {
+    if (!HasPage())
+        return;
+    m_view->page()->toHtml([guard = QPointer(this), address,
+                            receive = std::move(receive)](const QString& source) {
+        if (guard)
+            receive(
+                guard->m_sources
+                    .Keep(QByteArray::fromStdString(SourcePage(FromQt(address), FromQt(source))))
+                    .toString());
+    });
+}
+
 void PaneFrame::FocusPage() {
     if (m_view && IsPageShown())
         m_view->setFocus();
@@ -138,7 +154,8 @@ void PaneFrame::FocusPage() {
         m_notice->setFocus();
 }
 
-// The engine has made sure that the user has just done something on the page.
+// The engine makes sure that the user has just done something on the page; what was done before the
+// page filled the screen last does not count again.
 void PaneFrame::OnFill(QWebEngineFullScreenRequest request) {
     if (!request.toggleOn()) {
         request.accept();
@@ -146,7 +163,7 @@ void PaneFrame::OnFill(QWebEngineFullScreenRequest request) {
         return;
     }
     bool isGranted = false;
-    if (m_hasLocation && IsPageShown())
+    if (m_hasLocation && IsPageShown() && m_view->Input().IsFresh())
         Q_EMIT FillWanted(WebAccess::AsBuilt(request.origin()).host(), &isGranted);
     if (!isGranted) {
         request.reject();
@@ -161,6 +178,7 @@ void PaneFrame::EndFill() {
     if (!std::exchange(m_isFilling, false))
         return;
     m_location->setVisible(m_isLocated);
+    m_view->Input().Consume();
     m_view->triggerPageAction(QWebEnginePage::ExitFullScreen);
     Q_EMIT FillOver();
 }
@@ -172,6 +190,11 @@ bool PaneFrame::IsFinding() const {
 void PaneFrame::Find() {
     if (m_view && IsPageShown())
         m_findBar->Open();
+}
+
+void PaneFrame::FindOn(bool isBackward) {
+    if (m_view && IsPageShown())
+        m_findBar->FindOn(isBackward);
 }
 
 void PaneFrame::ZoomIn() {

@@ -15,20 +15,23 @@ class QWebEngineFullScreenRequest;
 namespace tallowmere {
 
 class FindBar;
+class FindText;
 class LocationLine;
 class PageQuestion;
 class PageView;
 class PaneNotice;
 class PasswordLookout;
 class SiteZooms;
+class SourcePages;
 
 /// What a pane is made of: the view of its page or what is told in its place, the bar for searching
 /// it, the line that says where it is, and the sheet on which the page speaks.
 class PaneFrame : public QWidget {
     Q_OBJECT
 public:
-    /// `zooms` knows how large the pages of each site are shown.
-    PaneFrame(SiteZooms& zooms, QWidget* parent);
+    /// What all panes share: `zooms` knows how large the pages of each site are shown, `sources`
+    /// keeps the sources that are, and `finding` is the text to search for.
+    PaneFrame(SiteZooms& zooms, SourcePages& sources, FindText& finding, QWidget* parent);
 
     /// Leaves out the line that says where the pane is; for a strip without room for it.
     /// Without it no page of the strip asks anything either: there is no room for that.
@@ -52,6 +55,10 @@ public:
     /// Saves that page with what it consists of; the profile tells what came of it.
     void SaveTo(const QString& path, SavedForm form) const;
 
+    /// Keeps the source of that page, under the name `address`, as a page that panes can show, and
+    /// gives the address of it. `receive` is called later, and not when there is no page.
+    void KeepSource(const QString& address, std::function<void(const QString&)> receive) const;
+
     /// Gives the keys to the page.
     void FocusPage();
     /// Ends that the page fills the screen.
@@ -60,6 +67,10 @@ public:
     bool IsFinding() const;
     /// Opens the search bar.
     void Find();
+    /// Searches on for the text that was searched for last, in whichever pane; opens the bar when
+    /// there is none.
+    void FindNext() { FindOn(false); }
+    void FindPrevious() { FindOn(true); }
     /// Shows the page, and all others of its site, larger or smaller from now on.
     void ZoomIn();
     void ZoomOut();
@@ -89,6 +100,7 @@ protected:
     PageQuestion* m_question;
 
 private:
+    void FindOn(bool isBackward);
     void OnFill(QWebEngineFullScreenRequest request);
     void UseZoomOf(const QUrl& page);
     void ReadZoom();
@@ -96,11 +108,12 @@ private:
     void TurnZoom(int angle);
 
     SiteZooms& m_zooms;
+    SourcePages& m_sources;
     LocationLine* m_location;
     bool m_hasLocation = true;
     bool m_isLocated = false; ///< there is something to say in that line
     bool m_isFilling = false; ///< the page fills the screen
-    std::string m_site; ///< of the page, empty for none
+    std::string m_site;       ///< of the page, empty for none
     PageZoom m_zoom;
     int m_angle = 0; ///< of the wheel, less than a step
 };

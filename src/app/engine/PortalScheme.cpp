@@ -2,6 +2,7 @@
 
 #include "app/base/PortalAddress.h"
 #include "app/base/WebAccess.h"
+#include "app/engine/SourcePages.h"
 #include "core/pages/page_policy.h"
 #include "core/pages/page_scheme.h"
 #include "core/portal/generated_pages.h"
@@ -70,9 +71,10 @@ std::optional<QUrl> AddressBehind(const QUrl& page) {
 
 } // namespace
 
-PortalScheme::PortalScheme(const WebAccess& access, QString programFolder, QObject* parent)
+PortalScheme::PortalScheme(const WebAccess& access, QString programFolder,
+                           const SourcePages& sources, QObject* parent)
     : QWebEngineUrlSchemeHandler(parent), m_access(access),
-      m_programFolder(std::move(programFolder)) {}
+      m_programFolder(std::move(programFolder)), m_sources(sources) {}
 
 void PortalScheme::Register() {
     QWebEngineUrlScheme scheme(PortalAddress::Scheme().toLatin1());
@@ -85,6 +87,8 @@ void PortalScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
     if (PortalAddress::IsPage(url)) {
         AnswerPage(job);
+    } else if (PortalAddress::IsSource(url)) {
+        AnswerSource(job);
     } else if (url.host() == PortalAddress::HelpHost()) {
         AnswerHelp(job);
     } else {
@@ -122,6 +126,16 @@ void PortalScheme::AnswerHelp(QWebEngineUrlRequestJob* job) const {
         content = QByteArray::fromStdString(WithScheme(
             WithShortcuts(content.toStdString(), m_access.Shortcuts()), m_access.Scheme()));
     Reply(job, types.value(match.captured(1)), content);
+}
+
+void PortalScheme::AnswerSource(QWebEngineUrlRequestJob* job) const {
+    // It may hold what a site shows to nobody but the user.
+    const QByteArray page = m_sources.At(job->requestUrl());
+    if (page.isNull() || !job->initiator().isEmpty())
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    else
+        Reply(job, "text/html; charset=utf-8",
+              Governed(page.toStdString(), PolicyOfText(), m_access.Scheme()));
 }
 
 void PortalScheme::AnswerPage(QWebEngineUrlRequestJob* job) const {

@@ -7,6 +7,7 @@
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PagePrinting.h"
+#include "app/links/PageSource.h"
 #include "app/links/PaneDeck.h"
 #include "app/links/PaneTabs.h"
 #include "app/links/SeparateBrowser.h"
@@ -31,6 +32,7 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       printing(new PagePrinting(form, prompts, clock, *panes)) {
     tabs = new PaneTabs(form, *panes);
     new HistoryMenus(form, *panes, *panel);
+    new PageSource(form, *panes, *tabs);
     fullScreen = new FullScreen(form, settings, *panes);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
     QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {

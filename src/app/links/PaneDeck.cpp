@@ -33,6 +33,8 @@ PaneDeck::PaneDeck(frmMain& form, RecordingState& recording, const SiteTable& si
         connect(action, &QAction::triggered, this, [this, method] { (Front()->*method)(); });
     };
     front(form.menus->findInPage, &BrowserPane::Find);
+    front(form.menus->At("findNext"), &BrowserPane::FindNext);
+    front(form.menus->At("findPrevious"), &BrowserPane::FindPrevious);
     front(form.menus->zoomIn, &BrowserPane::ZoomIn);
     front(form.menus->zoomOut, &BrowserPane::ZoomOut);
     front(form.menus->zoomReset, &BrowserPane::ZoomReset);

@@ -1,5 +1,6 @@
 #include "app/links/PaneTabs.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/TabRow.h"
 #include "app/forms/frmMain.h"
@@ -115,9 +116,26 @@ QString PaneTabs::CaptionOf(const BrowserPane* pane) const {
 QList<TabPage> PaneTabs::Pages() const {
     QList<TabPage> pages;
     for (const BrowserPane* pane : m_form.FurtherPanes())
-        if (const TabPage page = PageOf(pane); !page.address.isEmpty())
-            pages << page;
+        if (IsKept(pane))
+            pages << PageOf(pane);
     return pages;
+}
+
+// Sources lie in memory.
+bool PaneTabs::IsKept(const BrowserPane* pane) const {
+    const QString address = PageOf(pane).address;
+    return !address.isEmpty() && !PortalAddress::IsSource(QUrl(address));
+}
+
+int PaneTabs::KeptFrontIndex() const {
+    int index = 0;
+    for (BrowserPane* pane : Row()) {
+        const bool isInRow = !m_form.FurtherPanes().contains(pane) || IsKept(pane);
+        if (pane == m_deck.Front())
+            return isInRow ? index : 0;
+        index += isInRow ? 1 : 0;
+    }
+    return 0;
 }
 
 TabPage PaneTabs::PageOf(const BrowserPane* pane) const {

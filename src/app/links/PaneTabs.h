@@ -39,8 +39,12 @@ public:
 
     /// What a pane shows, or will show.
     TabPage PageOf(const BrowserPane* pane) const;
-    /// The same of the further panes that hold something, in their order.
+    /// The same of the further panes that hold something that can be loaded at the next start, in
+    /// their order.
     QList<TabPage> Pages() const;
+    /// Which tab is in front of a row of `Web`, `WebB` and those; the first when it is none of
+    /// them.
+    int KeptFrontIndex() const;
     /// Which tab of the row is in front.
     int FrontIndex() const;
 
@@ -48,6 +52,7 @@ public:
 
 private:
     BrowserPane* Add();
+    bool IsKept(const BrowserPane* pane) const;
     void Close(BrowserPane* pane);
     QList<BrowserPane*> Row() const;
     QString CaptionOf(const BrowserPane* pane) const;

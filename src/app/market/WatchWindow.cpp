@@ -67,6 +67,8 @@ void ConnectPageCommands(const WindowCommands& commands, BrowserPane& pane) {
     };
     connectTo("link0", &BrowserPane::Refresh);
     connectTo("findInPage", &BrowserPane::Find);
+    connectTo("findNext", &BrowserPane::FindNext);
+    connectTo("findPrevious", &BrowserPane::FindPrevious);
     connectTo("zoomIn", &BrowserPane::ZoomIn);
     connectTo("zoomOut", &BrowserPane::ZoomOut);
     connectTo("zoomReset", &BrowserPane::ZoomReset);

@@ -41,7 +41,7 @@ void KeptSession::Save() {
     KeptPages pages;
     pages.first = FromQt(m_tabs.PageOf(m_form.Web).address);
     pages.second = FromQt(m_tabs.PageOf(m_form.WebB).address);
-    pages.front = m_tabs.FrontIndex();
+    pages.front = m_tabs.KeptFrontIndex();
     for (const TabPage& page : m_tabs.Pages())
         pages.tabs.push_back({FromQt(page.address), FromQt(page.caption)});
     pages.watches = m_watches.Kept();

@@ -35,6 +35,10 @@ std::string PolicyOfMade(std::string_view scriptHash) {
     return policy.append(kNoForms);
 }
 
+std::string PolicyOfText() {
+    return std::string(kBase).append(kNoForms);
+}
+
 // Behind a document type, which counts only in front of all else.
 std::string WithHead(std::string_view page, std::string_view elements) {
     std::size_t at = page.starts_with("\xEF\xBB\xBF") ? 3 : 0;

@@ -14,6 +14,9 @@ std::string PolicyOfGenerated(std::string_view name);
 /// scripts the one of this hash (SHA-256 in Base64); none when it is empty.
 std::string PolicyOfMade(std::string_view scriptHash);
 
+/// The policy of a page that is nothing but text.
+std::string PolicyOfText();
+
 /// The page with more elements of a head in it, in front of everything that they could govern. The
 /// text of the page itself stays as it is, and so does whether it is laid out by old rules.
 std::string WithHead(std::string_view page, std::string_view elements);

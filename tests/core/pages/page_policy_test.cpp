@@ -43,6 +43,12 @@ TEST(ThePolicyOfAPage, AllowsOfAllScriptsOurOwn) {
     EXPECT_THAT(PolicyOfMade("abc="), Not(HasSubstr("script-src 'unsafe-inline'")));
 }
 
+TEST(ThePolicyOfAPage, AllowsTextNothing) {
+    EXPECT_THAT(PolicyOfText(), HasSubstr("default-src 'none'"));
+    for (const char* source : {"script-src", "img-src", "frame-src"})
+        EXPECT_THAT(PolicyOfText(), Not(HasSubstr(source)));
+}
+
 struct PlaceCase {
     std::string_view page;
     std::string_view before; ///< what stands in front of the policy
