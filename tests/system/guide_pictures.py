@@ -113,6 +113,7 @@ class Pictures:
         driver.press("Escape")
 
         self.program_find()
+        self.finder()
         self.dialogs()
         self.files()
         self.generated()
@@ -181,6 +182,17 @@ class Pictures:
         left, top, width, height = self.window.extents
         self.take("find", left + 215, top + height - 470, 640, 420)
         driver.press("Escape")
+
+    def finder(self):
+        self.press("ctrl+k")
+        box = self.window.find(name="Find anything", role="text")
+        driver.wait_for(lambda: box.focused, "the focus on the line")
+        driver.type_text("msft zacks")
+        driver.wait_for(lambda: any(row.name == "Link: MSFT: Zacks - ZACKS Research"
+                                    for row in self.window.find_all(role="list item")), "the link")
+        self.take_widget("finder", self.window.find(name="Find Anything"), around=6)
+        driver.press("Escape")
+        driver.wait_for(lambda: not box.showing, "the box to close")
 
     def dialogs(self):
         self.press("ctrl+l")

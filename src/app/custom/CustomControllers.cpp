@@ -2,6 +2,7 @@
 
 #include "app/custom/CustomEditor.h"
 #include "app/custom/CustomMenu.h"
+#include "app/custom/FinderOwnLinks.h"
 #include "app/custom/MultiLinks.h"
 #include "app/custom/PageCells.h"
 #include "app/custom/RecordingGuide.h"
@@ -29,6 +30,11 @@ CustomControllers::CustomControllers(frmMain& form, SettingsStore& settings, Und
     };
     watch(*form.Web);
     QObject::connect(links.panes, &PaneDeck::Adopted, multiLinks, watch);
+    makeFinderSources = [&form, &settings, panel = links.panel](const WebAccess& access) {
+        FinderSources made;
+        made.push_back(std::make_unique<FinderOwnLinks>(form, settings, access, *panel));
+        return made;
+    };
 }
 
 void ForgetCustomLinks(frmMain& form) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/base/FinderSource.h"
+
 #include <filesystem>
 
 namespace tallowmere {
@@ -26,6 +28,7 @@ struct CustomControllers {
     CustomEditor* editor;
     CustomMenu* menu;
     MultiLinks* multiLinks;
+    MakeFinderSources makeFinderSources;
 };
 
 /// Leaves no title and no colour of the user's own links on their labels, until they are shown

@@ -106,7 +106,7 @@ void MultiLinks::Finish() {
         StorePage(page);
     } else if (Contains(page, kFrame)) {
         m_shown = {};
-        Show(page);
+        Show(page, m_dispatch.CurrentForms().value_or(PlaceholderForms()));
     }
 }
 
@@ -135,7 +135,7 @@ void MultiLinks::StorePage(std::string page) {
         {*name});
 }
 
-void MultiLinks::ShowStored(int slot) {
+void MultiLinks::ShowStored(int slot, const TickerForms& forms) {
     const auto name = StoredPageName(LoadCustomLink(m_settings, slot).address);
     if (!name)
         return;
@@ -143,7 +143,7 @@ void MultiLinks::ShowStored(int slot) {
     if (page.empty())
         return;
     m_shown = {slot, LoadColumns(m_settings, slot)};
-    Show(page);
+    Show(page, forms);
 }
 
 void MultiLinks::KeepLayout(const ShownMultiLink& shown) {
@@ -154,9 +154,8 @@ void MultiLinks::KeepLayout(const ShownMultiLink& shown) {
 }
 
 // A chart page lies in the program folder for one ticker at a time, so one that was recorded is
-// made anew. Without a ticker a page keeps its placeholders.
-void MultiLinks::Show(std::string_view page) {
-    const TickerForms forms = m_dispatch.CurrentForms().value_or(PlaceholderForms());
+// made anew.
+void MultiLinks::Show(std::string_view page, const TickerForms& forms) {
     for (const auto& [file, makePage] :
          {std::pair{kSmallChartsFile, &SmallChartsPage}, {kLargeChartsFile, &LargeChartsPage}}) {
         const std::filesystem::path path = m_programFolder / file;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/links/address.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -59,8 +61,8 @@ private:
     void Blink();
     void RestoreColors();
     void StorePage(std::string page);
-    void ShowStored(int slot);
-    void Show(std::string_view page);
+    void ShowStored(int slot, const TickerForms& forms);
+    void Show(std::string_view page, const TickerForms& forms);
 
     frmMain& m_form;
     SettingsStore& m_settings;

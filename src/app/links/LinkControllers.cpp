@@ -2,6 +2,8 @@
 
 #include "app/base/Transfers.h"
 #include "app/forms/frmMain.h"
+#include "app/links/FinderHistory.h"
+#include "app/links/FinderLinks.h"
 #include "app/links/FullScreen.h"
 #include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
@@ -31,6 +33,13 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       navigate(new SmartNavigate(form, settings, *panes)),
       printing(new PagePrinting(form, prompts, clock, *panes)) {
     tabs = new PaneTabs(form, *panes);
+    makeFinderSources = [&form, &sites, &menus, &clock, this](const WebAccess& access) {
+        FinderSources made;
+        made.push_back(std::make_unique<FinderLinks>(form, sites, menus, access, clock, *dispatch,
+                                                     *panel, *popups));
+        made.push_back(std::make_unique<FinderHistory>(form, *panes));
+        return made;
+    };
     new HistoryMenus(form, *panes, *panel);
     new PageSource(form, *panes, *tabs);
     fullScreen = new FullScreen(form, settings, *panes);

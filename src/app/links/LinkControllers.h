@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/FinderSource.h"
 #include "app/links/Accounts.h"
 #include "app/links/RecordingState.h"
 
@@ -47,6 +48,7 @@ struct LinkControllers {
     ServerLists* lists;
     SmartNavigate* navigate;
     PagePrinting* printing;
+    MakeFinderSources makeFinderSources;
 };
 
 } // namespace tallowmere

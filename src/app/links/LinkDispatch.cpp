@@ -59,15 +59,17 @@ LinkDispatch::LinkDispatch(frmMain& form, const RecordingState& recording, const
       m_settings(settings), m_sites(sites), m_prompts(prompts), m_clock(clock), m_panes(panes),
       m_transfers(transfers) {}
 
-std::optional<TickerForms> LinkDispatch::CurrentForms() const {
+std::optional<TickerForms> LinkDispatch::FormsFor(const QString& ticker) const {
     if (m_recording.templateMode)
         return PlaceholderForms();
+    if (!ticker.isEmpty())
+        return FormsOf(FromQt(ticker));
     if (m_form.List1->ListIndex() < 0)
         return std::nullopt;
     return FormsOf(FromQt(m_form.List1->SelectedText()));
 }
 
-void LinkDispatch::Click(int index) {
+void LinkDispatch::ClickFor(int index, const QString& ticker) {
     const LinkRow& row = Catalogue()[static_cast<std::size_t>(index)];
     const bool hourglass = ShowsHourglass(row.action);
     if (hourglass)
@@ -79,11 +81,11 @@ void LinkDispatch::Click(int index) {
     if (row.action != LinkAction::Wizard && !IsTab(m_panes.Next()) && m_form.Web->Busy())
         m_form.Web->Stop();
 
+    const std::optional<TickerForms> forms = FormsFor(ticker);
     if (IsCustomSlot(index)) {
-        RunCustom(index);
+        RunCustom(index, forms);
         return;
     }
-    const std::optional<TickerForms> forms = CurrentForms();
     if (!forms && NeedsTicker(row)) {
         AskForTicker(u"Select a Ticker"_s);
         return;
@@ -275,7 +277,7 @@ void LinkDispatch::StartWatch() {
     Q_EMIT WatchRequested(m_lastTicker + u"|"_s + m_lastAddress);
 }
 
-void LinkDispatch::RunCustom(int index) {
+void LinkDispatch::RunCustom(int index, const std::optional<TickerForms>& forms) {
     if (m_form.lbllink.at(static_cast<std::size_t>(index))->Caption() ==
         ToQt(kEmptyCustomCaption)) {
         Q_EMIT EditorRequested(index);
@@ -284,7 +286,6 @@ void LinkDispatch::RunCustom(int index) {
     const std::string address =
         m_settings.GetSetting("Settings", "Custom" + std::to_string(index), "");
     const bool multiLink = IsMultiLink(address);
-    const std::optional<TickerForms> forms = CurrentForms();
     if ((multiLink || HoldsPlaceholder(address)) && !forms) {
         AskForTicker(u"Select a Ticker..."_s);
         return;
@@ -292,7 +293,7 @@ void LinkDispatch::RunCustom(int index) {
     if (forms)
         Remember(Catalogue()[static_cast<std::size_t>(index)]);
     if (multiLink)
-        Q_EMIT MultiLinkRequested(index);
+        Q_EMIT MultiLinkRequested(index, *forms);
     else if (HoldsPlaceholder(address))
         m_panes.Navigate(ToQt(ExpandPlaceholders(address, *forms)));
     else

@@ -30,14 +30,20 @@ public:
     static constexpr int kDefaultLink = 185;
 
     /// Runs the click of link `index`.
-    void Click(int index);
+    void Click(int index) { ClickFor(index, {}); }
+
+    /// The same for a ticker, whichever is selected; for the selected one when it is empty.
+    void ClickFor(int index, const QString& ticker);
 
     /// The index of the ticker link that was used last; of the default one when none was yet.
     int LastLink() const { return m_lastLink == 0 ? kDefaultLink : m_lastLink; }
 
     /// The forms in which addresses take the selected ticker, or the placeholder words while a
     /// multi-link is recorded; none without a selected ticker.
-    std::optional<TickerForms> CurrentForms() const;
+    std::optional<TickerForms> CurrentForms() const { return FormsFor({}); }
+
+    /// The same for a ticker instead of the selected one, unless it is empty.
+    std::optional<TickerForms> FormsFor(const QString& ticker) const;
 
 Q_SIGNALS:
     void MenuRequested(const QString& menu);
@@ -45,8 +51,8 @@ Q_SIGNALS:
     void LastLinkChanged();
     void PortfolioMenuRequested();
     void RecordingToggled();
-    /// One of the user's own links that is a multi-link was clicked, and a ticker is selected.
-    void MultiLinkRequested(int slot);
+    /// One of the user's own links that is a multi-link was clicked, for a ticker.
+    void MultiLinkRequested(int slot, const TickerForms& forms);
     void WatchRequested(const QString& target);
     void RemindersRequested();
     void SetupRequested();
@@ -59,7 +65,7 @@ Q_SIGNALS:
 private:
     void Run(const LinkRow& row, const TickerForms& forms);
     void RunPageTool(const LinkRow& row);
-    void RunCustom(int index);
+    void RunCustom(int index, const std::optional<TickerForms>& forms);
     void LoadRow(const LinkRow& row, const TickerForms& forms);
     void LoadGated(const LinkRow& row, const TickerForms& forms);
     /// Loads a page and waits for it; false when the user, or the window, went on meanwhile.

@@ -182,6 +182,19 @@ void LinkPanel::OpenTarget(PagePlace place) {
         m_panes.OpenNext(PagePlace::Pane);
 }
 
+void LinkPanel::Open(int index, PagePlace place, const QString& ticker) {
+    Chip* link = m_form.lbllink.at(static_cast<std::size_t>(index));
+    if (!link->isEnabled())
+        return;
+    // A menu pops up below the link that has the focus.
+    if (ActionOf(link) == LinkAction::Menu || ActionOf(link) == LinkAction::QueryPortfolio)
+        link->setFocus();
+    m_panes.OpenNext(CanOpenOutside(link) ? place : PagePlace::Pane);
+    m_dispatch.ClickFor(index, ticker);
+    if (!QApplication::activePopupWidget())
+        m_panes.OpenNext(PagePlace::Pane);
+}
+
 void LinkPanel::Hold(bool held) {
     Q_EMIT Held(held);
     if (!held)

@@ -42,6 +42,10 @@ public:
     /// none yet.
     Chip* Target() const { return m_target; }
 
+    /// Does what a click on link `index` does, its page in a place of its own, for a ticker instead
+    /// of the selected one unless that is empty. Does nothing for a link that cannot be clicked.
+    void Open(int index, PagePlace place, const QString& ticker);
+
     /// Opens one page of `site` for all tickers of the list.
     void SendAll(const QString& site);
 

@@ -115,13 +115,19 @@ void SitePopups::PopUp(const QString& name) {
     menu->Select(0);
 }
 
-void SitePopups::Choose(const QString& array, int index) {
+void SitePopups::Open(const QString& array, int index, PagePlace place, const QString& ticker) {
+    m_panes.OpenNext(place);
+    ChooseFor(array, index, ticker);
+    m_panes.OpenNext(PagePlace::Pane);
+}
+
+void SitePopups::ChooseFor(const QString& array, int index, const QString& named) {
     const SiteMenuItem* item = FindSiteMenuItem(FromQt(array), index);
     if (!item)
         return;
     std::string ticker;
     if (item->kind == MenuItemKind::Ticker) {
-        const auto forms = m_dispatch.CurrentForms();
+        const auto forms = m_dispatch.FormsFor(named);
         if (!forms) {
             m_prompts.Message(u"Select a Ticker"_s, MessageTitle());
             return;

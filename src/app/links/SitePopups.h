@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/links/menu_table.h"
+#include "core/links/page_place.h"
 
 #include <QHash>
 #include <QObject>
@@ -32,7 +33,11 @@ public:
     void PopUp(const QString& name);
 
     /// Loads the page of an item ("mnuBChart", 16).
-    void Choose(const QString& array, int index);
+    void Choose(const QString& array, int index) { ChooseFor(array, index, {}); }
+
+    /// The same in a place of its own, for a ticker instead of the selected one unless that is
+    /// empty.
+    void Open(const QString& array, int index, PagePlace place, const QString& ticker);
 
 Q_SIGNALS:
     /// A menu is open, or no longer so.
@@ -41,6 +46,7 @@ Q_SIGNALS:
     void RunTimeArrayBuilt(const QString& array, QMenu* menu);
 
 private:
+    void ChooseFor(const QString& array, int index, const QString& ticker);
     SearchMenu* Build(std::string_view name);
     SearchMenu* NewMenu(const QString& name, std::string_view caption);
     void AddArray(QMenu* menu, std::string_view array);

@@ -4,6 +4,7 @@
 #include "app/links/LinkControllers.h"
 #include "app/links/LinkDispatch.h"
 #include "app/portfolio/CsvCommands.h"
+#include "app/portfolio/FinderPortfolios.h"
 #include "app/portfolio/PortfolioCommands.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/QuoteMenus.h"
@@ -34,6 +35,13 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
     QObject::connect(portfolios, &Portfolios::Selected, marks, &TickerMarks::Refresh);
     QObject::connect(links.dispatch, &LinkDispatch::PortfolioMenuRequested, menus,
                      &QuoteMenus::PopUp);
+    makeFinderSources = [&form, programFolder, dispatch = links.dispatch, panel = links.panel,
+                         this](const WebAccess&) {
+        FinderSources made;
+        made.push_back(std::make_unique<FinderPortfolios>(form, programFolder, *portfolios,
+                                                          *tickers, *dispatch, *panel));
+        return made;
+    };
 }
 
 } // namespace tallowmere

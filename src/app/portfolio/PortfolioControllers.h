@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/base/FinderSource.h"
+
 #include <filesystem>
 
 namespace tallowmere {
@@ -33,6 +35,7 @@ struct PortfolioControllers {
     QuotePage* quotes;
     Reports* reports;
     TickerImport* import;
+    MakeFinderSources makeFinderSources;
 };
 
 } // namespace tallowmere

@@ -13,6 +13,8 @@
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerMarks.h"
+#include "app/shell/Finder.h"
+#include "app/shell/FinderCommands.h"
 #include "app/shell/KeptSession.h"
 #include "app/shell/SessionSetup.h"
 #include "app/shell/UndoCommands.h"
@@ -39,7 +41,10 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
       undo(new UndoCommands(form, undoRecorder, setup.prompts, *links.panes)),
       backup(form, settings, undoRecorder, setup.prompts, setup.clock, setup.folders.Stores(),
              *links.panes),
-      kept(new KeptSession(form, settings, *links.tabs, *market.watches)) {
+      kept(new KeptSession(form, settings, *links.tabs, *market.watches)),
+      finder(new Finder(form, setup.clock, setup.folders.programFolder, *links.panes, *links.panel,
+                        *links.dispatch, *portfolio.portfolios,
+                        [this, &form, &web] { return AllFinderSources(form, web); })) {
     QObject::connect(&profile, &EngineProfile::MailWanted, links.outside,
                      &SeparateBrowser::WriteMail);
     QObject::connect(&profile.Downloads(), &DownloadList::Status, links.panes,
@@ -64,6 +69,20 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
     });
     QObject::connect(tools.setup, &Setup::TickerSwitched, market.ticker, &TickerStrip::Switch);
     QObject::connect(tools.setup, &Setup::EdgesSwitched, market.edges, &ActiveEdges::Switch);
+}
+
+// Those of a kind are shown in this order.
+FinderSources Subsystems::AllFinderSources(frmMain& form, const WebAccess& web) const {
+    FinderSources all;
+    const auto add = [&all](FinderSources made) {
+        std::move(made.begin(), made.end(), std::back_inserter(all));
+    };
+    add(links.makeFinderSources(web));
+    add(custom.makeFinderSources(web));
+    all.push_back(std::make_unique<FinderCommands>(form));
+    add(portfolio.makeFinderSources(web));
+    add(tools.makeFinderSources(web));
+    return all;
 }
 
 } // namespace tallowmere

@@ -11,6 +11,7 @@
 namespace tallowmere {
 
 class EngineProfile;
+class Finder;
 class KeptSession;
 class UndoCommands;
 class UndoRecorder;
@@ -34,6 +35,10 @@ struct Subsystems {
     UndoCommands* undo;
     BackupControllers backup;
     KeptSession* kept;
+    Finder* finder;
+
+private:
+    FinderSources AllFinderSources(frmMain& form, const WebAccess& web) const;
 };
 
 } // namespace tallowmere

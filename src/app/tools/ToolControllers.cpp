@@ -10,6 +10,7 @@
 #include "app/tools/DailyReminders.h"
 #include "app/tools/DownloadWindow.h"
 #include "app/tools/EngineNotice.h"
+#include "app/tools/FinderGuide.h"
 #include "app/tools/Help.h"
 #include "app/tools/ReminderWatch.h"
 #include "app/tools/Setup.h"
@@ -37,6 +38,11 @@ ToolControllers::ToolControllers(frmMain& form, SettingsStore& settings, UndoRec
     QObject::connect(setup, &Setup::Closed, colors, &ColorConfig::Apply);
     QObject::connect(setup, &Setup::HelpRequested, help, &Help::Open);
     QObject::connect(setup, &Setup::ReportRequested, help, &Help::Report);
+    makeFinderSources = [panes = links.panes](const WebAccess& access) {
+        FinderSources made;
+        made.push_back(std::make_unique<FinderGuide>(access, *panes));
+        return made;
+    };
 }
 
 } // namespace tallowmere

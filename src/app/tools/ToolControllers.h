@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/base/FinderSource.h"
+
 #include <filesystem>
 
 namespace tallowmere {
@@ -37,6 +39,7 @@ struct ToolControllers {
     EngineNotice* engine;
     Setup* setup;
     ShortcutEditor* shortcuts;
+    MakeFinderSources makeFinderSources;
 };
 
 } // namespace tallowmere

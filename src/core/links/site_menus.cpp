@@ -135,6 +135,27 @@ const SiteMenuItem* FindSiteMenuItem(std::string_view array, int index) {
     return nullptr;
 }
 
+int LinkOfArray(std::string_view array) {
+    const SiteMenuArray* row = FindArray(array);
+    if (row == nullptr)
+        return kNoLink;
+    if (row->menu.empty()) {
+        const auto all = SiteMenuItems();
+        const auto heading = std::find_if(all.begin(), all.end(), [&](const SiteMenuItem& item) {
+            return item.kind == MenuItemKind::Heading && item.target == array;
+        });
+        return heading == all.end() ? kNoLink : LinkOfArray(heading->array);
+    }
+    std::string_view name = row->menu;
+    for (;;) {
+        const auto menu = std::find_if(kMenus.begin(), kMenus.end(),
+                                       [&](const SiteMenu& entry) { return entry.name == name; });
+        if (menu == kMenus.end() || menu->parent.empty())
+            return menu == kMenus.end() ? kNoLink : menu->link;
+        name = menu->parent;
+    }
+}
+
 std::string SiteMenuAddress(std::string_view array, int index, std::string_view lowerTicker,
                             const SiteHosts& sites, const MenuTable& menus) {
     const SiteMenuItem* item = FindSiteMenuItem(array, index);

@@ -61,6 +61,9 @@ std::span<const SiteMenuItem> SiteMenuItems(std::string_view array);
 /// One item, null when there is none.
 const SiteMenuItem* FindSiteMenuItem(std::string_view array, int index);
 
+/// The index of the research link whose menu leads to an array, or kNoLink for an unknown name.
+int LinkOfArray(std::string_view array);
+
 /// The address that an item loads; empty for one that loads nothing. `lowerTicker` is the
 /// lower-cased ticker, or the placeholder word that stands for it.
 std::string SiteMenuAddress(std::string_view array, int index, std::string_view lowerTicker,

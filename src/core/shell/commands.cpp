@@ -94,6 +94,7 @@ constexpr CommandRow kCommands[] = {
     {"textSizeSmall",     "&Small",                    TextSize,  1, Checkable, kMain,    kNoLink, "",                     "smaller texts"},
     {"textSizeNormal",    "&Normal",                   TextSize,  1, Checkable, kMain,    kNoLink, "",                     "texts as the system has them"},
     {"textSizeLarge",     "&Large",                    TextSize,  1, Checkable, kMain,    kNoLink, "",                     "larger texts"},
+    {"findAnything",      "&Find Anything...",         Tools,     1, Plain,     kMain,    kNoLink, "Ctrl+K",               "find anything by typing"},
     {"link80",            "Smart &Navigate...",        Tools,     1, Plain,     kMain,    80,      "Ctrl+L",               "go to an address"},
     {"link61",            "&Watch Wizard",             Tools,     1, Plain,     kMain,    61,      "Ctrl+Shift+W",         "watch the page"},
     {"link211",           "&Multi Link",               Tools,     1, Plain,     kMain,    211,     "Ctrl+M",               "begin or end a multi-link"},

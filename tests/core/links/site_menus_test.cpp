@@ -267,6 +267,15 @@ TEST(SiteMenus, ChartsAndDataOfOneSiteShareItsHost) {
     }
 }
 
+TEST(SiteMenus, EveryArrayHasTheLinkThatLeadsToIt) {
+    for (const SiteMenuArray& array : SiteMenuArrays())
+        EXPECT_GE(LinkOfArray(array.name), 0) << array.name;
+    EXPECT_EQ(LinkOfArray("mnuBChart"), 4);
+    EXPECT_EQ(LinkOfArray("mnuBond"), 171);   // in a submenu
+    EXPECT_EQ(LinkOfArray("mnuBankin"), 180); // behind a heading
+    EXPECT_EQ(LinkOfArray("none"), kNoLink);
+}
+
 TEST(SiteMenus, EveryTickerItemTakesThePlaceholderWord) {
     int count = 0;
     for (const SiteMenuItem& item : SiteMenuItems()) {

@@ -92,6 +92,7 @@ TEST(Commands, HaveTheKeysThatPeopleExpect) {
                           {"link0", "F5"},
                           {"link80", "Ctrl+L"},
                           {"findInPage", "Ctrl+F"},
+                          {"findAnything", "Ctrl+K"},
                           {"undo", "Ctrl+Z"},
                           {"zoomIn", "Ctrl++"},
                           {"help", "F1"}})
