@@ -3,6 +3,7 @@
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
 #include "app/forms/FullScreenHint.h"
+#include "app/forms/frmFinder.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 #include "core/text/runtime_error.h"
@@ -137,8 +138,10 @@ void FullScreen::OnPointer(const QPointF& position) {
 }
 
 bool FullScreen::HasTheKeys() const {
+    const auto* finder = m_form.findChild<frmFinder*>();
+    const bool isFinding = m_deck.Front()->IsFinding() || (finder && finder->isVisible());
     return m_form.isActiveWindow() && !QApplication::activePopupWidget() &&
-           !QApplication::activeModalWidget() && !m_deck.Front()->IsFinding();
+           !QApplication::activeModalWidget() && !isFinding;
 }
 
 // Escape is seen here before any page, shortcut or box.

@@ -54,7 +54,6 @@ void FinderPortfolios::Offer(std::vector<FinderItem>& items) {
 void FinderPortfolios::OfferTickers(std::vector<FinderItem>& items) {
     m_homes.clear();
     const NoteIndex notes(ReadNotes(m_programFolder));
-    std::vector<FinderItem> noted;
     const auto offer = [&](int number, const std::vector<std::string>& tickers) {
         for (const std::string& ticker : tickers) {
             if (ticker.empty() || m_homes.contains(ToQt(ticker)))
@@ -62,21 +61,20 @@ void FinderPortfolios::OfferTickers(std::vector<FinderItem>& items) {
             m_homes.insert(ToQt(ticker), number);
             items.push_back(
                 {FinderKind::Ticker, ticker, "", std::string(kTickerKey) + ticker, {}, 0});
-            if (const std::string_view note = notes.Find(ticker); !note.empty())
-                noted.push_back({FinderKind::Note,
-                                 ticker + ": " + FirstLine(note, kNoteCharacters),
-                                 ShownLines(note),
-                                 std::string(kNoteKey) + ticker,
-                                 {},
-                                 0});
         }
     };
     offer(m_portfolios.Current(), m_portfolios.ListedTickers());
     for (int number = 1; number <= kPortfolioCount; ++number)
         if (number != m_portfolios.Current())
             offer(number, SplitTickerList(m_portfolios.StoredList(number)));
-    items.insert(items.end(), std::make_move_iterator(noted.begin()),
-                 std::make_move_iterator(noted.end()));
+    for (const std::string_view ticker : notes.Keys())
+        items.push_back(
+            {FinderKind::Note,
+             std::string(ticker) + ": " + FirstLine(notes.Find(ticker), kNoteCharacters),
+             ShownLines(notes.Find(ticker)),
+             std::string(kNoteKey).append(ticker),
+             {},
+             0});
 }
 
 QString FinderPortfolios::Detail(const FinderItem& item, const QString&) {
@@ -102,10 +100,13 @@ void FinderPortfolios::Open(const FinderItem& item, PagePlace place, const QStri
         return;
     }
     const QString ticker = TickerOf(item);
-    Select(ticker);
+    // A note may be left of a ticker that is in no list any more.
+    if (m_homes.contains(ticker))
+        Select(ticker);
     if (item.kind == FinderKind::Note) {
         m_tickers.FillTickerMenu();
-        m_tickers.EditNote();
+        const NoteIndex notes(ReadNotes(m_programFolder));
+        m_tickers.EditNoteOn(ticker, ToQt(notes.Find(FromQt(ticker))));
     } else if (place != PagePlace::Pane) {
         m_panel.Open(m_dispatch.LastLink(), place, ticker);
     }

@@ -14,7 +14,7 @@ class Portfolios;
 class TickerBox;
 class frmMain;
 
-/// Offers the portfolios, their tickers, each once, and the notes on these.
+/// Offers the portfolios, their tickers, each once, and all notes.
 class FinderPortfolios : public FinderSource {
 public:
     FinderPortfolios(frmMain& form, const std::filesystem::path& programFolder,

@@ -165,10 +165,13 @@ void TickerBox::PopUpTickerMenu(const QPoint& position) {
 }
 
 void TickerBox::EditNote() {
-    const QString ticker = m_form.List1->SelectedText();
-    const auto answer = m_prompts.InputLines(
-        u"Enter a personal note on "_s + ticker + u"\r\nClicking 'Cancel' will remove the note"_s,
-        u"Ticker Notes"_s, ToQt(ShownLines(FromQt(m_form.menus->mnuTickNotes->data().toString()))));
+    EditNoteOn(m_form.List1->SelectedText(), m_form.menus->mnuTickNotes->data().toString());
+}
+
+void TickerBox::EditNoteOn(const QString& ticker, const QString& stored) {
+    const auto answer = m_prompts.InputLines(u"Enter a personal note on "_s + ticker +
+                                                 u"\r\nClicking 'Cancel' will remove the note"_s,
+                                             u"Ticker Notes"_s, ToQt(ShownLines(FromQt(stored))));
     const std::string typed = StoredLines(FromQt(answer.value_or(QString())));
     const std::string note = StorableNote(typed);
     try {
@@ -185,7 +188,7 @@ void TickerBox::EditNote() {
     }
     if (note != typed)
         m_prompts.Message(ToQt(kBarsParted), MessageTitle());
-    if (note.empty())
+    if (note.empty() || ticker != m_form.List1->SelectedText())
         return;
     m_form.menus->mnuTickNotes->setText(MenuCaption(ToQt(FirstLine(note))));
     m_form.menus->mnuTickNotes->setData(ToQt(note));

@@ -35,6 +35,8 @@ public:
 
     /// Asks for the selected ticker's note and stores it.
     void EditNote();
+    /// Asks for the note of any ticker, whose stored text is `stored`, and stores it.
+    void EditNoteOn(const QString& ticker, const QString& stored);
 
 private:
     void GoToEntered();

@@ -386,6 +386,23 @@ NoteIndex::NoteIndex(std::string content) : m_content(std::move(content)) {
     }
 }
 
+std::vector<std::string_view> NoteIndex::Keys() const {
+    // What stands within a note could be a key too, were it asked for.
+    std::vector<std::string_view> keys;
+    Cursor cursor(m_content);
+    std::string_view key;
+    std::string_view note;
+    while (cursor.SkipPast(kBars)) {
+        while (cursor.Rest().starts_with('|'))
+            cursor.Skip(1);
+        if (!cursor.ReadUpTo(kBars, key) || !cursor.ReadUpTo(kEnd, note))
+            break;
+        if (!note.empty() && key.find_first_of("|\r\n") == kNowhere && Find(key) == note)
+            keys.push_back(key);
+    }
+    return keys;
+}
+
 std::string_view NoteIndex::Find(std::string_view key) const {
     if (key.find('|') == kNowhere) {
         const auto found = m_notes.find(key);

@@ -104,6 +104,8 @@ public:
 
     /// The text that GET gives for `key`, empty when there is none.
     std::string_view Find(std::string_view key) const;
+    /// The keys without bars that have a note, in the order of the file.
+    std::vector<std::string_view> Keys() const;
 
 private:
     std::string m_content;

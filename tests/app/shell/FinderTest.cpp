@@ -242,6 +242,33 @@ private Q_SLOTS:
         QCOMPARE(user.Form().focusWidget(), user.Form().List1);
     }
 
+    void ANoteOnATickerInNoListIsFoundToo() {
+        FinderUser user;
+        std::string note;
+        TickerNotes(user.Folder(), note, "SET", "GONE", "Once a railway", kTickerNotesFile);
+        QCOMPARE(user.First(u"railway"_s), u"Note: GONE: Once a railway"_s);
+        user.prompts.inputs << u"Still a railway"_s;
+        user.Press(Qt::Key_Return);
+        QCOMPARE(user.prompts.inputs.size(), 0);
+        TickerNotes(user.Folder(), note, "GET", "GONE", "", kTickerNotesFile);
+        QCOMPARE(ToQt(note), u"Still a railway"_s);
+        QCOMPARE(user.Form().List1->SelectedText(), u"MSFT"_s);
+        QVERIFY(!user.Form().menus->mnuTickNotes->data().toString().contains(u"railway"_s));
+    }
+
+    void EscapeClosesTheBoxBeforeItEndsTheFullScreen() {
+        FinderUser user;
+        user.Form().menus->At("fullScreen")->trigger();
+        QTRY_VERIFY(user.Form().isFullScreen());
+        user.Form().menus->At("findAnything")->trigger();
+        QTRY_VERIFY(user.Box() && user.Box()->txtFind->hasFocus());
+        user.Press(Qt::Key_Escape);
+        QVERIFY(!user.Box()->isVisible());
+        QVERIFY(user.Form().isFullScreen());
+        QTest::keyClick(&user.Form(), Qt::Key_Escape);
+        QTRY_VERIFY(!user.Form().isFullScreen());
+    }
+
     void ANoteIsFoundByItsWordsAndOpens() {
         FinderUser user;
         QCOMPARE(user.First(u"barrels"_s), u"Note: IBM: Watch the mainframes\u2026"_s);

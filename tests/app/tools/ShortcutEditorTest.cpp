@@ -139,10 +139,10 @@ private Q_SLOTS:
     void AFurtherShortcutIsAddedToTheFirst() {
         Bench bench;
         bench.Select(u"Find in Page"_s);
-        bench.Press(Qt::Key_F3, Qt::NoModifier);
+        bench.Press(Qt::Key_F12, Qt::NoModifier);
         bench.Click(bench.Window().cmdAdd);
-        QCOMPARE(bench.Form().menus->findInPage->shortcuts(), bench.Sequences({"Ctrl+F", "F3"}));
-        QCOMPARE(bench.Kept("findInPage"), u"Ctrl+F F3"_s);
+        QCOMPARE(bench.Form().menus->findInPage->shortcuts(), bench.Sequences({"Ctrl+F", "F12"}));
+        QCOMPARE(bench.Kept("findInPage"), u"Ctrl+F F12"_s);
         bench.Click(bench.Window().cmdRemove);
         QCOMPARE(bench.Said(), u"\"Find in Page\" has no shortcut now."_s);
         QCOMPARE(bench.Form().menus->findInPage->shortcuts(), QList<QKeySequence>());

@@ -312,6 +312,13 @@ TEST_F(KeyedStore, WorksThroughHundredThousandRecordsAtOnce) {
     EXPECT_EQ(RemoveNotes(content, keys), "\r\n\r\n");
 }
 
+TEST(NoteIndex, ListsTheKeysThatHaveANoteInTheOrderOfTheFile) {
+    const NoteIndex index("||MSFT||two|||||\r\n||AOL|||||||\r\n\r\n||IBM||one|||||\r\n||X||no end");
+    EXPECT_EQ(index.Keys(), (std::vector<std::string_view>{"MSFT", "IBM"}));
+    EXPECT_EQ(index.Find("IBM"), "one");
+    EXPECT_TRUE(NoteIndex("").Keys().empty());
+}
+
 // What one write has to leave is what the two operations leave one after the other.
 TEST(ReplacingANote, LeavesWhatRemoveAndSetLeave) {
     const std::vector<std::string> contents = {
