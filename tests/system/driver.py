@@ -113,6 +113,8 @@ def desktop(size=(1920, 1200)):
 
 # What newer accessibility buses call some roles otherwise.
 ROLES = {"button": "push button"}
+# What holds others is a group; who looks for it by the toolkit's own word finds it too.
+GROUPS = {"filler": "panel"}
 DOCUMENTS = ("document web", "document frame")
 
 
@@ -204,9 +206,11 @@ class Widget:
         def fits(widget):
             if name is not None:
                 own = widget.name
-                if not (name.search(own) if isinstance(name, re.Pattern) else name == own):
+                # A caption may have blanks around it, its name has none.
+                if not (name.search(own) if isinstance(name, re.Pattern)
+                        else name.strip() == own.strip()):
                     return False
-            return role is None or widget.role == role
+            return role is None or widget.role in (role, GROUPS.get(role))
         return filter(fits, self.walk(hidden))
 
     def find_all(self, name=None, role=None, hidden=False):

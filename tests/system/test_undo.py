@@ -139,7 +139,7 @@ class Undo(driver.SystemTest):
 
     def test_no_is_what_enter_answers_before_a_list_is_cleared(self):
         controls.select(self.window, "IBM")
-        self.window.find(name=" X").double_click()
+        self.window.find(name="X").double_click()
         question = self.program.application.find(name="Clear Stocks")
         self.program.application.find(
             name="Clear Stock List?\n2 tickers in portfolio #1, \"Tech\".")
