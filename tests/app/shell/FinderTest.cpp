@@ -420,8 +420,11 @@ private Q_SLOTS:
         user.Open();
         user.Box()->txtFind->setText(QString(1'000'000, u'x'));
         QCOMPARE(user.Box()->Row(), -1);
+        // What a box keeps of it is another thing with each toolkit; no row shows any of it.
         user.Box()->txtFind->setText(QString(30'000, QChar(0xD800)) + QChar(0x202E));
-        QCOMPARE(user.Box()->Row(), -1);
+        for (const QString& row : user.Rows())
+            for (const QChar c : row)
+                QVERIFY2(!c.isSurrogate() && c != QChar(0x202E), qPrintable(row));
         user.Box()->grab();
     }
 };
