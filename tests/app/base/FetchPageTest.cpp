@@ -180,20 +180,19 @@ private Q_SLOTS:
         QCOMPARE(place.form.size(), QSize(667, 567));
     }
 
-    void AMinimisedFormKeepsItsStoredPosition() {
+    void AFormThatIsNotInItsPlaceKeepsTheStoredOne_data() {
+        QTest::addColumn<bool>("fillsTheScreen");
+        QTest::newRow("minimised") << false;
+        QTest::newRow("on the whole screen") << true;
+    }
+    void AFormThatIsNotInItsPlaceKeepsTheStoredOne() {
+        QFETCH(const bool, fillsTheScreen);
         Place place;
         place.Store("Top", "123");
-        place.form.showMinimized();
+        place.Store("Width", "4560");
+        fillsTheScreen ? place.form.showFullScreen() : place.form.showMinimized();
         SaveFormPosition(place.form, place.settings);
         QCOMPARE(place.settings.GetSetting("frmTest", "Top", ""), std::string("123"));
-        QCOMPARE(place.settings.GetSetting("frmTest", "Left", "none"), std::string("none"));
-    }
-
-    void AFormThatFillsTheScreenKeepsItsStoredPosition() {
-        Place place;
-        place.Store("Width", "4560");
-        place.form.showFullScreen();
-        SaveFormPosition(place.form, place.settings);
         QCOMPARE(place.settings.GetSetting("frmTest", "Width", ""), std::string("4560"));
         QCOMPARE(place.settings.GetSetting("frmTest", "Left", "none"), std::string("none"));
     }

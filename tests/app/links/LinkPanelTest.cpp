@@ -3,6 +3,7 @@
 #include "app/links/PaneDeck.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
+#include "support/OutsideBrowser.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -20,12 +21,6 @@ private:
     /// A window with MSFT selected whose separate browser writes its address into a file.
     struct Window : TestSession {
         Window() {
-            const QString script = PathToQt(Folder() / "browser.sh");
-            QFile file(script);
-            if (file.open(QIODevice::WriteOnly))
-                file.write("#!/bin/sh\necho \"$1\" >> \"$(dirname \"$0\")/opened.txt\"\n");
-            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-            programs = "[programs]\nbrowser = \"" + FromQt(script) + "\"\n";
             Store("First", "OK");
             Store("Stocks1", "MSFT|");
             Store("CustomT101", "Mine");
@@ -33,10 +28,8 @@ private:
             Start();
             navigations.emplace(Form());
         }
-        QByteArray Opened() const {
-            QFile file(PathToQt(Folder() / "opened.txt"));
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-        }
+        QByteArray Opened() const { return browser.Opened(); }
+        OutsideBrowser browser{*this};
         std::optional<Navigations> navigations;
     };
 

@@ -7,6 +7,7 @@
 #include "core/sites/site_table.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
+#include "support/OutsideBrowser.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -269,13 +270,7 @@ private Q_SLOTS:
 
     void AChoiceAfterARightPressOpensInASeparateBrowser() {
         Window window;
-        const QString script = PathToQt(window.Folder() / "browser.sh");
-        QFile file(script);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\necho \"$1\" >> \"$(dirname \"$0\")/opened.txt\"\n");
-        file.close();
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        window.programs = "[programs]\nbrowser = \"" + FromQt(script) + "\"\n";
+        const OutsideBrowser browser(window);
         window.navigations.reset();
         window.Start();
         window.navigations.emplace(window.Form());
@@ -285,10 +280,9 @@ private Q_SLOTS:
         QVERIFY(window->Panes().OpensNextOutside());
         QTest::keyClick(menu, Qt::Key_Return);
         QVERIFY(!window->Panes().OpensNextOutside());
-        const std::filesystem::path opened = window.Folder() / "opened.txt";
-        QTRY_COMPARE(ToQt(ReadExistingFile(opened)),
-                     u"http://h.example/quickchart/quickchart.asp?sid=&o_symb=msft&symb=msft&"
-                     "time=1\n"_s);
+        QTRY_COMPARE(browser.Opened(),
+                     QByteArray("http://h.example/quickchart/quickchart.asp?sid=&o_symb=msft&symb="
+                                "msft&time=1\n"));
         QVERIFY(window.navigations->isEmpty());
     }
 

@@ -7,6 +7,7 @@
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
+#include "support/OutsideBrowser.h"
 #include "support/TestSession.h"
 #include "support/WebTest.h"
 
@@ -24,12 +25,6 @@ constexpr int kMultiLink = 211;
 /// A window with two portfolios, a note, two links of the user's own and two pages in menus.
 struct FinderUser : TestSession {
     FinderUser() {
-        const QString script = PathToQt(Folder() / "browser.sh");
-        QFile file(script);
-        if (file.open(QIODevice::WriteOnly))
-            file.write("#!/bin/sh\necho \"$1\" >> \"$(dirname \"$0\")/opened.txt\"\n");
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        programs = "[programs]\nbrowser = \"" + FromQt(script) + "\"\n";
         menus = MenuTable::Parse(ReadExistingFile(TALLOWMERE_SOURCE_DIR "/data/menus.toml"),
                                  "menus.toml");
         Store("First", "OK");
@@ -88,10 +83,8 @@ struct FinderUser : TestSession {
         Type(line);
         return Rows().value(0);
     }
-    QByteArray Opened() const {
-        QFile file(PathToQt(Folder() / "opened.txt"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray Opened() const { return browser.Opened(); }
+    OutsideBrowser browser{*this};
     std::optional<Navigations> navigations;
 };
 

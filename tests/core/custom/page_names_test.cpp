@@ -32,7 +32,7 @@ TEST(PageNames, AreTheWordsOfTheLinkOrTheHost) {
                           {"biz.yahoo.com/p/m/msft.html", "Yahoo! Profile Sheet"},
                           {"https://forum.test/t/m/msft?page=1", "My forum"},
                           {"http://plain.test/today", "News"},
-                          {"/home/somebody/ycs.htm", "3 small Yahoo! charts"},
+                          {"/profile/ycs.htm", "3 small Yahoo! charts"},
                           {"C:\\data\\ycl.htm", "4 large Yahoo! charts"},
                           {"https://www.elsewhere.test/a/b?c", "elsewhere.test"},
                           {"Deep.Elsewhere.test:8080/", "deep.elsewhere.test:8080"},
