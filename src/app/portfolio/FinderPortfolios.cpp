@@ -105,7 +105,8 @@ void FinderPortfolios::Open(const FinderItem& item, PagePlace place, const QStri
         Select(ticker);
     if (item.kind == FinderKind::Note) {
         m_tickers.FillTickerMenu();
-        const NoteIndex notes(ReadNotes(m_programFolder));
+        // An empty box in place of a note that cannot be read would be saved over it.
+        const NoteIndex notes(ReadStore(m_programFolder, kTickerNotesFile));
         m_tickers.EditNoteOn(ticker, ToQt(notes.Find(FromQt(ticker))));
     } else if (place != PagePlace::Pane) {
         m_panel.Open(m_dispatch.LastLink(), place, ticker);
