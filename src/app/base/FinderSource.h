@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ public:
     /// Adds what there is now. Keys are the same from call to call, and begin with a word of their
     /// own for each kind.
     virtual void Offer(std::vector<FinderItem>& items) = 0;
+
+    /// The item that a typed line itself is, none for most lines and sources.
+    virtual std::optional<FinderItem> Read(std::string_view) { return std::nullopt; }
 
     /// What stands dimmed beside an item that is to be opened for a ticker, or for the selected one
     /// when that is empty: where it leads, or where it is. May be of strangers.

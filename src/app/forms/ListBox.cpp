@@ -125,6 +125,12 @@ void ListBox::SetListIndex(int index) {
         scrollTo(item);
 }
 
+void ListBox::Choose(int index) {
+    const QModelIndex item = m_model.index(index);
+    selectionModel()->setCurrentIndex(item, QItemSelectionModel::ClearAndSelect);
+    scrollTo(item);
+}
+
 QString ListBox::SelectedText() const {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     return selected.isEmpty() ? QString() : selected.first().data().toString();

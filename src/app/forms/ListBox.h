@@ -45,6 +45,8 @@ public:
     int ListIndex() const;
     /// Selects an item; -1 selects none.
     void SetListIndex(int index);
+    /// Selects an item as if the user had done so.
+    void Choose(int index);
     /// The text of the selected item, empty when there is none.
     QString SelectedText() const;
 

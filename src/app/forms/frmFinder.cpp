@@ -30,8 +30,6 @@ frmFinder::frmFinder(QWidget* window) : QFrame(window) {
     txtFind = new QLineEdit(this);
     txtFind->setObjectName(u"txtFind"_s);
     txtFind->setAccessibleName(u"Find anything"_s);
-    txtFind->setPlaceholderText(
-        u"A link, a command, a note ... or: a ticker, a blank and a link; /p and a portfolio"_s);
     txtFind->installEventFilter(this);
     lstFound = new QListView(this);
     lstFound->setObjectName(u"lstFound"_s);
@@ -64,14 +62,18 @@ frmFinder::frmFinder(QWidget* window) : QFrame(window) {
             [this](const QWidget*, const QWidget* now) { LeaveWith(now); });
 }
 
-void frmFinder::Open() {
-    if (!isVisible()) {
+void frmFinder::Open(const QString& line, const QString& placeholder) {
+    if (!isVisible())
         m_before = QApplication::focusWidget();
-        txtFind->clear();
-    }
+    txtFind->setPlaceholderText(placeholder);
+    txtFind->setText(line);
     show();
     raise();
     Place();
+    SelectLine();
+}
+
+void frmFinder::SelectLine() {
     txtFind->setFocus(Qt::ShortcutFocusReason);
     txtFind->selectAll();
 }

@@ -18,8 +18,10 @@ class frmFinder : public QFrame {
 public:
     explicit frmFinder(QWidget* window);
 
-    /// Opens the box with an empty line, or selects what is in it.
-    void Open();
+    /// Opens the box with a line, or gives it another one, which is selected.
+    void Open(const QString& line, const QString& placeholder);
+    /// Selects what is in the line of the open box.
+    void SelectLine();
     /// Closes it; the focus goes back to where it was.
     void Dismiss();
 

@@ -52,9 +52,7 @@ void FinderHistory::Open(const FinderItem& item, PagePlace place, const QString&
     if (!step)
         return;
     if (place != PagePlace::Pane && IsWebUrl(WebAccess::AsBuilt(step->entry.url))) {
-        m_panes.OpenNext(place);
-        m_panes.Navigate(step->Address());
-        m_panes.OpenNext(PagePlace::Pane);
+        m_panes.NavigateIn(place, step->Address());
         return;
     }
     m_panes.Show(step->pane);

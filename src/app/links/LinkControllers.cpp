@@ -2,12 +2,15 @@
 
 #include "app/base/Transfers.h"
 #include "app/forms/frmMain.h"
+#include "app/links/FinderAddresses.h"
 #include "app/links/FinderHistory.h"
 #include "app/links/FinderLinks.h"
 #include "app/links/FullScreen.h"
 #include "app/links/HistoryMenus.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
+#include "app/links/LinkSweep.h"
+#include "app/links/LinkWalk.h"
 #include "app/links/PagePrinting.h"
 #include "app/links/PageSource.h"
 #include "app/links/PaneDeck.h"
@@ -33,15 +36,18 @@ LinkControllers::LinkControllers(frmMain& form, SettingsStore& settings, UndoRec
       navigate(new SmartNavigate(form, settings, *panes)),
       printing(new PagePrinting(form, prompts, clock, *panes)) {
     tabs = new PaneTabs(form, *panes);
-    makeFinderSources = [&form, &sites, &menus, &clock, this](const WebAccess& access) {
+    makeFinderSources = [&form, &settings, &sites, &menus, &clock, this](const WebAccess& access) {
         FinderSources made;
         made.push_back(std::make_unique<FinderLinks>(form, sites, menus, access, clock, *dispatch,
                                                      *panel, *popups));
+        made.push_back(std::make_unique<FinderAddresses>(settings, access, *panes));
         made.push_back(std::make_unique<FinderHistory>(form, *panes));
         return made;
     };
     new HistoryMenus(form, *panes, *panel);
     new PageSource(form, *panes, *tabs);
+    new LinkWalk(form, *panes, *dispatch, *panel);
+    new LinkSweep(form, recording, prompts, *panes, *tabs, *dispatch, *panel);
     fullScreen = new FullScreen(form, settings, *panes);
     QObject::connect(dispatch, &LinkDispatch::NavigateRequested, navigate, &SmartNavigate::Show);
     QObject::connect(popups, &SitePopups::Held, panel, [panel = panel](bool held) {

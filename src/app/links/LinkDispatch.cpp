@@ -69,6 +69,16 @@ std::optional<TickerForms> LinkDispatch::FormsFor(const QString& ticker) const {
     return FormsOf(FromQt(m_form.List1->SelectedText()));
 }
 
+// Pages that the program writes lie in one file for all tickers.
+bool LinkDispatch::HasPagePerTicker(int link) const {
+    const LinkAction action = Catalogue()[static_cast<std::size_t>(link)].action;
+    if (!IsCustomSlot(link))
+        return action == LinkAction::Ticker || action == LinkAction::AccountGated;
+    const std::string address =
+        m_settings.GetSetting("Settings", "Custom" + std::to_string(link), "");
+    return !IsMultiLink(address) && HoldsPlaceholder(address);
+}
+
 void LinkDispatch::ClickFor(int index, const QString& ticker) {
     const LinkRow& row = Catalogue()[static_cast<std::size_t>(index)];
     const bool hourglass = ShowsHourglass(row.action);

@@ -45,6 +45,9 @@ public:
     /// The same for a ticker instead of the selected one, unless it is empty.
     std::optional<TickerForms> FormsFor(const QString& ticker) const;
 
+    /// Whether a link leads to another page for each ticker, all of which can be open at once.
+    bool HasPagePerTicker(int link) const;
+
 Q_SIGNALS:
     void MenuRequested(const QString& menu);
     void EditorRequested(int slot);

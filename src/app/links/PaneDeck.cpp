@@ -101,6 +101,12 @@ void PaneDeck::Navigate(const QString& address) {
     m_form.Web->Navigate(address);
 }
 
+void PaneDeck::NavigateIn(PagePlace place, const QString& address) {
+    OpenNext(place);
+    Navigate(address);
+    OpenNext(PagePlace::Pane);
+}
+
 void PaneDeck::NavigateSecond(const QString& address) {
     if (OpenInTab(address))
         return;

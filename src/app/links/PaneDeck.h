@@ -29,6 +29,9 @@ public:
     /// The same for a broker's page in `WebB`.
     void NavigateSecond(const QString& address);
 
+    /// Loads an address in a place; what comes next opens in the pane again.
+    void NavigateIn(PagePlace place, const QString& address);
+
     /// Opens the page of a start: `stored` is the letter of its pane and its address, and `usual`
     /// the address for the first pane when nothing was stored; an empty one opens nothing.
     void OpenStartPage(const QString& stored, const QString& usual);

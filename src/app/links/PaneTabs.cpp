@@ -6,6 +6,7 @@
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tallowmere {
@@ -25,8 +26,12 @@ PaneTabs::PaneTabs(frmMain& form, PaneDeck& deck) : QObject(&form), m_form(form)
     connect(form.menus->At("previousTab"), &QAction::triggered, this, [this] { Walk(-1); });
 }
 
+int PaneTabs::Room() const {
+    return std::max(0, kMostTabs - static_cast<int>(m_form.FurtherPanes().size()));
+}
+
 BrowserPane* PaneTabs::Add() {
-    if (m_form.FurtherPanes().size() >= kMostTabs) {
+    if (Room() == 0) {
         m_deck.ShowLastingStatus(tr("There is no room for more than %1 tabs").arg(kMostTabs));
         return nullptr;
     }

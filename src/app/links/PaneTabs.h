@@ -49,6 +49,8 @@ public:
     int FrontIndex() const;
 
     static constexpr int kMostTabs = 40;
+    /// How many further panes there may still be.
+    int Room() const;
 
 private:
     BrowserPane* Add();

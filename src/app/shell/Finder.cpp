@@ -2,13 +2,17 @@
 
 #include "app/base/Clock.h"
 #include "app/base/QtText.h"
+#include "app/base/WebAccess.h"
+#include "app/engine/BrowserPane.h"
 #include "app/forms/frmFinder.h"
 #include "app/forms/frmMain.h"
 #include "app/links/LinkDispatch.h"
 #include "app/links/LinkPanel.h"
 #include "app/links/PaneDeck.h"
 #include "app/portfolio/Portfolios.h"
+#include "core/links/smart_navigate.h"
 #include "core/portfolio/ticker_list.h"
+#include "core/shell/commands.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
 
@@ -22,6 +26,7 @@ namespace {
 
 constexpr std::string_view kFile = "finder.txt";
 constexpr std::size_t kMostRows = 50;
+constexpr const char* kSmartNavigate = "link80";
 
 FinderRow RowOf(const FinderItem& item, const FinderMatch& match, const QString& tickers) {
     FinderRow row{ToQt(KindName(item.kind)), {}, {}};
@@ -45,6 +50,7 @@ Finder::Finder(frmMain& form, const Clock& clock, const std::filesystem::path& p
     : QObject(&form), m_form(form), m_clock(clock), m_file(programFolder / kFile), m_panes(panes),
       m_panel(panel), m_dispatch(dispatch), m_portfolios(portfolios), m_make(std::move(make)) {
     connect(form.menus->At("findAnything"), &QAction::triggered, this, &Finder::Show);
+    connect(form.menus->At("openAddress"), &QAction::triggered, this, &Finder::ShowAddress);
 }
 
 Finder::~Finder() = default;
@@ -65,15 +71,30 @@ void Finder::Make() {
 }
 
 void Finder::Show() {
+    if (m_box && m_box->isVisible() && !m_wantsAddress) {
+        m_box->SelectLine();
+        return;
+    }
+    m_wantsAddress = false;
+    OpenWith({});
+}
+
+// The address of a page of the program's own says nothing to anybody.
+void Finder::ShowAddress() {
+    m_wantsAddress = true;
+    const QString address = m_panes.Front()->RealAddress();
+    OpenWith(IsWebUrl(UrlFromAddress(address)) ? address : QString());
+}
+
+void Finder::OpenWith(const QString& line) {
     if (!m_box)
         Make();
-    if (!m_box->isVisible()) {
+    if (!m_box->isVisible())
         Collect();
-        m_box->Open();
-        Search({});
-    } else {
-        m_box->Open();
-    }
+    m_box->Open(line, m_wantsAddress ? tr("An address, or what is to be found")
+                                     : tr("A link, a command, a note ... or: a ticker, a blank and "
+                                          "a link; /p and a portfolio"));
+    Search(line);
 }
 
 void Finder::Collect() {
@@ -105,36 +126,81 @@ QString Finder::Tickers(const std::vector<std::string>& tickers) const {
 
 void Finder::Search(const QString& line) {
     m_result = m_catalogue->Find(FromQt(line.left(kLongestFinderLine)), kMostRows);
-    const QString tickers = Tickers(m_result.tickers);
+    ReadTyped(line);
+    m_rows.clear();
+    for (FinderMatch& match : m_result.matches)
+        m_rows.push_back({Row::What::Match, std::move(match)});
+    // What the line is itself stands behind what holds all its words; an address that is wanted
+    // stands in front.
+    auto offer = m_rows.begin() + static_cast<std::ptrdiff_t>(m_result.offerAt);
+    const bool isWholeAddress =
+        m_typed && m_wantsAddress && m_typed->text == FromQt(line.trimmed());
+    if (m_typed && !isWholeAddress)
+        offer = m_rows.insert(offer, {Row::What::Typed, {}});
+    if (m_result.offersTickers)
+        m_rows.insert(offer, {Row::What::Tickers, {}});
+    if (isWholeAddress)
+        m_rows.insert(m_rows.begin(), {Row::What::Typed, {}});
+    if (m_wantsAddress)
+        m_rows.push_back({Row::What::SmartNavigate, {}});
     QList<FinderRow> rows;
-    for (const FinderMatch& match : m_result.matches)
-        rows << RowOf(m_catalogue->Items()[match.item], match, tickers);
-    m_offerRow = kNoRow;
-    if (m_result.offersTickers) {
-        m_offerRow = static_cast<int>(m_result.offerAt);
-        rows.insert(m_offerRow, {ToQt(KindName(FinderKind::Ticker)), tickers, {}});
-    }
+    for (const Row& row : m_rows)
+        rows << Shown(row);
     m_box->ShowRows(std::move(rows), [this](int row) { return DetailOf(row); });
 }
 
-// The row that offers tickers is none of the matches.
-const FinderMatch& Finder::MatchOf(int row) const {
-    const int match = m_offerRow != kNoRow && row > m_offerRow ? row - 1 : row;
-    return m_result.matches.at(static_cast<std::size_t>(match));
+// Where an address is wanted the name of a site is one, as in smart navigate.
+void Finder::ReadTyped(const QString& line) {
+    m_typed.reset();
+    const std::string text = FromQt(line);
+    const std::string wanted = m_wantsAddress ? CompleteEntry(text) : text;
+    for (const auto& source : m_sources)
+        if (!m_typed) {
+            m_typed = source->Read(wanted);
+            m_typedSource = source.get();
+        }
 }
 
-QString Finder::DetailOf(int row) const {
-    if (row == m_offerRow)
+FinderRow Finder::Shown(const Row& row) const {
+    switch (row.what) {
+    case Row::What::Tickers:
+        return {ToQt(KindName(FinderKind::Ticker)), Tickers(m_result.tickers), {}};
+    case Row::What::Typed:
+        return RowOf(*m_typed, {}, {});
+    case Row::What::SmartNavigate:
+        return {ToQt(KindName(FinderKind::Command)),
+                ToQt(SpokenCaption(FromQt(SmartNavigate()->text()))),
+                {}};
+    case Row::What::Match:
+        break;
+    }
+    return RowOf(m_catalogue->Items()[row.match.item], row.match, Tickers(m_result.tickers));
+}
+
+QAction* Finder::SmartNavigate() const {
+    return m_form.menus->At(kSmartNavigate);
+}
+
+QString Finder::DetailOf(int at) const {
+    const Row& row = At(at);
+    switch (row.what) {
+    case Row::What::Tickers:
         return m_result.unknown.empty() ? QString() : Tickers(m_result.unknown) + tr(" in no list");
-    const FinderMatch& match = MatchOf(row);
-    return m_sourceOf[match.item]->Detail(m_catalogue->Items()[match.item],
-                                          match.isForTickers ? ToQt(m_result.tickers.front())
-                                                             : QString());
+    case Row::What::Typed:
+        return m_typedSource->Detail(*m_typed, {});
+    case Row::What::SmartNavigate:
+        return SmartNavigate()->shortcut().toString(QKeySequence::NativeText);
+    case Row::What::Match:
+        break;
+    }
+    return m_sourceOf[row.match.item]->Detail(
+        m_catalogue->Items()[row.match.item],
+        row.match.isForTickers ? ToQt(m_result.tickers.front()) : QString());
 }
 
 bool Finder::CanAdd(int row) const {
     return !m_result.unknown.empty() &&
-           (m_result.offersTickers || (row >= 0 && MatchOf(row).isForTickers));
+           (m_result.offersTickers || (row >= 0 && At(row).match.isForTickers));
 }
 
 void Finder::ShowHint(int row) {
@@ -147,15 +213,26 @@ void Finder::ShowHint(int row) {
 }
 
 // What is opened may open a dialog, and the box be opened anew meanwhile.
-void Finder::Open(int row, PagePlace place) {
-    const bool isOffer = row == m_offerRow;
-    const FinderMatch match = isOffer ? FinderMatch{0, {}, true} : MatchOf(row);
-    const FinderItem item = isOffer ? FinderItem{} : m_catalogue->Items()[match.item];
-    FinderSource* source = isOffer ? nullptr : m_sourceOf[match.item];
-    const std::vector<std::string> tickers =
-        match.isForTickers ? m_result.tickers : std::vector<std::string>{""};
+void Finder::Open(int at, PagePlace place) {
+    const Row row = At(at);
+    const std::optional<FinderItem> typed = m_typed;
+    FinderSource* typedSource = m_typedSource;
     m_box->Dismiss();
-    if (!isOffer)
+    if (row.what == Row::What::SmartNavigate)
+        SmartNavigate()->trigger();
+    else if (row.what == Row::What::Typed)
+        typedSource->Open(*typed, place, {});
+    else
+        OpenFor(row, place);
+}
+
+void Finder::OpenFor(const Row& row, PagePlace place) {
+    const bool isMatch = row.what == Row::What::Match;
+    const FinderItem item = isMatch ? m_catalogue->Items()[row.match.item] : FinderItem{};
+    FinderSource* source = isMatch ? m_sourceOf[row.match.item] : nullptr;
+    const std::vector<std::string> tickers =
+        !isMatch || row.match.isForTickers ? m_result.tickers : std::vector<std::string>{""};
+    if (isMatch)
         Note(item);
     bool isFirst = true;
     for (const std::string& ticker : tickers) {
@@ -171,9 +248,9 @@ void Finder::Open(int row, PagePlace place) {
     }
 }
 
-// A page of the history is another one at the next start.
+// A page of the history is another one at the next start; what an address holds may be private.
 void Finder::Note(const FinderItem& item) {
-    if (item.kind == FinderKind::History || !m_isRecordRead)
+    if (item.kind == FinderKind::History || item.kind == FinderKind::Address || !m_isRecordRead)
         return;
     m_uses.Note(item.key, m_clock.Today());
     try {

@@ -7,10 +7,15 @@
 #include <QStringList>
 
 #include <filesystem>
+#include <optional>
+#include <vector>
+
+class QAction;
 
 namespace tallowmere {
 
 class Clock;
+struct FinderRow;
 class LinkDispatch;
 class LinkPanel;
 class PaneDeck;
@@ -32,17 +37,27 @@ public:
 
     /// Opens the box, or selects what is typed in it.
     void Show();
+    /// Opens the box with the address of the page in front, for another one.
+    void ShowAddress();
 
 private:
-    /// Which of the rows offers the tickers of the line; none for -1.
-    static constexpr int kNoRow = -1;
+    /// A row of the box.
+    struct Row {
+        enum class What { Match, Tickers, Typed, SmartNavigate } what;
+        FinderMatch match; ///< of no account for the others
+    };
 
     void Make();
+    void OpenWith(const QString& line);
     void Collect();
     void Search(const QString& line);
-    const FinderMatch& MatchOf(int row) const;
-    QString DetailOf(int row) const;
-    void Open(int row, PagePlace place);
+    void ReadTyped(const QString& line);
+    const Row& At(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
+    FinderRow Shown(const Row& row) const;
+    QAction* SmartNavigate() const;
+    QString DetailOf(int at) const;
+    void Open(int at, PagePlace place);
+    void OpenFor(const Row& row, PagePlace place);
     void Note(const FinderItem& item);
     bool CanAdd(int row) const;
     void Add();
@@ -60,8 +75,11 @@ private:
     FinderSources m_sources;
     std::vector<FinderSource*> m_sourceOf; ///< of each item
     std::unique_ptr<FinderCatalogue> m_catalogue;
+    bool m_wantsAddress = false;
     FinderResult m_result;
-    int m_offerRow = kNoRow;
+    std::optional<FinderItem> m_typed; ///< what the line itself is
+    FinderSource* m_typedSource = nullptr;
+    std::vector<Row> m_rows;
     UseRecord m_uses;
     bool m_isRecordRead = false; ///< else it is not written either
     frmFinder* m_box = nullptr;

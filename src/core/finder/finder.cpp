@@ -202,6 +202,8 @@ std::string_view KindName(FinderKind kind) {
         return "Ticker";
     case FinderKind::Note:
         return "Note";
+    case FinderKind::Address:
+        return "Address";
     case FinderKind::History:
         return "History";
     case FinderKind::Guide:

@@ -22,6 +22,7 @@ enum class FinderKind : std::uint8_t {
     Portfolio,
     Ticker,
     Note,
+    Address,
     History,
     Guide
 };

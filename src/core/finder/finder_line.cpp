@@ -14,6 +14,9 @@ constexpr std::size_t kLongestTicker = 15;
 constexpr std::string_view kTickerSigns = ".-^=$&+*:/";
 constexpr std::string_view kPortfolioMark = "/p";
 constexpr std::string_view kBetweenTickers = ",;";
+constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::size_t kLongestPort = 5;
+constexpr std::string_view kThisMachine = "localhost";
 
 bool IsLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -73,6 +76,27 @@ void ReadTickers(FinderLine& line) {
         line.rest.assign(line.words.begin() + static_cast<std::ptrdiff_t>(taken), line.words.end());
 }
 
+/// Whether a host may be what stands before a path: "a.example", "10.0.0.1:8080", "localhost".
+bool MayBeHost(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    const std::string_view host = text.substr(0, colon);
+    if (colon != std::string_view::npos) {
+        const std::string_view port = text.substr(colon + 1);
+        if (port.empty() || port.size() > kLongestPort ||
+            !std::ranges::all_of(port, [](char c) { return c >= '0' && c <= '9'; }))
+            return false;
+    }
+    if (host == kThisMachine)
+        return true;
+    const std::vector<std::string_view> labels = Split(host, '.');
+    return labels.size() > 1 && std::ranges::all_of(labels, [](std::string_view label) {
+               return !label.empty() && std::ranges::all_of(label, [](char c) {
+                   // Names may be written in the letters of any language.
+                   return IsLetterOrDigit(c) || c == '-' || static_cast<unsigned char>(c) >= 0x80;
+               });
+           });
+}
+
 } // namespace
 
 bool MayBeTicker(std::string_view word) {
@@ -92,6 +116,21 @@ FinderLine ReadFinderLine(std::string_view line) {
     }
     ReadTickers(read);
     return read;
+}
+
+std::string AddressIn(std::string_view line) {
+    std::string_view text = line;
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    text.remove_suffix(text.size() - (text.find_last_not_of(kBlanks) + 1));
+    if (text.find_first_of(kBlanks) != std::string_view::npos ||
+        WithoutHiddenCharacters(text, '?') != text)
+        return "";
+    const std::string_view head = text.substr(0, text.find_first_of("/?#"));
+    const std::string_view behind = text.substr(head.size());
+    const std::string scheme = ToLower(head);
+    const bool isWhole = (scheme == "http:" || scheme == "https:") && behind.starts_with("//") &&
+                         behind.find_first_not_of('/') == 2;
+    return std::string(isWhole || MayBeHost(head) ? text : "");
 }
 
 } // namespace tallowmere

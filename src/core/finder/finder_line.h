@@ -29,4 +29,9 @@ FinderLine ReadFinderLine(std::string_view line);
 /// Whether a word may be a ticker: at most 15 letters, digits and the signs that symbols hold.
 bool MayBeTicker(std::string_view word);
 
+/// The line as an address to go to: without the blanks around it, when it is an address of the web
+/// ("http://a.example/b") or the start of one ("a.example/b", "localhost:8080"); empty for what is
+/// none. Any bytes will do.
+std::string AddressIn(std::string_view line);
+
 } // namespace tallowmere

@@ -1,5 +1,6 @@
 #include "core/links/link_areas.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tallowmere {
@@ -52,6 +53,34 @@ constexpr LinkGroup kGroups[] = {
 
 std::span<const LinkGroup> LinkGroups() {
     return kGroups;
+}
+
+bool LeadsToPage(const LinkRow& row) {
+    switch (row.action) {
+    case LinkAction::Ticker:
+    case LinkAction::Fixed:
+    case LinkAction::Custom:
+    case LinkAction::HomePage:
+    case LinkAction::SmallCharts:
+    case LinkAction::LargeCharts:
+    case LinkAction::AccountGated:
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::optional<int> NeighbourOf(int link, int by, const std::function<bool(int)>& canOpen) {
+    for (const LinkGroup& group : LinkGroups()) {
+        const auto at = std::ranges::find(group.indexes, link);
+        if (at == group.indexes.end())
+            continue;
+        const auto count = static_cast<std::ptrdiff_t>(group.indexes.size());
+        for (auto next = at - group.indexes.begin() + by; next >= 0 && next < count; next += by)
+            if (canOpen(group.indexes[static_cast<std::size_t>(next)]))
+                return group.indexes[static_cast<std::size_t>(next)];
+    }
+    return std::nullopt;
 }
 
 } // namespace tallowmere

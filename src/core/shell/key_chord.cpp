@@ -28,8 +28,6 @@ constexpr FixedChord kFixedChords[] = {
     {"Ctrl+V",          "pastes"},
     {"Ctrl+X",          "cuts"},
     {"Ctrl+Ins",        "copies"},
-    {"Ctrl+Left",       "moves in a text"},
-    {"Ctrl+Right",      "moves in a text"},
     {"Ctrl+Home",       "leads to the start of a text"},
     {"Ctrl+End",        "leads to the end of a text"},
     {"Ctrl+Backspace",  "deletes a word"},

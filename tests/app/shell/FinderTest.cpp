@@ -14,6 +14,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QSignalSpy>
+#include <QTimer>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -406,6 +407,106 @@ private Q_SLOTS:
             QTRY_VERIFY(user.Form().rect().contains(user.Box()->geometry()));
             QVERIFY(user.Box()->lstFound->height() > user.Box()->txtFind->height());
         }
+    }
+
+    void WithAnAddressItShowsThatOfThePageAndOpensAnother() {
+        FinderUser user;
+        user.navigations.reset();
+        user.Form().Web->Navigate(u"h.example/a%20b?c=d"_s);
+        QTRY_VERIFY(!user.Form().Web->Busy() && user.asked.contains(u"h.example/a%20b?c=d"_s));
+        user.navigations.emplace(user.Form());
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        frmFinder& box = *user.Box();
+        QVERIFY(box.isVisible());
+        QCOMPARE(box.txtFind->text(), u"h.example/a%20b?c=d"_s);
+        QCOMPARE(box.txtFind->selectedText(), box.txtFind->text());
+        QCOMPARE(user.Rows().first(), u"Address: h.example/a%20b?c=d"_s);
+        QCOMPARE(user.Rows().last(), u"Command: Smart Navigate"_s);
+        // Enter opens it again, or what is typed instead.
+        user.Press(Qt::Key_Return);
+        QVERIFY(box.isHidden());
+        QCOMPARE(user.navigations->last(), u"Web: h.example/a%20b?c=d"_s);
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(box.txtFind, u"b.example/x"_s);
+        QCOMPARE(user.Rows().first(), u"Address: b.example/x"_s);
+        QCOMPARE(box.Rows().DetailOf(0), u"b.example"_s);
+        user.Press(Qt::Key_Return);
+        QCOMPARE(user.navigations->last(), u"Web: b.example/x"_s);
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        box.txtFind->setText(u"b.example/y"_s);
+        user.Press(Qt::Key_Return, Qt::ShiftModifier);
+        QTRY_COMPARE(user.Opened(), QByteArray("http://b.example/y\n"));
+    }
+
+    void WithAnAddressItFindsEverythingToo() {
+        FinderUser user;
+        // The page of the start is one of the program's own: it has no address for anybody.
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        frmFinder& box = *user.Box();
+        QCOMPARE(box.txtFind->text(), QString());
+        QTest::keyClicks(box.txtFind, u"ibm zacks"_s);
+        QCOMPARE(user.Rows().first(), u"Link: IBM: Zacks - ZACKS Research"_s);
+        user.Press(Qt::Key_Return);
+        QCOMPARE(user.navigations->last(), ZacksOf(u"IBM"_s));
+        // From one kind of box to the other, and back to the first.
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(box.txtFind, u"zacks"_s);
+        const qsizetype count = user.Rows().size();
+        user.Open();
+        QCOMPARE(box.txtFind->text(), QString());
+        QVERIFY(user.Rows().last() != u"Command: Smart Navigate"_s);
+        QTest::keyClicks(box.txtFind, u"zacks"_s);
+        QVERIFY(user.Rows().size() < count);
+    }
+
+    void TheNameOfASiteBecomesItsAddress() {
+        FinderUser user;
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(user.Box()->txtFind, u"tallow"_s);
+        QVERIFY2(user.Rows().contains(u"Address: www.tallow.com"_s),
+                 qPrintable(user.Rows().join(u'|')));
+        user.Box()->lstFound->setCurrentIndex(user.Box()->lstFound->model()->index(
+            static_cast<int>(user.Rows().indexOf(u"Address: www.tallow.com"_s)), 0));
+        user.Press(Qt::Key_Return);
+        QCOMPARE(user.navigations->last(), u"Web: www.tallow.com"_s);
+        // Where anything is looked for a word is no address, but an address is one.
+        user.Type(u"tallow"_s);
+        QVERIFY(!user.Rows().contains(u"Address: www.tallow.com"_s));
+        QCOMPARE(user.First(u"tallow.example/x"_s), u"Address: tallow.example/x"_s);
+        // Ahead of it stands a ticker that looks like one.
+        QCOMPARE(user.First(u"brk.b"_s), u"Ticker: BRK.B"_s);
+        QCOMPARE(user.Rows().value(1), u"Address: brk.b"_s);
+    }
+
+    void WhatSmartNavigateRemembersIsFoundOnceAndKeptInNoRecord() {
+        FinderUser user;
+        user.Settings().SaveSetting("Settings", "NAV1", "www.barrels.example/a");
+        user.Settings().SaveSetting("Settings", "NAV2", "www.casks.example");
+        user.Settings().SaveSetting("Settings", "NAV3", "www.barrels.example/a");
+        user.Type(u"barrels.ex"_s);
+        QCOMPARE(user.Rows().count(u"Address: www.barrels.example/a"_s), 1);
+        user.Box()->lstFound->setCurrentIndex(user.Box()->lstFound->model()->index(
+            static_cast<int>(user.Rows().indexOf(u"Address: www.barrels.example/a"_s)), 0));
+        user.Press(Qt::Key_Return);
+        QCOMPARE(user.navigations->last(), u"Web: www.barrels.example/a"_s);
+        QVERIFY(!std::filesystem::exists(user.Folder() / "finder.txt"));
+    }
+
+    void SmartNavigateIsReachedFromIt() {
+        FinderUser user;
+        QTest::keyClick(user.Form().focusWidget(), Qt::Key_L, Qt::ControlModifier);
+        bool isShown = false;
+        QTimer::singleShot(0, &user.Form(), [&] {
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (window->isVisible() && window->windowTitle().startsWith(u"Smart Navigate")) {
+                    isShown = true;
+                    window->close();
+                }
+        });
+        user.Box()->lstFound->setCurrentIndex(
+            user.Box()->lstFound->model()->index(user.Box()->Rows().rowCount() - 1, 0));
+        user.Press(Qt::Key_Return);
+        QVERIFY(isShown);
     }
 
     void TextsOfStrangersAndLongLinesDoNoHarm() {

@@ -86,5 +86,46 @@ TEST(FinderLine, AWordMayBeATickerByItsSigns) {
         EXPECT_FALSE(MayBeTicker(word)) << word;
 }
 
+TEST(FinderLine, MayBeAnAddress) {
+    for (const char* line :
+         {"http://a.example", "HTTPS://A.example/b?c=d#e", "http://localhost/", "http://[::1]/x",
+          "a.example", "a.example/b c", "www.a-b.example:8080/x?u=http://b.example", "10.0.0.1",
+          "localhost", "localhost:8080/x", "m\u00FCller.example", "a.example?x", "a.example#x"}) {
+        const bool isOneWord = std::string_view(line).find(' ') == std::string_view::npos;
+        EXPECT_EQ(AddressIn(line), isOneWord ? line : "") << line;
+        EXPECT_EQ(AddressIn(std::string("  ") + line + "\t"), isOneWord ? line : "") << line;
+    }
+    for (const char* line : {"",
+                             " ",
+                             "msft",
+                             "msft zacks",
+                             "http:",
+                             "http://",
+                             "http:///x",
+                             "https:/a.example",
+                             "ftp://a.example",
+                             "javascript:alert(1)",
+                             "file:///a.b",
+                             "me@a.example",
+                             "a..example",
+                             ".example",
+                             "example.",
+                             "a.example:",
+                             "a.example:x",
+                             "a.example:123456",
+                             "a.example\x01",
+                             "a.ex\u202Eample",
+                             "a.example\xFF",
+                             "$a.example",
+                             "/p",
+                             "a.example\nb"})
+        EXPECT_EQ(AddressIn(line), "") << line;
+}
+
+TEST(FinderLine, AnAddressMayBeLong) {
+    const std::string address = "a.example/" + std::string(5'000, 'x');
+    EXPECT_EQ(AddressIn(address), address);
+}
+
 } // namespace
 } // namespace tallowmere

@@ -69,5 +69,51 @@ TEST(LinkAreas, BearAHeadingEach) {
     }
 }
 
+TEST(LinkAreas, KnowTheNeighbourOfALink) {
+    const auto any = [](int) { return true; };
+    // The boards stand as 1, 71, 2, 21, 68, 91, 183, 194, 79.
+    EXPECT_EQ(NeighbourOf(1, 1, any), 71);
+    EXPECT_EQ(NeighbourOf(71, 1, any), 2);
+    EXPECT_EQ(NeighbourOf(2, -1, any), 71);
+    EXPECT_EQ(NeighbourOf(194, 1, any), 79);
+    // A group ends: what stands beside it belongs to another one.
+    EXPECT_EQ(NeighbourOf(79, 1, any), std::nullopt);
+    EXPECT_EQ(NeighbourOf(1, -1, any), std::nullopt);
+    EXPECT_EQ(NeighbourOf(101, 1, any), 102);
+    EXPECT_EQ(NeighbourOf(170, 1, any), std::nullopt);
+    EXPECT_EQ(NeighbourOf(-1, 1, any), std::nullopt);
+    EXPECT_EQ(NeighbourOf(kLinkCount, -1, any), std::nullopt);
+
+    const auto few = [](int link) { return link == 1 || link == 68; };
+    EXPECT_EQ(NeighbourOf(71, 1, few), 68);
+    EXPECT_EQ(NeighbourOf(68, -1, few), 1);
+    EXPECT_EQ(NeighbourOf(68, 1, few), std::nullopt);
+    EXPECT_EQ(NeighbourOf(21, 1, [](int) { return false; }), std::nullopt);
+}
+
+TEST(LinkAreas, WalkFromAnyLinkToTheEndsOfItsGroup) {
+    const auto any = [](int) { return true; };
+    for (const LinkGroup& group : LinkGroups())
+        for (const int by : {1, -1}) {
+            std::size_t seen = 1;
+            int at = by > 0 ? group.indexes.front() : group.indexes.back();
+            while (const auto next = NeighbourOf(at, by, any)) {
+                at = *next;
+                ASSERT_LE(++seen, group.indexes.size());
+            }
+            EXPECT_EQ(seen, group.indexes.size()) << group.heading;
+        }
+}
+
+TEST(LinkAreas, KnowWhichLinksLeadToAPage) {
+    for (const int link : {185, 3, 101, 46, 47, 63})
+        EXPECT_TRUE(LeadsToPage(Row(link))) << link;
+    for (const LinkRow& row : Catalogue())
+        EXPECT_FALSE(row.action == LinkAction::Menu && LeadsToPage(row)) << row.index;
+    // Back, stop, reload, copy, setup, reminders, calculator, navigate, multi-link, watch wizard.
+    for (const int link : {19, 20, 100, 0, 43, 66, 45, 92, 80, 211, 61})
+        EXPECT_FALSE(LeadsToPage(Row(link))) << link;
+}
+
 } // namespace
 } // namespace tallowmere

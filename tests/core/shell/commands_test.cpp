@@ -90,7 +90,7 @@ TEST(Commands, HaveTheKeysThatPeopleExpect) {
     for (const Case& c : {Case{"closeTab", "Ctrl+W"},
                           {"link0", "Ctrl+R"},
                           {"link0", "F5"},
-                          {"link80", "Ctrl+L"},
+                          {"openAddress", "Ctrl+L"},
                           {"findInPage", "Ctrl+F"},
                           {"findAnything", "Ctrl+K"},
                           {"undo", "Ctrl+Z"},
