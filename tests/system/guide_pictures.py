@@ -195,7 +195,7 @@ class Pictures:
         driver.wait_for(lambda: not box.showing, "the box to close")
 
     def dialogs(self):
-        self.press("ctrl+l")
+        self.press("ctrl+shift+l")
         dialog = self.dialog("Smart Navigate - Enter a URL or Site Name")
         driver.type_text("zacks")
         left, top, width, height = dialog.extents
@@ -330,7 +330,7 @@ class Pictures:
 def save(program, server, path, name):
     """Saves a file of the server under a path by way of the program's dialogs."""
     driver.xdotool("windowactivate", "--sync", program.window_id())
-    driver.press("ctrl+l")
+    driver.press("ctrl+shift+l")
     dialog = program.application.find(role="dialog",
                                       name="Smart Navigate - Enter a URL or Site Name")
     driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")

@@ -42,7 +42,7 @@ class Downloads(driver.SystemTest):
     def save(self, name, *, is_program=False):
         """Opens the address of a file and says where it goes."""
         driver.xdotool("windowactivate", "--sync", self.program.window_id())
-        driver.press("ctrl+l")
+        driver.press("ctrl+shift+l")
         dialog = self.dialog("Smart Navigate - Enter a URL or Site Name")
         driver.type_text(f"{self.server.host}/{name}")
         driver.press("Return")

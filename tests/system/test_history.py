@@ -14,7 +14,7 @@ class History(driver.SystemTest):
         driver.place(self.program.window_id(), 40, 60, 1280, 900)
         driver.wait_for(lambda: any(self.program.pages()), "the first page")
         for page in self.PAGES:
-            driver.press("ctrl+l")
+            driver.press("ctrl+shift+l")
             dialog = self.program.application.find(
                 role="dialog", name="Smart Navigate - Enter a URL or Site Name")
             driver.wait_for(lambda: dialog.extents[2] > 50, "the dialog's size")

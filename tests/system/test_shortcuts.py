@@ -23,7 +23,7 @@ class Shortcuts(driver.SystemTest):
         driver.place(program.window_id(), 40, 60, 1280, 900)
 
         # What people expect of these keys.
-        driver.press("ctrl+l")
+        driver.press("ctrl+shift+l")
         dialog = program.application.find(name=re.compile("^Smart Navigate"), role="dialog")
         driver.press("ctrl+w")
         driver.wait_for(lambda: not dialog.showing, "the dialog to close")

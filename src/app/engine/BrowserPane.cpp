@@ -205,11 +205,11 @@ void BrowserPane::Refresh() {
     }
 }
 
-void BrowserPane::ReadText(std::function<void(const QString&)> receive) const {
-    if (m_page && IsPageShown())
-        PageReader::ReadText(*m_page, this, std::move(receive));
-    else
-        receive({});
+bool BrowserPane::AskPage(const std::function<void(QWebEnginePage&)>& ask) const {
+    if (!m_page || !IsPageShown())
+        return false;
+    ask(*m_page);
+    return true;
 }
 
 void BrowserPane::Begin(const QString& address) {

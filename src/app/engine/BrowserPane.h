@@ -53,9 +53,9 @@ public:
     /// The address of what the pane shows, as the engine has it after every redirect: one that
     /// works in any browser. For a page of the program's own, which has none, that of LocationURL.
     QString RealAddress() const { return m_place.RealAddress(); }
-    /// Gives the text of the page that is shown, empty when there is none. `receive` may be called
-    /// later, and is not when the pane goes before.
-    void ReadText(std::function<void(const QString&)> receive) const;
+    /// Hands the page that is shown to who asks it something (see PageReader); false when there is
+    /// none.
+    bool AskPage(const std::function<void(QWebEnginePage&)>& ask) const;
 
     /// As soon as the page at `url` is loaded by the page that the pane has by now, its frames stay
     /// empty: what is in them is shown elsewhere. An empty `url` holds none back.

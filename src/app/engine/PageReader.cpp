@@ -1,5 +1,9 @@
 #include "app/engine/PageReader.h"
 
+#include "app/engine/BrowserPane.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QPointer>
 #include <QUrl>
 #include <QVariant>
@@ -23,11 +27,70 @@ void Ask(QWebEnginePage& page, const QObject* owner, const QString& script,
 
 } // namespace
 
-void PageReader::ReadText(QWebEnginePage& page, const QObject* owner,
-                          std::function<void(const QString&)> then) {
-    page.toPlainText([guard = QPointer(owner), then = std::move(then)](const QString& text) {
-        if (guard)
-            then(text);
+void PageReader::ReadText(const BrowserPane& pane, std::function<void(const QString&)> then) {
+    const auto ask = [&](QWebEnginePage& page) {
+        page.toPlainText([guard = QPointer(&pane), then](const QString& text) {
+            if (guard)
+                then(text);
+        });
+    };
+    if (!pane.AskPage(ask))
+        then({});
+}
+
+// A name that two elements have is none; without a name the place among its like tells one.
+void PageReader::ReadMark(const BrowserPane& pane, std::function<void(const QString&)> then) {
+    const QString script =
+        u"(() => {"
+        "  const marked = getSelection();"
+        "  if (!marked.rangeCount || marked.isCollapsed) return '';"
+        "  let node = marked.getRangeAt(0).commonAncestorContainer;"
+        "  if (node.nodeType !== Node.ELEMENT_NODE) node = node.parentElement;"
+        "  const steps = [];"
+        "  for (; node && node !== document.documentElement; node = node.parentElement) {"
+        "    const name = '#' + CSS.escape(node.id);"
+        "    if (node.id && document.querySelectorAll(name).length === 1) {"
+        "      steps.unshift(name);"
+        "      break"
+        "    }"
+        "    let place = 1;"
+        "    for (let e = node.previousElementSibling; e; e = e.previousElementSibling)"
+        "      place += e.localName === node.localName ? 1 : 0;"
+        "    steps.unshift(CSS.escape(node.localName) + ':nth-of-type(' + place + ')')"
+        "  }"
+        "  return steps.join(' > ')"
+        "})()"_s;
+    const auto ask = [&](QWebEnginePage& page) {
+        page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                           [guard = QPointer(&pane), then](const QVariant& answer) {
+                               if (guard)
+                                   then(answer.toString());
+                           });
+    };
+    if (!pane.AskPage(ask))
+        then({});
+}
+
+// The selector holds what a page chose for a name: it is handed over as data, not as script.
+void PageReader::ReadPart(const BrowserPane& pane, const QString& part,
+                          std::function<void(const std::optional<QString>&)> then) {
+    const QString data =
+        QString::fromUtf8(QJsonDocument(QJsonArray{part}).toJson(QJsonDocument::Compact));
+    const QString script = u"(part => {"
+                           "  try {"
+                           "    const found = document.querySelector(part);"
+                           "    return found ? [found.innerText] : []"
+                           "  } catch (nonsense) { return [] }"
+                           "})("_s +
+                           data + u"[0])"_s;
+    pane.AskPage([&](QWebEnginePage& page) {
+        page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                           [guard = QPointer(&pane), then](const QVariant& answer) {
+                               const QVariantList found = answer.toList();
+                               if (guard)
+                                   then(found.isEmpty() ? std::nullopt
+                                                        : std::optional(found.first().toString()));
+                           });
     });
 }
 

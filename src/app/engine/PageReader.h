@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 class QObject;
 class QString;
@@ -8,14 +9,23 @@ class QWebEnginePage;
 
 namespace tallowmere {
 
+class BrowserPane;
+
 /// What a page says about itself when asked. Each function asks at once; `then` is called later,
-/// when the page has answered, and never when `owner` or the page is gone by then. The scripts run
-/// in a world that the page's own cannot reach.
+/// when the page has answered, and never when `owner`, or the pane, or the page is gone by then.
+/// The scripts run in a world that the page's own cannot reach.
 class PageReader {
 public:
-    /// `then` takes the page's text.
-    static void ReadText(QWebEnginePage& page, const QObject* owner,
-                         std::function<void(const QString&)> then);
+    /// `then` takes the text of the page that a pane shows; at once an empty one when it shows
+    /// none.
+    static void ReadText(const BrowserPane& pane, std::function<void(const QString&)> then);
+    /// `then` takes where the smallest element is that holds all that the user marked in the page,
+    /// as a selector of style sheets; an empty one when nothing is marked, or no page shown.
+    static void ReadMark(const BrowserPane& pane, std::function<void(const QString&)> then);
+    /// `then` takes the text of the element there; none when the page has no such element. It is
+    /// not called when no page is shown.
+    static void ReadPart(const BrowserPane& pane, const QString& part,
+                         std::function<void(const std::optional<QString>&)> then);
     /// `then` is called when the page has no content at all.
     static void IfEmpty(QWebEnginePage& page, const QObject* owner, std::function<void()> then);
     /// `then` is called when the page has frames that hold nothing: sites refused to be framed, or

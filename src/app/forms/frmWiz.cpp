@@ -1,6 +1,7 @@
 #include "app/forms/frmWiz.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/forms/ChangeBar.h"
 #include "app/forms/WindowCommands.h"
 
 #include <QAction>
@@ -46,11 +47,18 @@ frmWiz::frmWiz(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
     commands = new WindowCommands(*this, keys, kWatchWindow);
     mnuExport = commands->At("mnuExport");
     mnuPoP->addAction(mnuExport);
+    mnuPoP->addSeparator();
+    mnuChanges = new QMenu(u"&Changes"_s, this);
+    mnuChanges->setObjectName(u"mnuChanges"_s);
+    for (const char* name : {"tellChanges", "markedPart", "showChange"})
+        mnuChanges->addAction(commands->At(name));
+    mnuPoP->addMenu(mnuChanges);
     connect(commands->Offer("closeTab"), &QAction::triggered, this, &QWidget::close);
 
     Web = new BrowserPane(profile, prompts, this);
     Web->setObjectName(u"Web"_s);
     Web->setAccessibleName(u"Watched page"_s);
+    barChange = new ChangeBar(this);
     lblTimes = new QLabel(this);
     lblTimes->setObjectName(u"lblTimes"_s);
     lblTimes->setTextFormat(Qt::PlainText);
@@ -68,9 +76,18 @@ void frmWiz::Arrange() {
     exportButton->setFocusPolicy(Qt::TabFocus);
     exportButton->setAccessibleName(mnuExport->text());
 
+    auto* changes = new QToolButton(this);
+    changes->setObjectName(u"cmdChanges"_s);
+    changes->setText(u"Changes"_s);
+    changes->setAccessibleName(u"Changes"_s);
+    changes->setMenu(mnuChanges);
+    changes->setPopupMode(QToolButton::InstantPopup);
+    changes->setFocusPolicy(Qt::TabFocus);
+
     auto* address = new QHBoxLayout;
     address->addWidget(Text1, 1);
     address->addWidget(cmdSubmit);
+    address->addWidget(changes);
     auto* line = new QHBoxLayout;
     line->addWidget(secondsLabel);
     line->addWidget(txtsecs);
@@ -79,6 +96,7 @@ void frmWiz::Arrange() {
     auto* all = new QVBoxLayout(this);
     all->addLayout(address);
     all->addWidget(Web, 1);
+    all->addWidget(barChange);
     all->addLayout(line);
     const int margin = all->spacing();
     all->setContentsMargins(margin, margin, margin, margin);

@@ -10,6 +10,7 @@ class QPushButton;
 namespace tallowmere {
 
 class BrowserPane;
+class ChangeBar;
 class CommandKeys;
 class EngineProfile;
 class Prompts;
@@ -25,8 +26,10 @@ public:
     QLineEdit* txtsecs; ///< seconds between two loads
     QPushButton* cmdSubmit;
     BrowserPane* Web;
+    ChangeBar* barChange;
     QLabel* lblTimes; ///< when the page was loaded, and when it will be again
     QMenu* mnuPoP;
+    QMenu* mnuChanges;
     QAction* mnuExport;
     WindowCommands* commands;
 

@@ -4,6 +4,7 @@
 #include "app/base/PdfMarks.h"
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
+#include "app/engine/PageReader.h"
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 #include "core/text/files.h"
@@ -164,7 +165,7 @@ void PagePrinting::SavePage() {
                 [this, path = *path](const QByteArray& pdf) { Write(path, pdf); });
         break;
     case SavedForm::Text:
-        pane->ReadText([guard = QPointer(this), path = *path](const QString& text) {
+        PageReader::ReadText(*pane, [guard = QPointer(this), path = *path](const QString& text) {
             if (guard)
                 QMetaObject::invokeMethod(
                     guard, [guard, path, text] { guard->Write(path, text.toUtf8()); },

@@ -5,8 +5,10 @@
 #include "app/base/QtText.h"
 #include "app/base/modMain.h"
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PageReader.h"
 #include "app/forms/WindowCommands.h"
 #include "app/forms/frmWiz.h"
+#include "app/market/ChangeWatch.h"
 #include "core/market/watch.h"
 #include "core/market/watch_page.h"
 #include "core/shell/settings_store.h"
@@ -79,7 +81,7 @@ void ConnectPageCommands(const WindowCommands& commands, BrowserPane& pane) {
 WatchWindow::WatchWindow(frmWiz& form, SettingsStore& settings, Prompts& prompts,
                          const Clock& clock, const std::string& target, int step)
     : QObject(&form), m_form(form), m_settings(settings), m_prompts(prompts), m_clock(clock),
-      m_step(step) {
+      m_step(step), m_changes(new ChangeWatch(form, clock)) {
     form.setMinimumSize(PixelsFromTwips(kWatchMinimumWidth), PixelsFromTwips(kWatchMinimumHeight));
     Place();
     form.txtsecs->setText(ToQt(kDefaultWatchSeconds));
@@ -166,6 +168,7 @@ void WatchWindow::OnLoaded(bool isLoaded) {
         return;
     m_loaded = m_clock.Now().time();
     ShowTimes();
+    m_changes->Loaded();
 }
 
 void WatchWindow::ShowTimes() {
@@ -193,7 +196,7 @@ void WatchWindow::Export() {
     if (!guard || !path)
         return;
     // The engine calls back: what is done with the text, and may fail, comes after its call.
-    m_form.Web->ReadText([guard, path = *path](const QString& text) {
+    PageReader::ReadText(*m_form.Web, [guard, path = *path](const QString& text) {
         if (guard)
             QMetaObject::invokeMethod(
                 guard, [guard, path, text] { guard->Write(path, text); }, Qt::QueuedConnection);

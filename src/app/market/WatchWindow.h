@@ -8,6 +8,7 @@
 
 namespace tallowmere {
 
+class ChangeWatch;
 class Clock;
 class Prompts;
 class SettingsStore;
@@ -25,6 +26,8 @@ public:
     int Step() const { return m_step; }
     /// The caption that it was opened with.
     const std::string& Caption() const { return m_caption; }
+
+    ChangeWatch& Changes() { return *m_changes; }
 
     /// Begins a wait of so many seconds, and one more: until it is over, or the window closes, the
     /// page stays as it is. The window stays alive, and so do all others: the waits of many windows
@@ -55,6 +58,7 @@ private:
     int m_seconds = 0;
     int m_step;
     bool m_stop = false;
+    ChangeWatch* m_changes;
 };
 
 } // namespace tallowmere

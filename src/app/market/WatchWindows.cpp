@@ -6,6 +6,7 @@
 #include "app/forms/frmMain.h"
 #include "app/forms/frmWiz.h"
 #include "app/links/LinkDispatch.h"
+#include "app/market/ChangeWatch.h"
 #include "app/market/WatchWindow.h"
 #include "core/market/watch.h"
 #include "core/shell/settings_store.h"
@@ -48,18 +49,21 @@ frmWiz* WatchWindows::CreateWiz(const QString& target) {
 std::vector<KeptWatch> WatchWindows::Kept() const {
     std::vector<KeptWatch> watches;
     for (const QPointer<frmWiz>& window : m_windows) {
-        const auto* watch = window ? window->findChild<WatchWindow*>() : nullptr;
+        auto* watch = window ? window->findChild<WatchWindow*>() : nullptr;
         const std::string address = watch ? FromQt(window->Text1->text()) : std::string();
         if (!address.empty() && watches.size() < kMostKept)
-            watches.push_back({watch->Caption(), address, FromQt(window->txtsecs->text())});
+            watches.push_back({watch->Caption(), address, FromQt(window->txtsecs->text()),
+                               watch->Changes().IsOn(), FromQt(watch->Changes().Part())});
     }
     return watches;
 }
 
 void WatchWindows::Restore(const std::vector<KeptWatch>& watches) {
-    for (const KeptWatch& watch : std::span(watches).first(std::min(watches.size(), kMostKept)))
-        CreateWiz(ToQt(JoinWatchTarget(watch.caption, watch.address)))
-            ->txtsecs->setText(ToQt(SettledSeconds(watch.seconds)));
+    for (const KeptWatch& watch : std::span(watches).first(std::min(watches.size(), kMostKept))) {
+        frmWiz* window = CreateWiz(ToQt(JoinWatchTarget(watch.caption, watch.address)));
+        window->txtsecs->setText(ToQt(SettledSeconds(watch.seconds)));
+        window->findChild<WatchWindow*>()->Changes().Watch(watch.tellsChanges, ToQt(watch.part));
+    }
 }
 
 void WatchWindows::CloseAll() {

@@ -117,6 +117,9 @@ constexpr CommandRow kCommands[] = {
     {"shortcuts",         "&Keyboard Shortcuts...",    Help,      1, Plain,     kMain,    kNoLink, "",                     "list and change the shortcuts"},
     {"about",             "&About Tallowmere",         Help,      1, Plain,     kMain,    kNoLink, "",                     "versions and licences"},
     {"mnuExport",         "Export to File",            None,      1, Plain,     kWatchWindow, kNoLink, "Ctrl+S",           "save the watched page"},
+    {"tellChanges",       "Tell of &Changes",          None,      1, Checkable, kWatchWindow, kNoLink, "Ctrl+T",           "tell when the watched page changed, or not"},
+    {"markedPart",        "Only the &Marked Part",     None,      1, Checkable, kWatchWindow, kNoLink, "Ctrl+M",           "watch only what is marked in the page, or all"},
+    {"showChange",        "&Show What Changed...",     None,      1, Plain,     kWatchWindow, kNoLink, "Ctrl+D",           "show what changed in the watched page"},
 };
 // clang-format on
 

@@ -31,6 +31,8 @@ void SaveKeptPages(SettingsStore& settings, const KeptPages& pages) {
         values.emplace_back(Key("Watch", n + 1), pages.watches[n].address);
         values.emplace_back(Key("WatchTitle", n + 1), pages.watches[n].caption);
         values.emplace_back(Key("WatchSeconds", n + 1), pages.watches[n].seconds);
+        values.emplace_back(Key("WatchTells", n + 1), FromBoolean(pages.watches[n].tellsChanges));
+        values.emplace_back(Key("WatchPart", n + 1), pages.watches[n].part);
     }
     settings.SaveSettings(kPagesSection, values);
 }
@@ -53,8 +55,9 @@ KeptPages ReadKeptPages(const SettingsStore& settings) {
         const std::string address = text(Key("Watch", n));
         if (address.empty())
             break;
-        pages.watches.push_back(
-            {text(Key("WatchTitle", n)), address, text(Key("WatchSeconds", n))});
+        pages.watches.push_back({text(Key("WatchTitle", n)), address, text(Key("WatchSeconds", n)),
+                                 text(Key("WatchTells", n)) == FromBoolean(true),
+                                 text(Key("WatchPart", n))});
     }
     return pages;
 }

@@ -17,11 +17,13 @@ struct KeptPage {
     friend bool operator==(const KeptPage&, const KeptPage&) = default;
 };
 
-/// A watch window: its caption, what it loads and how many seconds it waits.
+/// A watch window: its caption, what it loads, how many seconds it waits, whether it tells changes.
 struct KeptWatch {
     std::string caption;
     std::string address;
     std::string seconds;
+    bool tellsChanges = false;
+    std::string part = {}; ///< of the page, in which changes are told; empty for all
     friend bool operator==(const KeptWatch&, const KeptWatch&) = default;
 };
 

@@ -117,7 +117,7 @@ std::vector<SettingProblem> CheckSettings(const SettingsStore& store) {
             problems.push_back({std::string(section), key, std::move(value), std::move(problem)});
     };
     for (const SettingKey& row : kSettingKeys) {
-        if (row.kind == SettingKind::Text)
+        if (row.kind == SettingKind::Text) // as are all that are numbered without an end
             continue;
         const std::string prefix(row.prefix);
         for (int number = row.first; number <= row.last; ++number)

@@ -66,6 +66,8 @@ inline constexpr SettingKey kSettingKeys[] = {
     {"Pages",    "Watch",         1, kNoLastNumber, SettingKind::Text, "",          "address in watch window n"},
     {"Pages",    "WatchTitle",    1, kNoLastNumber, SettingKind::Text, "",          "ticker of watch window n"},
     {"Pages",    "WatchSeconds",  1, kNoLastNumber, SettingKind::Text, "",          "seconds that watch window n waits"},
+    {"Pages",    "WatchTells",    1, kNoLastNumber, SettingKind::Text, "",          "True when watch window n tells of changes of its page"},
+    {"Pages",    "WatchPart",     1, kNoLastNumber, SettingKind::Text, "",          "the part of the page that watch window n looks at, as a selector of style sheets; empty for all of it"},
     {"frmMain",  "Top",           0,   0, SettingKind::Single,    "50",             "window position in twips"},
     {"frmMain",  "Left",          0,   0, SettingKind::Single,    "50",             "window position in twips"},
     {"frmMain",  "Height",        0,   0, SettingKind::Single,    "8500",           "window height in twips"},

@@ -1,6 +1,7 @@
 #include "app/links/PagePrinting.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PageReader.h"
 #include "app/forms/frmPreview.h"
 #include "app/links/LinkControllers.h"
 #include "app/links/PaneDeck.h"
@@ -192,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(bench.Open());
         // The page is whole and has been asked for its text: its script is over.
         bool isRead = false;
-        bench.Form().Web->ReadText([&](const QString&) { isRead = true; });
+        PageReader::ReadText(*bench.Form().Web, [&](const QString&) { isRead = true; });
         QVERIFY(Await([&] { return isRead; }));
         QCOMPARE(bench.prompts.messages, QStringList());
         QVERIFY(!QFile::exists(bench.File("paper.pdf")));

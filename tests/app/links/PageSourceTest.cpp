@@ -1,6 +1,7 @@
 #include "app/links/PageSource.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PageReader.h"
 #include "app/engine/SourcePages.h"
 #include "app/links/PaneDeck.h"
 #include "app/links/PaneTabs.h"
@@ -46,7 +47,7 @@ struct Bench {
     QString TextOf(BrowserPane& pane) {
         QString text;
         bool isThere = false;
-        pane.ReadText([&](const QString& read) {
+        PageReader::ReadText(pane, [&](const QString& read) {
             text = read;
             isThere = true;
         });

@@ -1,4 +1,5 @@
 #include "app/engine/BrowserPane.h"
+#include "app/engine/PageReader.h"
 #include "app/engine/PaneWait.h"
 #include "app/forms/StripPanel.h"
 #include "app/market/IndexStrip.h"
@@ -319,7 +320,7 @@ private Q_SLOTS:
         BrowserPane* strip = window.Form().WebTick;
         WaitWhileBusy(*strip);
         QString text;
-        strip->ReadText([&](const QString& shown) { text = shown; });
+        PageReader::ReadText(*strip, [&](const QString& shown) { text = shown; });
         QTRY_VERIFY2(text.contains(u"MSFT "_s + PriceText(Host::Cnbc)), qUtf8Printable(text));
         QVERIFY(text.contains(u"^IXIC "_s + PriceText(Host::Cnbc)));
     }

@@ -17,11 +17,12 @@ TEST(KeptPages, NothingWasKeptAtFirst) {
 
 TEST(KeptPages, WhatWasOpenComesBack) {
     const TemporaryFolder folder;
-    const KeptPages pages{"http://h/one?a=1&b=2",
-                          "http://broker/",
-                          3,
-                          {{"http://h/two", "Two; \"quoted\" = 2"}, {"http://h/three", ""}},
-                          {{"MSFT", "h/q?s=msft", "90"}, {"", "h/x|y", "60"}}};
+    const KeptPages pages{
+        "http://h/one?a=1&b=2",
+        "http://broker/",
+        3,
+        {{"http://h/two", "Two; \"quoted\" = 2"}, {"http://h/three", ""}},
+        {{"MSFT", "h/q?s=msft", "90", true, "#a > td:nth-of-type(2)"}, {"", "h/x|y", "60"}}};
     {
         SettingsStore settings(folder.Path() / "settings.ini");
         SaveKeptPages(settings, pages);
@@ -46,8 +47,10 @@ TEST(KeptPages, AShorterListTakesThePlaceOfALongerOne) {
 TEST(KeptPages, ADamagedPlaceIsTheFirstOne) {
     const TemporaryFolder folder;
     SettingsStore settings(folder.Path() / "settings.ini");
-    SaveKeptPages(settings, {"a", "", 2, {{"1", ""}}, {}});
+    SaveKeptPages(settings, {"a", "", 2, {{"1", ""}}, {{"w", "x", "60", true, "p"}}});
     settings.SaveSetting(kPagesSection, "Front", "second");
+    settings.SaveSetting(kPagesSection, "WatchTells1", "perhaps");
+    EXPECT_FALSE(ReadKeptPages(settings).watches.at(0).tellsChanges);
     EXPECT_EQ(ReadKeptPages(settings).front, 0);
     EXPECT_EQ(ReadKeptPages(settings).first, "a");
 }
