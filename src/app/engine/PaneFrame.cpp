@@ -24,18 +24,11 @@
 #include <QWebEngineHistory>
 #include <QWheelEvent>
 
-#include <cmath>
 #include <utility>
 
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr double kSameFactor = 0.001; // the engine reckons in levels
-
-} // namespace
 
 PaneFrame::PaneFrame(SiteZooms& zooms, SourcePages& sources, FindText& finding, QWidget* parent)
     : QWidget(parent), m_notice(new PaneNotice(this)), m_findBar(new FindBar(finding, this)),
@@ -238,8 +231,8 @@ void PaneFrame::UseZoomOf(const QUrl& page) {
         m_hasLocation ? ZoomSite(FromQt(page.scheme()), FromQt(page.host())) : std::string();
     if (std::exchange(m_site, site) != site)
         ReadZoom();
-    // Each process that shows pages begins with the size of its own.
-    else if (m_view && std::abs(m_view->zoomFactor() - m_zoom.Factor()) > kSameFactor)
+    // Each process that shows pages begins with a size of its own, which the engine does not tell.
+    else if (m_view)
         m_view->setZoomFactor(m_zoom.Factor());
 }
 
