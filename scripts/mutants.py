@@ -111,7 +111,7 @@ def run(*command, seconds=None, directory=ROOT):
 def copy_tree():
     """What the core and its tests need, copied; what did not change keeps its time."""
     listed = run("git", "ls-files", "--cached", "--others", "--exclude-standard", "CMakeLists.txt",
-                 "cmake", "src/core", "tests", "data", "docs", "scripts").stdout.split("\n")
+                 "bench", "cmake", "src/core", "tests", "data", "docs", "scripts").stdout.split("\n")
     wanted = {name for name in listed if name and (ROOT / name).is_file()}
     for name in wanted:
         source, target = ROOT / name, TREE / name

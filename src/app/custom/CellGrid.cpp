@@ -1,6 +1,7 @@
 #include "app/custom/CellGrid.h"
 
 #include "app/engine/BrowserPane.h"
+#include "app/forms/ElidedLabel.h"
 #include "core/custom/multi_link.h"
 
 #include <QLabel>
@@ -25,12 +26,8 @@ constexpr int kStepsOfARow = 10; // of the wheel and the arrow keys
 PageCell::PageCell(int number, const QString& address, QWidget* parent)
     : QWidget(parent), m_address(address), m_waiting(new QLabel(u"Loads when in view"_s, this)) {
     setObjectName(u"cell"_s + QString::number(number));
-    auto* line = new QLabel(address, this);
+    auto* line = new ElidedLabel(address, this);
     line->setObjectName(u"address"_s);
-    line->setTextFormat(Qt::PlainText);
-    line->setToolTip(address.toHtmlEscaped());
-    line->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* alone = new QPushButton(u"Open alone"_s, this);
     alone->setAccessibleName(alone->text());
     alone->setAccessibleDescription(address);

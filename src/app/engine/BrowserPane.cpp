@@ -309,7 +309,7 @@ void BrowserPane::OnWindowWanted(const QUrl& url, bool isInFront) {
 }
 
 QString BrowserPane::Title() const {
-    return m_page && IsPageShown() && !LocationURL().isEmpty() ? m_page->title() : QString();
+    return LocationURL().isEmpty() ? QString() : PaneFrame::Title();
 }
 
 // The address that was built says http; only the way to it is tried by https first. What a form

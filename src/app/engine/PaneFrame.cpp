@@ -1,5 +1,6 @@
 #include "app/engine/PaneFrame.h"
 
+#include "app/base/PortalAddress.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
 #include "app/engine/FindBar.h"
@@ -102,13 +103,16 @@ bool PaneFrame::HasPage() const {
     return m_view && IsPageShown() && m_view->history()->count() > 0;
 }
 
-// Without a title of its own the engine takes a page's address.
+// Without a title of its own the engine takes a page's address, with or without its scheme; that of
+// a page of ours says nothing to anybody.
 QString PaneFrame::Title() const {
     if (!HasPage())
         return {};
     const QString title = m_view->title();
-    const QString address = m_view->url().toString();
-    return address.endsWith(title) ? QString() : title;
+    const QUrl url = m_view->url();
+    const bool isOwn = title.startsWith(PortalAddress::Scheme() + u"://"_s);
+    const bool isAddress = title.contains(url.host()) && url.toString().endsWith(title);
+    return isOwn || isAddress ? QString() : title;
 }
 
 void PaneFrame::WritePdf(const QPageLayout& layout,

@@ -1,8 +1,9 @@
 #include "app/forms/ChangeBar.h"
 
+#include "app/forms/ElidedLabel.h"
+
 #include <QAccessible>
 #include <QBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QToolTip>
 
@@ -23,12 +24,9 @@ ChangeBar::ChangeBar(QWidget* parent) : QFrame(parent) {
     setAutoFillBackground(true);
     setPalette(QToolTip::palette());
     setBackgroundRole(QPalette::ToolTipBase);
-    m_words = new QLabel(this);
+    m_words = new ElidedLabel({}, this);
     m_words->setObjectName(u"lblChange"_s);
-    m_words->setTextFormat(Qt::PlainText);
     m_words->setForegroundRole(QPalette::ToolTipText);
-    // A narrow window keeps its buttons in view.
-    m_words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_show = new QPushButton(u"Sho&w"_s, this);
     m_show->setObjectName(u"cmdShowChange"_s);
     m_show->setAccessibleName(u"Show"_s);
@@ -51,7 +49,6 @@ QString ChangeBar::Words() const {
 
 void ChangeBar::Tell(const QString& words, bool hasMore) {
     m_words->setText(words);
-    m_words->setToolTip(words);
     m_show->setVisible(hasMore);
     show();
     QAccessibleEvent alert(m_words, QAccessible::Alert);

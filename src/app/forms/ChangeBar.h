@@ -2,10 +2,11 @@
 
 #include <QFrame>
 
-class QLabel;
 class QPushButton;
 
 namespace tallowmere {
+
+class ElidedLabel;
 
 /// The bar of a watch window that says that its page changed.
 class ChangeBar : public QFrame {
@@ -21,7 +22,7 @@ Q_SIGNALS:
     void ShowWanted();
 
 private:
-    QLabel* m_words;
+    ElidedLabel* m_words;
     QPushButton* m_show;
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/engine/BrowserPane.h"
 #include "app/forms/ChangeBar.h"
+#include "app/forms/ElidedLabel.h"
 #include "app/forms/WindowCommands.h"
 
 #include <QAction>
@@ -59,11 +60,8 @@ frmWiz::frmWiz(EngineProfile& profile, Prompts& prompts, CommandKeys& keys)
     Web->setObjectName(u"Web"_s);
     Web->setAccessibleName(u"Watched page"_s);
     barChange = new ChangeBar(this);
-    lblTimes = new QLabel(this);
+    lblTimes = new ElidedLabel({}, this);
     lblTimes->setObjectName(u"lblTimes"_s);
-    lblTimes->setTextFormat(Qt::PlainText);
-    // The line yields: it must not keep the window from being made small.
-    lblTimes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     Arrange();
 }
 

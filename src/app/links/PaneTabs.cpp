@@ -6,6 +6,9 @@
 #include "app/forms/frmMain.h"
 #include "app/links/PaneDeck.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <utility>
 
@@ -112,7 +115,11 @@ int PaneTabs::FrontIndex() const {
 QString PaneTabs::CaptionOf(const BrowserPane* pane) const {
     if (const auto waiting = m_waiting.constFind(pane); waiting != m_waiting.cend())
         return waiting->caption.isEmpty() ? waiting->address : waiting->caption;
-    for (const QString& text : {pane->Title(), pane->LocationURL()})
+    const QString location = pane->LocationURL();
+    // Of a page in the program's folder the name says enough.
+    const QString place =
+        QDir::isAbsolutePath(location) ? QFileInfo(location).fileName() : location;
+    for (const QString& text : {pane->Title(), place})
         if (!text.isEmpty())
             return text;
     return pane->accessibleName();

@@ -177,7 +177,6 @@ void WatchWindow::ShowTimes() {
         m_loaded.isNull() ? tr("Not loaded yet") : tr("Loaded %1").arg(text(m_loaded));
     const QTime due = m_began.addSecs(m_seconds + 1).time();
     m_form.lblTimes->setText(tr("%1, due again %2").arg(loaded, text(due)));
-    m_form.lblTimes->setToolTip(m_form.lblTimes->text()); // of a window too small to show it all
 }
 
 void WatchWindow::Stop() {

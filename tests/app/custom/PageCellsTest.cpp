@@ -297,6 +297,8 @@ private Q_SLOTS:
             {}, Qt::FindDirectChildrenOnly);
         QTRY_VERIFY_WITH_TIMEOUT(cells->Grid() && cells->Header(), kPatience);
         QVERIFY(bench.Grid());
+        // Its page has no title; the tab says which file it is.
+        QTRY_COMPARE(bench.session.Form().tabRow->tabText(1), u"multiweb.html"_s);
     }
 
     void ACellIsOpenedAlone() {
