@@ -9,11 +9,9 @@
 
 namespace tallowmere {
 
-namespace {
-
-DownloadProblem ProblemOf(QWebEngineDownloadRequest::DownloadInterruptReason reason) {
+DownloadProblem Download::ProblemOf(const QWebEngineDownloadRequest& request) {
     using Request = QWebEngineDownloadRequest;
-    switch (reason) {
+    switch (request.interruptReason()) {
     case Request::FileNoSpace:
         return DownloadProblem::DiskFull;
     case Request::FileAccessDenied:
@@ -50,6 +48,8 @@ DownloadProblem ProblemOf(QWebEngineDownloadRequest::DownloadInterruptReason rea
         return DownloadProblem::Unknown;
     }
 }
+
+namespace {
 
 // What was saved is nothing to run, whatever it is called.
 void TakeAwayRightToRun(const QString& path) {
@@ -131,7 +131,7 @@ void Download::OnState() {
         End(DownloadState::Cancelled);
         break;
     case QWebEngineDownloadRequest::DownloadInterrupted:
-        m_problem = ProblemOf(m_request->interruptReason());
+        m_problem = ProblemOf(*m_request);
         // The engine has no word for less than was announced.
         if (m_problem == DownloadProblem::Unknown && m_request->receivedBytes() < m_total)
             m_problem = DownloadProblem::ConnectionLost;

@@ -20,6 +20,9 @@ public:
     /// once more gives the same file.
     Download(const QString& path, bool isRepeatable, QObject* parent);
 
+    /// Why the engine broke a request off.
+    static DownloadProblem ProblemOf(const QWebEngineDownloadRequest& request);
+
     /// What the engine does is this file from now on; it begins to save it.
     void Follow(QWebEngineDownloadRequest& request);
 

@@ -70,8 +70,8 @@ void DownloadList::FollowPage(QWebEngineDownloadRequest& request) {
         const QString name = request.downloadFileName();
         if (request.state() == QWebEngineDownloadRequest::DownloadCompleted)
             Q_EMIT Status(tr("Saved %1").arg(name));
-        else
-            Q_EMIT Status(tr("%1 was not saved: %2").arg(name, request.interruptReasonString()));
+        else // not in the engine's words: it may have none while it ends, and break down over it
+            TellUnsaved(name, Download::ProblemOf(request));
     });
     request.accept();
     Q_EMIT Status(tr("Saving %1").arg(request.downloadFileName()));
@@ -120,10 +120,13 @@ void DownloadList::OnEnded(Download& download) {
     if (facts.state == DownloadState::Saved)
         Q_EMIT Status(tr("Saved %1").arg(download.Name()));
     else
-        Q_EMIT Status(
-            tr("%1 was not saved: %2")
-                .arg(download.Name(), ToQt(std::string(DownloadProblemText(facts.problem)))));
+        TellUnsaved(download.Name(), facts.problem);
     Q_EMIT Ended(&download);
+}
+
+void DownloadList::TellUnsaved(const QString& name, DownloadProblem problem) {
+    Q_EMIT Status(
+        tr("%1 was not saved: %2").arg(name, ToQt(std::string(DownloadProblemText(problem)))));
 }
 
 void DownloadList::TryAgain(Download& download) {

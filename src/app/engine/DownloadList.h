@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/pages/download_text.h"
+
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -47,6 +49,7 @@ private:
     void Ask(QWebEngineDownloadRequest& request);
     void FollowPage(QWebEngineDownloadRequest& request);
     void Add(const QString& path, QWebEngineDownloadRequest& request);
+    void TellUnsaved(const QString& name, DownloadProblem problem);
     void OnEnded(Download& download);
     void StopAsking(const Download& download);
 

@@ -25,21 +25,29 @@ void Ask(QWebEnginePage& page, const QObject* owner, const QString& script,
                        });
 }
 
+/// Calls `then` when the engine is done: it also calls back while a page, and the window around it,
+/// goes.
+template <typename Value>
+void Deliver(const QPointer<BrowserPane>& pane, const std::function<void(const Value&)>& then,
+             const Value& value) {
+    if (pane)
+        QMetaObject::invokeMethod(
+            pane, [then, value] { then(value); }, Qt::QueuedConnection);
+}
+
 } // namespace
 
-void PageReader::ReadText(const BrowserPane& pane, std::function<void(const QString&)> then) {
+void PageReader::ReadText(BrowserPane& pane, std::function<void(const QString&)> then) {
     const auto ask = [&](QWebEnginePage& page) {
-        page.toPlainText([guard = QPointer(&pane), then](const QString& text) {
-            if (guard)
-                then(text);
-        });
+        page.toPlainText(
+            [guard = QPointer(&pane), then](const QString& text) { Deliver(guard, then, text); });
     };
     if (!pane.AskPage(ask))
-        then({});
+        Deliver(QPointer(&pane), then, QString());
 }
 
 // A name that two elements have is none; without a name the place among its like tells one.
-void PageReader::ReadMark(const BrowserPane& pane, std::function<void(const QString&)> then) {
+void PageReader::ReadMark(BrowserPane& pane, std::function<void(const QString&)> then) {
     const QString script =
         u"(() => {"
         "  const marked = getSelection();"
@@ -63,16 +71,15 @@ void PageReader::ReadMark(const BrowserPane& pane, std::function<void(const QStr
     const auto ask = [&](QWebEnginePage& page) {
         page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
                            [guard = QPointer(&pane), then](const QVariant& answer) {
-                               if (guard)
-                                   then(answer.toString());
+                               Deliver(guard, then, answer.toString());
                            });
     };
     if (!pane.AskPage(ask))
-        then({});
+        Deliver(QPointer(&pane), then, QString());
 }
 
 // The selector holds what a page chose for a name: it is handed over as data, not as script.
-void PageReader::ReadPart(const BrowserPane& pane, const QString& part,
+void PageReader::ReadPart(BrowserPane& pane, const QString& part,
                           std::function<void(const std::optional<QString>&)> then) {
     const QString data =
         QString::fromUtf8(QJsonDocument(QJsonArray{part}).toJson(QJsonDocument::Compact));
@@ -87,9 +94,9 @@ void PageReader::ReadPart(const BrowserPane& pane, const QString& part,
         page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
                            [guard = QPointer(&pane), then](const QVariant& answer) {
                                const QVariantList found = answer.toList();
-                               if (guard)
-                                   then(found.isEmpty() ? std::nullopt
-                                                        : std::optional(found.first().toString()));
+                               Deliver(guard, then,
+                                       found.isEmpty() ? std::optional<QString>()
+                                                       : std::optional(found.first().toString()));
                            });
     });
 }

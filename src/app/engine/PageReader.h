@@ -12,19 +12,18 @@ namespace tallowmere {
 class BrowserPane;
 
 /// What a page says about itself when asked. Each function asks at once; `then` is called later,
-/// when the page has answered, and never when `owner`, or the pane, or the page is gone by then.
-/// The scripts run in a world that the page's own cannot reach.
+/// when the page has answered, and never when `owner`, or the pane, is gone by then. The scripts
+/// run in a world that the page's own cannot reach.
 class PageReader {
 public:
-    /// `then` takes the text of the page that a pane shows; at once an empty one when it shows
-    /// none.
-    static void ReadText(const BrowserPane& pane, std::function<void(const QString&)> then);
+    /// `then` takes the text of the page that a pane shows, an empty one when it shows none.
+    static void ReadText(BrowserPane& pane, std::function<void(const QString&)> then);
     /// `then` takes where the smallest element is that holds all that the user marked in the page,
     /// as a selector of style sheets; an empty one when nothing is marked, or no page shown.
-    static void ReadMark(const BrowserPane& pane, std::function<void(const QString&)> then);
-    /// `then` takes the text of the element there; none when the page has no such element. It is
+    static void ReadMark(BrowserPane& pane, std::function<void(const QString&)> then);
+    /// `then` takes the text of the element there, none when the page has no such element. It is
     /// not called when no page is shown.
-    static void ReadPart(const BrowserPane& pane, const QString& part,
+    static void ReadPart(BrowserPane& pane, const QString& part,
                          std::function<void(const std::optional<QString>&)> then);
     /// `then` is called when the page has no content at all.
     static void IfEmpty(QWebEnginePage& page, const QObject* owner, std::function<void()> then);

@@ -8,6 +8,9 @@
 #include <QTextCursor>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <span>
+
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
@@ -16,6 +19,7 @@ namespace {
 
 constexpr int kCharacters = 70;
 constexpr int kLines = 20;
+constexpr std::size_t kMostShown = 2'000; ///< lines; nobody reads more, and each takes its time
 // The signs say the same to who sees no colours.
 constexpr QRgb kNewOnLight = 0xFFD9F2D9, kGoneOnLight = 0xFFFADBD8;
 constexpr QRgb kNewOnDark = 0xFF1E4620, kGoneOnDark = 0xFF5A1E1E;
@@ -46,7 +50,8 @@ void frmChange::Show(const std::vector<ChangedLine>& lines) {
     txtChange->clear();
     QTextCursor cursor(txtChange->document());
     bool isFirst = true;
-    for (const ChangedLine& line : lines) {
+    const std::size_t shown = std::min(lines.size(), kMostShown);
+    for (const ChangedLine& line : std::span(lines).first(shown)) {
         QTextBlockFormat block;
         block.setBackground(QColor::fromRgb(line.isNew ? isDark ? kNewOnDark : kNewOnLight
                                             : isDark   ? kGoneOnDark
@@ -57,6 +62,10 @@ void frmChange::Show(const std::vector<ChangedLine>& lines) {
             cursor.insertBlock(block);
         isFirst = false;
         cursor.insertText((line.isNew ? u"+ "_s : u"- "_s) + ToQt(line.text));
+    }
+    if (shown < lines.size()) {
+        cursor.insertBlock(QTextBlockFormat());
+        cursor.insertText(u"... and %1 more"_s.arg(lines.size() - shown));
     }
     txtChange->moveCursor(QTextCursor::Start);
 }

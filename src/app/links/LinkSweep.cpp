@@ -9,6 +9,8 @@
 #include "app/links/PaneTabs.h"
 #include "app/links/RecordingState.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 namespace tallowmere {
@@ -81,9 +83,8 @@ void LinkSweep::GoOn() {
 }
 
 void LinkSweep::OpenFor(const QString& ticker) {
-    m_isOpening = true;
+    const QScopedValueRollback opening(m_isOpening, true);
     m_panel.Open(m_link, PagePlace::BackTab, ticker);
-    m_isOpening = false;
 }
 
 void LinkSweep::Await(BrowserPane* pane) {

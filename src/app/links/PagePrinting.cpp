@@ -167,9 +167,7 @@ void PagePrinting::SavePage() {
     case SavedForm::Text:
         PageReader::ReadText(*pane, [guard = QPointer(this), path = *path](const QString& text) {
             if (guard)
-                QMetaObject::invokeMethod(
-                    guard, [guard, path, text] { guard->Write(path, text.toUtf8()); },
-                    Qt::QueuedConnection);
+                guard->Write(path, text.toUtf8());
         });
         break;
     case SavedForm::Complete:

@@ -76,7 +76,8 @@ void ChangeWatch::Loaded() {
 }
 
 void ChangeWatch::Read() {
-    if (!m_isOn || m_form.Web->Busy())
+    // Where a page should be and is not, nothing of it changed.
+    if (!m_isOn || m_form.Web->Busy() || !m_form.Web->AskPage([](QWebEnginePage&) {}))
         return;
     const QPointer guard(this);
     const auto compare = [guard, part = m_part](const std::optional<QString>& text) {

@@ -194,11 +194,9 @@ void WatchWindow::Export() {
                                          tr("Web pages (*.html *.htm);;PDF documents (*.pdf)"));
     if (!guard || !path)
         return;
-    // The engine calls back: what is done with the text, and may fail, comes after its call.
     PageReader::ReadText(*m_form.Web, [guard, path = *path](const QString& text) {
         if (guard)
-            QMetaObject::invokeMethod(
-                guard, [guard, path, text] { guard->Write(path, text); }, Qt::QueuedConnection);
+            guard->Write(path, text);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "app/backup/DatedCopies.h"
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
+#include "app/engine/DownloadList.h"
 #include "app/engine/EngineProfile.h"
 #include "app/engine/SiteZooms.h"
 #include "app/forms/frmMain.h"
@@ -80,6 +81,8 @@ Session::Session(SessionSetup setup)
 // for a page until it ends itself; by then there is nobody left to answer.
 Session::~Session() {
     m_web.SetLatePortal({});
+    // What the pages were saving ends with them; those who would tell of it go as well.
+    m_profile->Downloads().blockSignals(true);
     m_form.reset();
 }
 

@@ -226,6 +226,38 @@ private Q_SLOTS:
                  (QStringList{u"- one"_s, u"+ <b onclick=x><img src=http://127.0.0.1/leak>"_s}));
     }
 
+    void APageThatIsNotThereAnyMoreIsNoChange() {
+        Watcher user("<p>one");
+        user.Trigger("tellChanges");
+        user.Changes().Settle.setInterval(60'000);
+        user.Changes().Loaded();
+        user.server.Serve(u"/watched"_s, {"", CannedPage::Ending::HangUp});
+        user.form->Web->Refresh();
+        QTRY_VERIFY(!user.form->Web->Busy());
+        QVERIFY(user.Changes().Settle.isActive());
+        user.Changes().Settle.start(0);
+        QTRY_VERIFY(!user.Changes().Settle.isActive());
+        QCOMPARE(user.Told(), QString());
+    }
+
+    void TheWindowMayCloseWhileThePageIsRead() {
+        Watcher user("<p>one");
+        user.Changes().Watch(true, {});
+        user.Mark(u"p"_s);
+        user.Command("markedPart")->trigger();
+        user.session.End();
+    }
+
+    void OfVeryManyLinesTheFirstAreShown() {
+        QWidget parent;
+        frmChange dialog(&parent);
+        dialog.Show(std::vector<ChangedLine>(2'500, {true, "x"}));
+        QCOMPARE(dialog.txtChange->document()->blockCount(), 2'001);
+        QCOMPARE(dialog.txtChange->document()->lastBlock().text(), u"... and 500 more"_s);
+        dialog.Show({{false, "y"}});
+        QCOMPARE(dialog.txtChange->toPlainText(), u"- y"_s);
+    }
+
     void ItIsKeptForTheNextStart() {
         Watcher user("<p>one");
         user.Changes().Watch(true, u"#a"_s);
