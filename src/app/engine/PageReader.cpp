@@ -1,5 +1,6 @@
 #include "app/engine/PageReader.h"
 
+#include "app/engine/AnswerLater.h"
 #include "app/engine/BrowserPane.h"
 
 #include <QJsonArray>
@@ -25,25 +26,16 @@ void Ask(QWebEnginePage& page, const QObject* owner, const QString& script,
                        });
 }
 
-/// Calls `then` when the engine is done: it also calls back while a page, and the window around it,
-/// goes.
-template <typename Value>
-void Deliver(const QPointer<BrowserPane>& pane, const std::function<void(const Value&)>& then,
-             const Value& value) {
-    if (pane)
-        QMetaObject::invokeMethod(
-            pane, [then, value] { then(value); }, Qt::QueuedConnection);
-}
-
 } // namespace
 
 void PageReader::ReadText(BrowserPane& pane, std::function<void(const QString&)> then) {
     const auto ask = [&](QWebEnginePage& page) {
-        page.toPlainText(
-            [guard = QPointer(&pane), then](const QString& text) { Deliver(guard, then, text); });
+        page.toPlainText([guard = QPointer(&pane), then](const QString& text) {
+            AnswerLater(guard, then, text);
+        });
     };
     if (!pane.AskPage(ask))
-        Deliver(QPointer(&pane), then, QString());
+        AnswerLater(QPointer(&pane), then, QString());
 }
 
 // A name that two elements have is none; without a name the place among its like tells one.
@@ -71,11 +63,11 @@ void PageReader::ReadMark(BrowserPane& pane, std::function<void(const QString&)>
     const auto ask = [&](QWebEnginePage& page) {
         page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
                            [guard = QPointer(&pane), then](const QVariant& answer) {
-                               Deliver(guard, then, answer.toString());
+                               AnswerLater(guard, then, answer.toString());
                            });
     };
     if (!pane.AskPage(ask))
-        Deliver(QPointer(&pane), then, QString());
+        AnswerLater(QPointer(&pane), then, QString());
 }
 
 // The selector holds what a page chose for a name: it is handed over as data, not as script.
@@ -94,9 +86,10 @@ void PageReader::ReadPart(BrowserPane& pane, const QString& part,
         page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
                            [guard = QPointer(&pane), then](const QVariant& answer) {
                                const QVariantList found = answer.toList();
-                               Deliver(guard, then,
-                                       found.isEmpty() ? std::optional<QString>()
-                                                       : std::optional(found.first().toString()));
+                               AnswerLater(guard, then,
+                                           found.isEmpty()
+                                               ? std::optional<QString>()
+                                               : std::optional(found.first().toString()));
                            });
     });
 }

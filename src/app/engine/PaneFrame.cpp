@@ -3,6 +3,7 @@
 #include "app/base/PortalAddress.h"
 #include "app/base/QtText.h"
 #include "app/base/WebAccess.h"
+#include "app/engine/AnswerLater.h"
 #include "app/engine/FindBar.h"
 #include "app/engine/LocationLine.h"
 #include "app/engine/PageQuestion.h"
@@ -116,11 +117,13 @@ QString PaneFrame::Title() const {
 }
 
 void PaneFrame::WritePdf(const QPageLayout& layout,
-                         std::function<void(const QByteArray&)> receive) const {
+                         std::function<void(const QByteArray&)> receive) {
+    const auto answer = [guard = QPointer(this), receive = std::move(receive)](
+                            const QByteArray& pdf) { AnswerLater(guard, receive, pdf); };
     if (HasPage())
-        m_view->page()->printToPdf(receive, layout);
+        m_view->page()->printToPdf(answer, layout);
     else
-        receive({});
+        answer({});
 }
 
 void PaneFrame::SaveTo(const QString& path, SavedForm form) const {
@@ -130,17 +133,16 @@ void PaneFrame::SaveTo(const QString& path, SavedForm form) const {
                                        : QWebEngineDownloadRequest::CompleteHtmlSaveFormat);
 }
 
-void PaneFrame::KeepSource(const QString& address,
-                           std::function<void(const QString&)> receive) const {
+void PaneFrame::KeepSource(const QString& address, std::function<void(const QString&)> receive) {
     if (!HasPage())
         return;
-    m_view->page()->toHtml([guard = QPointer(this), address,
-                            receive = std::move(receive)](const QString& source) {
-        if (guard)
-            receive(
-                guard->m_sources
-                    .Keep(QByteArray::fromStdString(SourcePage(FromQt(address), FromQt(source))))
-                    .toString());
+    const std::function<void(const QString&)> keep =
+        [this, address, receive = std::move(receive)](const QString& source) {
+            const std::string page = SourcePage(FromQt(address), FromQt(source));
+            receive(m_sources.Keep(QByteArray::fromStdString(page)).toString());
+        };
+    m_view->page()->toHtml([guard = QPointer(this), keep](const QString& source) {
+        AnswerLater(guard, keep, source);
     });
 }
 

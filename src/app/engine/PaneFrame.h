@@ -51,13 +51,13 @@ public:
     QString Title() const;
     /// Gives that page as a PDF document on paper of that layout; empty bytes when the engine
     /// could not make it. `receive` is called later.
-    void WritePdf(const QPageLayout& layout, std::function<void(const QByteArray&)> receive) const;
+    void WritePdf(const QPageLayout& layout, std::function<void(const QByteArray&)> receive);
     /// Saves that page with what it consists of; the profile tells what came of it.
     void SaveTo(const QString& path, SavedForm form) const;
 
     /// Keeps the source of that page, under the name `address`, as a page that panes can show, and
     /// gives the address of it. `receive` is called later, and not when there is no page.
-    void KeepSource(const QString& address, std::function<void(const QString&)> receive) const;
+    void KeepSource(const QString& address, std::function<void(const QString&)> receive);
 
     /// Gives the keys to the page.
     void FocusPage();
