@@ -274,6 +274,10 @@ bool NeedsTicker(const LinkRow& row) {
     }
 }
 
+bool LeadsToPage(const LinkRow& row) {
+    return NeedsTicker(row) || row.action == LinkAction::Fixed || row.action == LinkAction::Custom;
+}
+
 bool HasAddress(const LinkRow& row) {
     return !row.site.empty();
 }

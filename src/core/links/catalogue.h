@@ -71,6 +71,9 @@ bool OpensInSecondPane(const LinkRow& row);
 /// Whether a click needs a selected ticker. The user's own links tell by their stored address.
 bool NeedsTicker(const LinkRow& row);
 
+/// Whether a click leads to a page by itself: no tool, and no menu to choose from.
+bool LeadsToPage(const LinkRow& row);
+
 /// Whether the row has a site and a path, so that BuildAddress gives its page.
 bool HasAddress(const LinkRow& row);
 

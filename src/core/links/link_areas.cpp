@@ -55,21 +55,6 @@ std::span<const LinkGroup> LinkGroups() {
     return kGroups;
 }
 
-bool LeadsToPage(const LinkRow& row) {
-    switch (row.action) {
-    case LinkAction::Ticker:
-    case LinkAction::Fixed:
-    case LinkAction::Custom:
-    case LinkAction::HomePage:
-    case LinkAction::SmallCharts:
-    case LinkAction::LargeCharts:
-    case LinkAction::AccountGated:
-        return true;
-    default:
-        return false;
-    }
-}
-
 std::optional<int> NeighbourOf(int link, int by, const std::function<bool(int)>& canOpen) {
     for (const LinkGroup& group : LinkGroups()) {
         const auto at = std::ranges::find(group.indexes, link);

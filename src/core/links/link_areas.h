@@ -23,9 +23,6 @@ struct LinkGroup {
 /// The groups, each panel's from its start to its end. Every link stands in exactly one.
 std::span<const LinkGroup> LinkGroups();
 
-/// Whether a click on a link leads to a page by itself: no tool, and no menu to choose from.
-bool LeadsToPage(const LinkRow& row);
-
 /// The link that stands next to `link` in its group in the order in which they are shown, or before
 /// it for `by` -1; those that `canOpen` is false for are passed over. None at the end of the group.
 std::optional<int> NeighbourOf(int link, int by, const std::function<bool(int)>& canOpen);

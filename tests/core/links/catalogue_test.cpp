@@ -196,5 +196,15 @@ TEST(SiteKeys, HoldTheSitesOfTheCatalogueAndOfTheOtherAddresses) {
                                              "menu_mnuWSC"}));
 }
 
+TEST(Catalogue, KnowsWhichLinksLeadToAPage) {
+    for (const int link : {185, 3, 101, 46, 47, 63})
+        EXPECT_TRUE(LeadsToPage(Catalogue()[static_cast<std::size_t>(link)])) << link;
+    for (const LinkRow& row : Catalogue())
+        EXPECT_FALSE(row.action == LinkAction::Menu && LeadsToPage(row)) << row.index;
+    // Back, stop, reload, copy, setup, reminders, calculator, navigate, multi-link, watch wizard.
+    for (const int link : {19, 20, 100, 0, 43, 66, 45, 92, 80, 211, 61})
+        EXPECT_FALSE(LeadsToPage(Catalogue()[static_cast<std::size_t>(link)])) << link;
+}
+
 } // namespace
 } // namespace tallowmere

@@ -105,15 +105,5 @@ TEST(LinkAreas, WalkFromAnyLinkToTheEndsOfItsGroup) {
         }
 }
 
-TEST(LinkAreas, KnowWhichLinksLeadToAPage) {
-    for (const int link : {185, 3, 101, 46, 47, 63})
-        EXPECT_TRUE(LeadsToPage(Row(link))) << link;
-    for (const LinkRow& row : Catalogue())
-        EXPECT_FALSE(row.action == LinkAction::Menu && LeadsToPage(row)) << row.index;
-    // Back, stop, reload, copy, setup, reminders, calculator, navigate, multi-link, watch wizard.
-    for (const int link : {19, 20, 100, 0, 43, 66, 45, 92, 80, 211, 61})
-        EXPECT_FALSE(LeadsToPage(Row(link))) << link;
-}
-
 } // namespace
 } // namespace tallowmere
