@@ -1,91 +1,18 @@
 #include "app/forms/ListBox.h"
 
-#include "app/base/QtText.h"
-#include "app/forms/Chip.h"
-#include "core/tools/color_values.h"
+#include "app/forms/RowPainter.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 namespace tallowmere {
-
-namespace {
-
-constexpr int kSignMargin = 4;
-
-// Not every style takes care that the text of a selected row can be read.
-void MakeSelectedLegible(QPalette& palette) {
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        const std::uint32_t text = StoredColor(palette.color(group, QPalette::HighlightedText));
-        const std::uint32_t row = StoredColor(palette.color(group, QPalette::Highlight));
-        palette.setColor(group, QPalette::HighlightedText,
-                         ScreenColor(LegibleText(text, row), palette));
-    }
-}
-
-class Delegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        QStyledItemDelegate::paint(painter, option, index);
-        const auto* items = qobject_cast<const MarkedItems*>(index.model());
-        const QString sign = items ? items->MarkOf(index).sign : QString();
-        if (sign.isEmpty())
-            return;
-        QStyleOptionViewItem shown = option;
-        initStyleOption(&shown, index);
-        const bool isSelected = option.state & QStyle::State_Selected;
-        painter->save();
-        painter->setPen(
-            shown.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-        painter->drawText(option.rect.adjusted(0, 0, -kSignMargin, 0),
-                          Qt::AlignRight | Qt::AlignVCenter, sign);
-        painter->restore();
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->text = LineStart(option->text);
-        MakeSelectedLegible(option->palette);
-    }
-};
-
-} // namespace
-
-ItemMark MarkedItems::MarkOf(const QModelIndex& index) const {
-    return m_marker ? m_marker(QStringListModel::data(index, Qt::DisplayRole).toString())
-                    : ItemMark{};
-}
-
-QVariant MarkedItems::data(const QModelIndex& index, int role) const {
-    if (role == Qt::ToolTipRole)
-        return MarkOf(index).hint;
-    if (role == Qt::AccessibleDescriptionRole)
-        return MarkOf(index).meaning;
-    return QStringListModel::data(index, role);
-}
-
-void ListBox::SetMarker(MarkedItems::Marker marker) {
-    m_model.SetMarker(std::move(marker));
-    RefreshMarks();
-}
-
-void ListBox::RefreshMarks() {
-    viewport()->update();
-}
 
 ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : QListView(parent) {
     setObjectName(name);
     setAccessibleName(accessibleName);
-    setModel(&m_model);
-    setItemDelegate(new Delegate(this));
+    setItemDelegate(new RowPainter(this));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
@@ -93,33 +20,51 @@ ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* pa
     connect(this, &QListView::doubleClicked, this, &ListBox::DoubleClicked);
 }
 
-void ListBox::SetItems(const QStringList& items) {
-    const QScopedValueRollback quiet(m_fromUser, false);
-    m_model.setStringList(items);
+// What the model takes away was not chosen otherwise by the user. To be told before the selection
+// is.
+void ListBox::setModel(QAbstractItemModel* model) {
+    const auto begin = [this] { m_fromUser = false; };
+    const auto end = [this] { m_fromUser = true; };
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this, begin);
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, begin);
+    connect(model, &QAbstractItemModel::modelReset, this, end);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, end);
+    QListView::setModel(model);
 }
 
-void ListBox::AddItems(const QStringList& items) {
-    if (items.isEmpty())
-        return;
-    const int selected = ListIndex();
-    SetItems(Items() + items);
-    SetListIndex(selected);
+int ListBox::Count() const {
+    return model() ? model()->rowCount() : 0;
 }
 
-void ListBox::RemoveItem(int index) {
-    const QScopedValueRollback quiet(m_fromUser, false);
-    m_model.removeRow(index);
-    SetListIndex(-1);
+QStringList ListBox::Items() const {
+    QStringList items;
+    const int count = Count();
+    items.reserve(count);
+    for (int index = 0; index < count; ++index)
+        items << Item(index);
+    return items;
+}
+
+QString ListBox::Item(int index) const {
+    return model() ? model()->index(index, 0).data().toString() : QString();
+}
+
+ItemMark ListBox::MarkOf(int index) const {
+    const QModelIndex item = model()->index(index, 0);
+    return {item.data(SignRole).toString(), item.data(Qt::ToolTipRole).toString(),
+            item.data(Qt::AccessibleDescriptionRole).toString()};
 }
 
 int ListBox::ListIndex() const {
+    if (!model())
+        return -1;
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     return selected.isEmpty() ? -1 : selected.first().row();
 }
 
 void ListBox::SetListIndex(int index) {
     const QScopedValueRollback quiet(m_fromUser, false);
-    const QModelIndex item = m_model.index(index);
+    const QModelIndex item = model()->index(index, 0);
     selectionModel()->setCurrentIndex(item, QItemSelectionModel::ClearAndSelect);
     if (item.isValid())
         scrollTo(item);
@@ -132,8 +77,19 @@ void ListBox::Choose(int index) {
 }
 
 QString ListBox::SelectedText() const {
-    const QModelIndexList selected = selectionModel()->selectedIndexes();
-    return selected.isEmpty() ? QString() : selected.first().data().toString();
+    return Item(ListIndex());
+}
+
+// A row whose text stays keeps its size: only what changed is painted anew, and nothing is laid
+// out.
+void ListBox::dataChanged(const QModelIndex& first, const QModelIndex& last,
+                          const QList<int>& roles) {
+    if (roles.isEmpty() || roles.contains(Qt::DisplayRole)) {
+        QListView::dataChanged(first, last, roles);
+        return;
+    }
+    const QRect changed = visualRect(first) | visualRect(last);
+    viewport()->update(changed & viewport()->rect());
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
@@ -195,6 +151,24 @@ void ListBox::selectionChanged(const QItemSelection& selected, const QItemSelect
     QListView::selectionChanged(selected, deselected);
     if (m_fromUser)
         Q_EMIT Clicked();
+}
+
+TextListBox::TextListBox(const QString& name, const QString& accessibleName, QWidget* parent)
+    : ListBox(name, accessibleName, parent) {
+    setModel(&m_texts);
+}
+
+void TextListBox::AddItems(const QStringList& items) {
+    if (items.isEmpty())
+        return;
+    const int selected = ListIndex();
+    SetItems(Items() + items);
+    SetListIndex(selected);
+}
+
+void TextListBox::RemoveItem(int index) {
+    m_texts.removeRow(index);
+    SetListIndex(-1);
 }
 
 } // namespace tallowmere

@@ -1,45 +1,25 @@
 #pragma once
 
+#include "app/forms/ListRoles.h"
+
 #include <QListView>
 #include <QStringListModel>
 
-#include <functional>
-
 namespace tallowmere {
 
-/// What stands beside an item of a list.
-struct ItemMark {
-    QString sign;    ///< a character at the end of its row, empty for none
-    QString hint;    ///< what is shown while the pointer rests on the item
-    QString meaning; ///< what a screen reader says after the item
-};
-
-/// The texts of a list, with the marks that a function gives for them.
-class MarkedItems : public QStringListModel {
-    Q_OBJECT
-public:
-    using Marker = std::function<ItemMark(const QString& item)>;
-    void SetMarker(Marker marker) { m_marker = std::move(marker); }
-    ItemMark MarkOf(const QModelIndex& index) const;
-    QVariant data(const QModelIndex& index, int role) const override;
-
-private:
-    Marker m_marker;
-};
-
-/// A list of texts of which one may be selected; made for lists of many thousand items.
+/// A list of texts of which one may be selected, as a model has them; made for lists of many
+/// thousand items.
 class ListBox : public QListView {
     Q_OBJECT
 public:
     ListBox(const QString& name, const QString& accessibleName, QWidget* parent);
 
-    int Count() const { return m_model.rowCount(); }
-    QStringList Items() const { return m_model.stringList(); }
-    QString Item(int index) const { return m_model.stringList().value(index); }
-    void SetItems(const QStringList& items);
-    void AddItems(const QStringList& items);
-    void RemoveItem(int index);
-    void Clear() { SetItems({}); }
+    /// Shows the items of a model, which is kept by reference.
+    void setModel(QAbstractItemModel* model) override;
+
+    int Count() const;
+    QStringList Items() const;
+    QString Item(int index) const;
 
     /// The index of the selected item, -1 for none.
     int ListIndex() const;
@@ -50,11 +30,8 @@ public:
     /// The text of the selected item, empty when there is none.
     QString SelectedText() const;
 
-    /// Marks items from now on by what the function gives for their texts.
-    void SetMarker(MarkedItems::Marker marker);
-    /// Shows the marks anew when the function gives others.
-    void RefreshMarks();
-    ItemMark MarkOf(int index) const { return m_model.MarkOf(m_model.index(index)); }
+    /// What the model tells of an item besides its text.
+    ItemMark MarkOf(int index) const;
 
 Q_SIGNALS:
     /// The user clicked the list or moved its selection.
@@ -65,6 +42,8 @@ Q_SIGNALS:
     void PointerMoved();
 
 protected:
+    void dataChanged(const QModelIndex& first, const QModelIndex& last,
+                     const QList<int>& roles) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -75,8 +54,23 @@ protected:
 
 private:
     void AskForMenu();
-    MarkedItems m_model;
     bool m_fromUser = true;
+};
+
+/// A list with texts of its own.
+class TextListBox : public ListBox {
+    Q_OBJECT
+public:
+    TextListBox(const QString& name, const QString& accessibleName, QWidget* parent);
+
+    void SetItems(const QStringList& items) { m_texts.setStringList(items); }
+    void AddItems(const QStringList& items);
+    /// Takes an item away; none is selected then.
+    void RemoveItem(int index);
+    void Clear() { SetItems({}); }
+
+private:
+    QStringListModel m_texts;
 };
 
 } // namespace tallowmere

@@ -49,7 +49,7 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent) {
 }
 
 void frmColor::BuildAreas() {
-    List1 = new ListBox(u"List1"_s, u"Areas"_s, this);
+    List1 = new TextListBox(u"List1"_s, u"Areas"_s, this);
     QStringList entries;
     int width = 0;
     for (const ColorArea& area : kColorAreas) {

@@ -18,7 +18,7 @@ class frmColor : public QDialog {
 public:
     explicit frmColor(QWidget* parent);
 
-    ListBox* List1;
+    TextListBox* List1;
     QLabel* Label1;
     std::array<QPushButton*, 2> cmdFore{}; ///< 0 text, 1 background
     QPushButton* cmdReset;                 ///< gives the area its designed colours back

@@ -63,7 +63,7 @@ frmRemind::frmRemind(QWidget* parent) : QDialog(parent) {
     Text1->setAccessibleName(u"Reminder"_s);
     Text1->setTabChangesFocus(true);
 
-    List1 = new ListBox(u"List1"_s, u"Summary of Reminders"_s, this);
+    List1 = new TextListBox(u"List1"_s, u"Summary of Reminders"_s, this);
     List1->setTextElideMode(Qt::ElideRight);
     List1->installEventFilter(this);
     List1->viewport()->installEventFilter(this);

@@ -11,7 +11,7 @@ class QPushButton;
 
 namespace tallowmere {
 
-class ListBox;
+class TextListBox;
 
 /// The dialog of the daily reminders: its controls under their names.
 class frmRemind : public QDialog {
@@ -21,7 +21,7 @@ public:
 
     QCalendarWidget* MonthView1;
     QPlainTextEdit* Text1;
-    ListBox* List1;
+    TextListBox* List1;
     QLabel* Label1;
     std::array<QPushButton*, 3> Command1{}; ///< 0 clear all, 1 clear the current one, 2 save
 

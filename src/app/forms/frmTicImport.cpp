@@ -52,7 +52,7 @@ frmTicImport::frmTicImport(QWidget* parent) : QDialog(parent) {
     txtFind->setAccessibleName(u"Sample Link (Highlight Ticker)"_s);
     txtFind->setMaxLength(kLongestLink);
     txtFind->setMinimumWidth(fontMetrics().averageCharWidth() * kLinkCharacters);
-    List1 = new ListBox(u"List1"_s, u"Tickers found"_s, this);
+    List1 = new TextListBox(u"List1"_s, u"Tickers found"_s, this);
     Command1 = MakeButton(u"Command1"_s, u"&Scan"_s, this);
     Command2 = MakeButton(u"Command2"_s, u"Send Tickers"_s, this);
     Command3 = MakeButton(u"Command3"_s, u"&Close"_s, this);

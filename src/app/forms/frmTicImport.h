@@ -7,7 +7,7 @@ class QPushButton;
 
 namespace tallowmere {
 
-class ListBox;
+class TextListBox;
 
 /// A line of text that keeps its selection while the focus is elsewhere.
 class SampleBox : public QLineEdit {
@@ -30,7 +30,7 @@ public:
     explicit frmTicImport(QWidget* parent);
 
     SampleBox* txtFind;
-    ListBox* List1;
+    TextListBox* List1;
     QPushButton* Command1; ///< Scan
     QPushButton* Command2; ///< Send Tickers
     QPushButton* Command3; ///< Close

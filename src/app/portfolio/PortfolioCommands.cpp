@@ -4,6 +4,7 @@
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/portfolio/portfolio_text.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/shell/conversion.h"
@@ -58,7 +59,7 @@ std::string PortfolioCommands::To(int target) const {
 }
 
 void PortfolioCommands::Append(int target, std::string_view tickers) {
-    m_portfolios.StoreList(target, m_portfolios.StoredList(target).append(tickers));
+    m_portfolios.List().Store(target, m_portfolios.StoredList(target).append(tickers));
 }
 
 void PortfolioCommands::CopyAllLists() {
@@ -84,9 +85,11 @@ void PortfolioCommands::MoveTicker(int target) {
         kept.erase(kept.begin() + index);
     m_portfolios.SaveUnwritten();
     m_undo.Run("Move " + ticker + To(target),
-               [&] { m_portfolios.StoreMove(target, JoinTickerList(kept), ticker + "|"); });
-    if (index >= 0)
-        m_form.List1->RemoveItem(index);
+               [&] { m_portfolios.List().StoreMove(target, JoinTickerList(kept), ticker + "|"); });
+    if (index < 0)
+        return;
+    m_portfolios.List().TakeOut(index);
+    m_form.List1->SetListIndex(-1);
 }
 
 void PortfolioCommands::CopyPortfolio(int target) {
@@ -95,8 +98,8 @@ void PortfolioCommands::CopyPortfolio(int target) {
 
 void PortfolioCommands::MovePortfolio(int target) {
     m_undo.Run("Move Portfolio" + To(target),
-               [&] { m_portfolios.StoreMove(target, "", CurrentList()); });
-    m_form.List1->Clear();
+               [&] { m_portfolios.List().StoreMove(target, "", CurrentList()); });
+    m_portfolios.List().Clear();
 }
 
 void PortfolioCommands::Rename() {

@@ -24,7 +24,7 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
     : portfolios(new Portfolios(form, settings, undo, prompts, programFolder)),
       tickers(new TickerBox(form, undo, prompts, programFolder, *portfolios, *links.dispatch,
                             *links.panes)),
-      marks(new TickerMarks(form, programFolder)),
+      marks(new TickerMarks(form, portfolios->List(), programFolder)),
       quotes(new QuotePage(form, settings, sites, *links.panes, transfers)),
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
       import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {

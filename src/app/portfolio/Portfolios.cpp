@@ -4,6 +4,7 @@
 #include "app/base/QtText.h"
 #include "app/forms/UndoBar.h"
 #include "app/forms/frmMain.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/portfolio/undo_words.h"
@@ -25,7 +26,8 @@ std::string NumberedKey(std::string_view prefix, int number) {
 Portfolios::Portfolios(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                        const std::filesystem::path& programFolder)
     : QObject(&form), m_form(form), m_settings(settings), m_undo(undo), m_prompts(prompts),
-      m_programFolder(programFolder) {
+      m_programFolder(programFolder), m_list(new TickerModel(settings, undo, this)) {
+    form.List1->setModel(m_list);
     ConnectControls();
 }
 
@@ -43,20 +45,12 @@ void Portfolios::ConnectControls() {
             &Portfolios::RemoveSelectedTicker);
 }
 
+int Portfolios::Current() const {
+    return m_list->Number();
+}
+
 std::string Portfolios::StoredList(int number) const {
-    return m_settings.GetSetting("Settings", NumberedKey("Stocks", number), "");
-}
-
-void Portfolios::StoreList(int number, std::string_view tickers) {
-    m_settings.SaveSetting("Settings", NumberedKey("Stocks", number), tickers);
-}
-
-void Portfolios::StoreMove(int target, const std::string& kept, const std::string& moved) {
-    if (target == m_current)
-        return StoreList(target, kept + moved);
-    m_settings.SaveSettings("Settings",
-                            {{NumberedKey("Stocks", m_current), kept},
-                             {NumberedKey("Stocks", target), StoredList(target).append(moved)}});
+    return m_list->Stored(number);
 }
 
 QString Portfolios::PortfolioName(int number) const {
@@ -65,9 +59,9 @@ QString Portfolios::PortfolioName(int number) const {
 }
 
 void Portfolios::ShowName() {
-    const QString name = PortfolioName(m_current);
+    const QString name = PortfolioName(Current());
     m_form.lblPort->SetCaption(name);
-    m_form.menus->portfolioHeading->setText(u"#"_s + QString::number(m_current) + u": "_s +
+    m_form.menus->portfolioHeading->setText(u"#"_s + QString::number(Current()) + u": "_s +
                                             MenuCaption(name));
 }
 
@@ -85,24 +79,14 @@ void Portfolios::SetPorts() {
 }
 
 void Portfolios::SelectPortfolio(int number) {
-    const int outgoing = m_current;
-    const QStringList items = m_form.List1->Items();
-    // A list that was emptied by hand keeps its stored value; only clearing writes an empty one.
-    if (!items.isEmpty()) {
-        SaveUnwritten();
-        SaveCurrentList();
-    }
+    const int outgoing = Current();
+    const int selected = m_form.List1->ListIndex();
+    m_list->Show(number);
     if (outgoing > 0)
-        m_rememberedSelection.at(static_cast<std::size_t>(outgoing)) = m_form.List1->ListIndex();
-    m_current = number;
+        m_rememberedSelection.at(static_cast<std::size_t>(outgoing)) = selected;
     PaintNumbers();
-
-    QStringList tickers;
-    for (const std::string& ticker : SplitTickerList(StoredList(number)))
-        tickers << ToQt(ticker);
-    m_form.List1->SetItems(tickers);
     const int remembered = m_rememberedSelection.at(static_cast<std::size_t>(number));
-    m_form.List1->SetListIndex(remembered < tickers.size() ? remembered : -1);
+    m_form.List1->SetListIndex(remembered < m_list->rowCount() ? remembered : -1);
     ShowName();
     Q_EMIT Selected();
 }
@@ -110,7 +94,7 @@ void Portfolios::SelectPortfolio(int number) {
 void Portfolios::PaintNumbers() {
     const ColorPair colors = ReadAreaColors(m_settings).Of("PN");
     for (int n = 1; n <= kPortfolioCount; ++n) {
-        const bool current = n == m_current;
+        const bool current = n == Current();
         Chip* number = m_form.lblListNum[static_cast<std::size_t>(n)];
         number->SetColors(current ? Swapped(colors) : colors);
         // The colours say it to those who see them.
@@ -121,66 +105,37 @@ void Portfolios::PaintNumbers() {
 }
 
 void Portfolios::SeedFirstStart() {
-    if (m_current != 1 || m_form.List1->Count() > 0)
+    if (Current() != 1 || m_form.List1->Count() > 0)
         return;
-    m_form.List1->AddItems({u"AOL"_s, u"YHOO"_s, u"MSFT"_s});
-    SaveCurrentList();
-}
-
-void Portfolios::SaveCurrentList() {
-    StoreList(m_current, JoinTickerList(ListedTickers()));
+    m_list->Append({"AOL", "YHOO", "MSFT"});
+    m_list->Write();
 }
 
 void Portfolios::SaveUnwritten() {
-    const std::vector<std::string> listed = ListedTickers();
-    const std::vector<std::string> stored = SplitTickerList(StoredList(m_current));
-    if (listed.empty() || JoinTickerList(listed) == JoinTickerList(stored))
-        return;
-    m_undo.Run(ListChangeCaption(stored, listed), [this] { SaveCurrentList(); });
+    m_list->WriteUnwritten();
 }
 
 void Portfolios::AddTickers(const std::vector<std::string>& tickers) {
-    SaveUnwritten();
-    QStringList added;
-    for (const std::string& ticker : tickers)
-        added << ToQt(ticker);
-    m_form.List1->AddItems(added);
-    m_undo.Run(AddCaption(tickers), [this] { SaveCurrentList(); });
+    m_list->Add(tickers);
 }
 
 void Portfolios::Reload() {
     SetPorts();
     ShowName();
-    const QStringList shown = m_form.List1->Items();
-    QStringList tickers;
-    for (const std::string& ticker : SplitTickerList(StoredList(m_current)))
-        tickers << ToQt(ticker);
-    if (tickers == shown)
-        return;
+    const std::vector<std::string> shown = m_list->Tickers();
     const int index = m_form.List1->ListIndex();
-    const QString selected = m_form.List1->SelectedText();
-    const auto differs =
-        std::mismatch(tickers.cbegin(), tickers.cend(), shown.cbegin(), shown.cend()).first -
-        tickers.cbegin();
-    m_form.List1->SetItems(tickers);
-    if (tickers.size() > shown.size())
-        m_form.List1->SetListIndex(static_cast<int>(differs));
-    else
-        m_form.List1->SetListIndex(
-            tickers.value(index) == selected ? index : static_cast<int>(tickers.indexOf(selected)));
+    if (m_list->Reload())
+        m_form.List1->SetListIndex(RowAfterReload(shown, m_list->Tickers(), index));
 }
 
 std::vector<std::string> Portfolios::ListedTickers() const {
-    std::vector<std::string> tickers;
-    for (const QString& item : m_form.List1->Items())
-        tickers.push_back(FromQt(item));
-    return tickers;
+    return m_list->Tickers();
 }
 
 std::string Portfolios::OtherLists() const {
     std::string lists;
     for (int n = 1; n <= kPortfolioCount; ++n) {
-        if (n != m_current)
+        if (n != Current())
             lists += StoredList(n);
     }
     return lists;
@@ -190,10 +145,12 @@ void Portfolios::RemoveSelectedTicker() {
     const int index = m_form.List1->ListIndex();
     const std::string ticker = FromQt(m_form.List1->SelectedText());
     SaveUnwritten();
-    if (index >= 0)
-        m_form.List1->RemoveItem(index);
+    if (index >= 0) {
+        m_list->TakeOut(index);
+        m_form.List1->SetListIndex(-1);
+    }
     m_undo.Run("Delete " + ticker, [&] {
-        SaveCurrentList();
+        m_list->Write();
         if (index < 0)
             return;
         const auto alone = TickersFoundNowhere({ticker}, OtherLists());
@@ -205,8 +162,8 @@ void Portfolios::RemoveSelectedTicker() {
 
 void Portfolios::ClearList() {
     const std::vector<std::string> tickers = ListedTickers();
-    const std::string name = FromQt(PortfolioName(m_current));
-    const bool clears = m_prompts.Ask(ToQt(ClearQuestion(tickers.size(), m_current, name)),
+    const std::string name = FromQt(PortfolioName(Current()));
+    const bool clears = m_prompts.Ask(ToQt(ClearQuestion(tickers.size(), Current(), name)),
                                       u"Clear Stocks"_s, Prompts::Answer::No);
     if (!clears) {
         // Of two clicks the first has removed a ticker, which can still be brought back.
@@ -215,11 +172,11 @@ void Portfolios::ClearList() {
     }
     SaveUnwritten();
     m_undo.Run("Clear Ticker List", [&] {
-        StoreList(m_current, "");
+        m_list->Store(Current(), "");
         RemoveNotes(m_programFolder, TickersFoundNowhere(tickers, OtherLists()), kTickerNotesFile);
         m_undo.TellRemoved(TickersRemoved(tickers.size(), name));
     });
-    m_form.List1->Clear();
+    m_list->Clear();
 }
 
 } // namespace tallowmere

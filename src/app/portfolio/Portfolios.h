@@ -10,6 +10,7 @@ namespace tallowmere {
 
 class Prompts;
 class SettingsStore;
+class TickerModel;
 class UndoRecorder;
 class frmMain;
 
@@ -20,20 +21,20 @@ public:
     Portfolios(frmMain& form, SettingsStore& settings, UndoRecorder& undo, Prompts& prompts,
                const std::filesystem::path& programFolder);
 
+    /// The tickers of the current portfolio, as the list shows them.
+    TickerModel& List() { return *m_list; }
+
     /// Puts the names of the portfolios into the menus.
     void SetPorts();
 
     /// The number of the current portfolio, 0 until one was selected.
-    int Current() const { return m_current; }
+    int Current() const;
 
     /// Makes portfolio `number` (1 to 10) the current one and fills the list with its tickers.
     void SelectPortfolio(int number);
 
     /// Puts the tickers of a first start into the empty first portfolio; does nothing elsewhere.
     void SeedFirstStart();
-
-    /// Writes the list to the store as the current portfolio, even when it is empty.
-    void SaveCurrentList();
 
     /// Writes a list that holds other tickers than the store: an entry that ended with a ticker
     /// which is there already has added its others to the list alone.
@@ -56,11 +57,6 @@ public:
 
     /// The stored list of a portfolio.
     std::string StoredList(int number) const;
-    void StoreList(int number, std::string_view tickers);
-
-    /// Leaves the current portfolio with the tickers `kept` and puts `moved` behind those of
-    /// another, in one write: no ticker is lost on its way.
-    void StoreMove(int target, const std::string& kept, const std::string& moved);
 
     QString PortfolioName(int number) const;
 
@@ -84,7 +80,7 @@ private:
     UndoRecorder& m_undo;
     Prompts& m_prompts;
     std::filesystem::path m_programFolder;
-    int m_current = 0;
+    TickerModel* m_list;
     /// The index that was selected when a portfolio was left; element 0 is not used.
     std::array<int, kPortfolioCount + 1> m_rememberedSelection{};
 };

@@ -6,6 +6,7 @@
 #include "app/links/LinkDispatch.h"
 #include "app/links/PaneDeck.h"
 #include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/links/catalogue.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/portfolio_text.h"
@@ -68,10 +69,7 @@ void TickerBox::EnterTickers() {
     if (const std::string words = EntryWords(entry); !words.empty())
         m_panes.ShowLastingStatus(ToQt(words));
     if (!entry.accepted) {
-        QStringList added;
-        for (const std::string& ticker : entry.added)
-            added << ToQt(ticker);
-        m_form.List1->AddItems(added);
+        m_portfolios.List().Append(entry.added);
         return;
     }
     m_form.txtStock->clear();

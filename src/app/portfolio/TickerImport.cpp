@@ -135,7 +135,7 @@ void TickerImport::Send() {
 }
 
 void TickerImport::RemoveEntry() {
-    ListBox& list = *m_dialog->List1;
+    TextListBox& list = *m_dialog->List1;
     const int index = list.ListIndex();
     if (index < 0)
         return;

@@ -2,6 +2,7 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/frmMain.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
 
@@ -9,10 +10,11 @@ namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
-TickerMarks::TickerMarks(frmMain& form, const std::filesystem::path& programFolder)
-    : QObject(&form), m_form(form), m_programFolder(programFolder),
+TickerMarks::TickerMarks(frmMain& form, TickerModel& list,
+                         const std::filesystem::path& programFolder)
+    : QObject(&form), m_form(form), m_list(list), m_programFolder(programFolder),
       m_notes(std::make_unique<NoteIndex>("")) {
-    form.List1->SetMarker([this](const QString& ticker) { return MarkOf(ticker); });
+    list.SetMarker([this](const QString& ticker) { return MarkOf(ticker); });
     Refresh();
 }
 
@@ -28,12 +30,12 @@ void TickerMarks::Refresh() {
         }
         m_notes = std::make_unique<NoteIndex>(std::move(notes));
     }
-    m_form.List1->RefreshMarks();
+    m_list.RefreshMarks();
 }
 
 void TickerMarks::SetUnknown(Unknown isUnknown) {
     m_isUnknown = std::move(isUnknown);
-    m_form.List1->RefreshMarks();
+    m_list.RefreshMarks();
 }
 
 // A hint is shown with the tool tips only, and the note even where the ticker is unknown.

@@ -1,22 +1,24 @@
 #pragma once
 
-#include "app/forms/ListBox.h"
+#include "app/forms/ListRoles.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace tallowmere {
 
+class TickerModel;
 class frmMain;
 
 /// The marks of the ticker list: which tickers have a note, and which no source of quotes knows.
 class TickerMarks : public QObject {
     Q_OBJECT
 public:
-    TickerMarks(frmMain& form, const std::filesystem::path& programFolder);
+    TickerMarks(frmMain& form, TickerModel& list, const std::filesystem::path& programFolder);
 
     /// Reads the notes again if their file changed, and shows the marks anew.
     void Refresh();
@@ -29,6 +31,7 @@ private:
     ItemMark MarkOf(const QString& ticker) const;
 
     frmMain& m_form;
+    TickerModel& m_list;
     std::filesystem::path m_programFolder;
     std::optional<FileStamp> m_stamp;
     std::unique_ptr<NoteIndex> m_notes;

@@ -100,6 +100,21 @@ std::string EntryWords(const TickerEntry& entry) {
     return words.empty() ? words : words + ".";
 }
 
+int RowAfterReload(const std::vector<std::string>& shown, const std::vector<std::string>& tickers,
+                   int row) {
+    if (tickers.size() > shown.size())
+        return static_cast<int>(std::mismatch(shown.begin(), shown.end(), tickers.begin()).second -
+                                tickers.begin());
+    if (row < 0 || static_cast<std::size_t>(row) >= shown.size())
+        return -1;
+    const std::string& selected = shown[static_cast<std::size_t>(row)];
+    if (static_cast<std::size_t>(row) < tickers.size() &&
+        tickers[static_cast<std::size_t>(row)] == selected)
+        return row;
+    const auto found = std::find(tickers.begin(), tickers.end(), selected);
+    return found == tickers.end() ? -1 : static_cast<int>(found - tickers.begin());
+}
+
 std::vector<std::string> TickersFoundNowhere(const std::vector<std::string>& tickers,
                                              std::string_view lists) {
     // A window of each length that occurs slides once over the lists. Symbols have a handful of

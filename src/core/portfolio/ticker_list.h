@@ -30,6 +30,12 @@ std::string EntryWords(const TickerEntry& entry);
 /// accepted, though the earlier ones are added.
 TickerEntry EnterTickers(std::string_view entry, const std::vector<std::string>& tickers);
 
+/// Which row is selected when a list is shown as another command has left it: what came back when
+/// there are more tickers than were `shown`, else the one that was selected at `row`, as long as it
+/// is there; -1 for none.
+int RowAfterReload(const std::vector<std::string>& shown, const std::vector<std::string>& tickers,
+                   int row);
+
 /// Those of `tickers`, in order, whose text occurs nowhere in `lists`, the joined stored lists of
 /// the other portfolios: their notes go with them. A text inside a longer symbol counts as an
 /// occurrence, and the empty text occurs everywhere.

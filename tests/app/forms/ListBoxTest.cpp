@@ -34,7 +34,7 @@ private Q_SLOTS:
     void ASelectedRowCanBeReadOnAnyBackgroundOfTheStyle() {
         QFETCH(const QColor, row);
         QFETCH(const QColor, text);
-        ListBox list(u"List1"_s, u"list"_s, nullptr);
+        TextListBox list(u"List1"_s, u"list"_s, nullptr);
         QPalette palette = list.palette();
         palette.setColor(QPalette::Highlight, row);
         palette.setColor(QPalette::HighlightedText, text);

@@ -1,6 +1,8 @@
 #include "app/links/LinkPanel.h"
 #include "app/engine/BrowserPane.h"
 #include "app/links/PaneDeck.h"
+#include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/text/files.h"
 #include "support/Navigations.h"
 #include "support/OutsideBrowser.h"
@@ -321,7 +323,8 @@ private Q_SLOTS:
 
     void SendAllJoinsTheTickersOfTheList() {
         Window window;
-        window.Form().List1->SetItems({u"MSFT"_s, u"IBM"_s});
+        window->Ports().List().Clear();
+        window->Ports().List().Append({"MSFT", "IBM"});
         window->Panel().SendAll(u"lycos"_s);
         QVERIFY(window.navigations->last().endsWith(u"company=MSFT%20IBM&x=58&y=9"_s));
         window->Panel().SendAll(u"MSN"_s);

@@ -3,6 +3,8 @@
 #include "app/engine/BrowserPane.h"
 #include "app/engine/Graphics.h"
 #include "app/engine/PanePage.h"
+#include "app/portfolio/Portfolios.h"
+#include "app/portfolio/TickerModel.h"
 #include "core/portal/html_page.h"
 #include "support/Await.h"
 #include "support/LoopbackServer.h"
@@ -97,13 +99,14 @@ private Q_SLOTS:
 
     void NoMoreThanTwoHundredTickersRunBy() {
         Window window;
-        QStringList tickers;
+        std::vector<std::string> tickers;
         for (int i = 1; i <= 201; ++i)
-            tickers << u"T"_s + QString::number(i);
+            tickers.push_back("T" + std::to_string(i));
         QTRY_COMPARE(window.Asked(u"AOL+BRK.B"_s), 1);
         QTRY_VERIFY(!window.Form().WebTick->Busy());
-        window.Form().List1->SetItems(tickers);
-        QTRY_COMPARE(window.Asked(tickers.first(200).join(u'+')), 1);
+        window->Ports().List().Clear();
+        window->Ports().List().Append(tickers);
+        QTRY_COMPARE(window.Asked(window.Form().List1->Items().first(200).join(u'+')), 1);
     }
 
     void ItMovesByWholePixelsOrByWholeEntriesAndOnlyWhileSomebodySeesIt_data() {

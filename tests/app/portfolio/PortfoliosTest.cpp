@@ -1,3 +1,4 @@
+#include "app/portfolio/TickerModel.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"
 #include "support/TestSession.h"
@@ -75,7 +76,7 @@ private Q_SLOTS:
         session.Store("First", "OK");
         session.Store("Stocks1", "AAA|");
         session.Start();
-        session.Form().List1->Clear();
+        session->Ports().List().Clear();
         SelectNumber(session, 2);
         QCOMPARE(session.Stored("Stocks1"), u"AAA|"_s);
     }

@@ -100,6 +100,27 @@ TEST(TickersFoundNowhere, AgreesWithASearchPerTicker) {
     }
 }
 
+TEST(TickerList, WhatCameBackOrWasSelectedIsSelectedAfterAnotherCommand) {
+    struct Case {
+        const char* title;
+        Tickers shown, now;
+        int row, expected;
+    };
+    const Case cases[] = {
+        {"one came back", {"A", "C"}, {"A", "B", "C"}, 0, 1},
+        {"one came back at the end", {"A"}, {"A", "B"}, -1, 1},
+        {"the first came back", {}, {"A"}, -1, 0},
+        {"the selected one stays", {"A", "B", "C"}, {"A", "B"}, 1, 1},
+        {"it moved", {"A", "B", "C"}, {"C", "B", "A"}, 0, 2},
+        {"of two of a name that at its place", {"A", "B", "A"}, {"A", "C", "A"}, 2, 2},
+        {"it went", {"A", "B"}, {"A"}, 1, -1},
+        {"none was selected", {"A", "B"}, {"B", "A"}, -1, -1},
+        {"no such row", {"A"}, {"B"}, 4, -1},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(RowAfterReload(c.shown, c.now, c.row), c.expected) << c.title;
+}
+
 TEST(TickerEntry, TellsWhatWasAddedAndWhatIsThere) {
     struct Case {
         std::string_view entry;

@@ -1,0 +1,140 @@
+#include "app/portfolio/TickerModel.h"
+
+#include "app/base/QtText.h"
+#include "core/portfolio/ticker_list.h"
+#include "core/portfolio/undo_words.h"
+#include "core/shell/settings_store.h"
+#include "core/shell/undo_recorder.h"
+
+namespace tallowmere {
+
+namespace {
+
+std::string KeyOf(int number) {
+    return "Stocks" + std::to_string(number);
+}
+
+QStringList ToQtList(const std::vector<std::string>& tickers) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(tickers.size()));
+    for (const std::string& ticker : tickers)
+        list << ToQt(ticker);
+    return list;
+}
+
+} // namespace
+
+TickerModel::TickerModel(SettingsStore& settings, UndoRecorder& undo, QObject* parent)
+    : QAbstractListModel(parent), m_settings(settings), m_undo(undo) {}
+
+std::vector<std::string> TickerModel::Tickers() const {
+    std::vector<std::string> tickers;
+    tickers.reserve(static_cast<std::size_t>(m_tickers.size()));
+    for (const QString& ticker : m_tickers)
+        tickers.push_back(FromQt(ticker));
+    return tickers;
+}
+
+std::string TickerModel::Stored(int number) const {
+    return m_settings.GetSetting("Settings", KeyOf(number), "");
+}
+
+void TickerModel::Store(int number, std::string_view tickers) {
+    m_settings.SaveSetting("Settings", KeyOf(number), tickers);
+}
+
+void TickerModel::StoreMove(int target, const std::string& kept, const std::string& moved) {
+    if (target == m_number)
+        return Store(target, kept + moved);
+    m_settings.SaveSettings(
+        "Settings", {{KeyOf(m_number), kept}, {KeyOf(target), Stored(target).append(moved)}});
+}
+
+void TickerModel::Show(int number) {
+    if (!m_tickers.isEmpty()) {
+        WriteUnwritten();
+        Write();
+    }
+    m_number = number;
+    SetRows(ToQtList(SplitTickerList(Stored(number))));
+}
+
+bool TickerModel::Reload() {
+    QStringList tickers = ToQtList(SplitTickerList(Stored(m_number)));
+    if (tickers == m_tickers)
+        return false;
+    SetRows(std::move(tickers));
+    return true;
+}
+
+void TickerModel::SetRows(QStringList tickers) {
+    beginResetModel();
+    m_tickers = std::move(tickers);
+    endResetModel();
+}
+
+void TickerModel::Write() {
+    Store(m_number, JoinTickerList(Tickers()));
+}
+
+void TickerModel::WriteUnwritten() {
+    const std::vector<std::string> listed = Tickers();
+    const std::vector<std::string> stored = SplitTickerList(Stored(m_number));
+    if (listed.empty() || JoinTickerList(listed) == JoinTickerList(stored))
+        return;
+    m_undo.Run(ListChangeCaption(stored, listed), [this] { Write(); });
+}
+
+void TickerModel::Add(const std::vector<std::string>& tickers) {
+    WriteUnwritten();
+    Append(tickers);
+    m_undo.Run(AddCaption(tickers), [this] { Write(); });
+}
+
+void TickerModel::Append(const std::vector<std::string>& tickers) {
+    if (tickers.empty())
+        return;
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(tickers.size()) - 1);
+    m_tickers << ToQtList(tickers);
+    endInsertRows();
+}
+
+void TickerModel::TakeOut(int row) {
+    beginRemoveRows({}, row, row);
+    m_tickers.removeAt(row);
+    endRemoveRows();
+}
+
+void TickerModel::Clear() {
+    SetRows({});
+}
+
+void TickerModel::SetMarker(Marker marker) {
+    m_marker = std::move(marker);
+    RefreshMarks();
+}
+
+void TickerModel::RefreshMarks() {
+    if (!m_tickers.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1),
+                           {SignRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+}
+
+int TickerModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_tickers.size());
+}
+
+QVariant TickerModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const QString& ticker = m_tickers.at(index.row());
+    if (role == Qt::DisplayRole)
+        return ticker;
+    if (role != SignRole && role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole)
+        return {};
+    const ItemMark mark = m_marker ? m_marker(ticker) : ItemMark();
+    return role == SignRole ? mark.sign : role == Qt::ToolTipRole ? mark.hint : mark.meaning;
+}
+
+} // namespace tallowmere

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/forms/ListRoles.h"
+
+#include <QAbstractListModel>
+#include <QStringList>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallowmere {
+
+class SettingsStore;
+class UndoRecorder;
+
+/// The tickers of the portfolio in view, a row each: what the store holds, and what an entry has
+/// added without being written. All that shows the list takes it from here, all that changes it
+/// does so here, and every change of the store is a step that can be undone.
+class TickerModel : public QAbstractListModel {
+    Q_OBJECT
+public:
+    /// Both are kept by reference. Empty until a portfolio is shown.
+    TickerModel(SettingsStore& settings, UndoRecorder& undo, QObject* parent = nullptr);
+
+    /// The number of the portfolio in view, 0 until one was shown.
+    int Number() const { return m_number; }
+    const QStringList& Items() const { return m_tickers; }
+    std::vector<std::string> Tickers() const;
+
+    /// The stored list of a portfolio (1 to 10), each ticker followed by a bar.
+    std::string Stored(int number) const;
+    void Store(int number, std::string_view tickers);
+    /// Leaves the portfolio in view with the tickers `kept` and puts `moved` behind those of
+    /// another, in one write: no ticker is lost on its way. The rows stay as they are.
+    void StoreMove(int target, const std::string& kept, const std::string& moved);
+
+    /// Writes what is in view, unless it is empty, and shows another portfolio. A list that was
+    /// emptied by hand keeps its stored value. Throws RuntimeError when it cannot be written.
+    void Show(int number);
+    /// Shows what the store holds by now; whether that is something else.
+    bool Reload();
+
+    /// Writes what is in view, even when that is nothing.
+    void Write();
+    /// The same as a step of its own, if it differs from what is stored and is not empty.
+    void WriteUnwritten();
+
+    /// Puts tickers at the end and writes the list.
+    void Add(const std::vector<std::string>& tickers);
+    /// Puts tickers at the end of the rows alone.
+    void Append(const std::vector<std::string>& tickers);
+    /// Takes a row out of the rows alone.
+    void TakeOut(int row);
+    /// Takes all rows out of the rows alone.
+    void Clear();
+
+    /// Marks tickers from now on by what the function gives for them.
+    using Marker = std::function<ItemMark(const QString& ticker)>;
+    void SetMarker(Marker marker);
+    /// Shows the marks anew when the function gives others.
+    void RefreshMarks();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+private:
+    void SetRows(QStringList tickers);
+
+    SettingsStore& m_settings;
+    UndoRecorder& m_undo;
+    int m_number = 0;
+    QStringList m_tickers;
+    Marker m_marker;
+};
+
+} // namespace tallowmere
