@@ -47,6 +47,9 @@ int Run(Application& application, const CommandLine& commandLine, Prompts& promp
         setup.portal = [&](const std::string& host, const std::string& pathAndQuery) {
             return portal->Answer(host, pathAndQuery, clock.Today());
         };
+        setup.prices = [&](const std::string& ticker) {
+            return portal->PriceOf(ticker, clock.Today());
+        };
     } else if (commandLine.web == WebMode::Live) {
         setup.sources = ReadSources(folders);
         setup.texts = texts;

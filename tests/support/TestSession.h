@@ -61,6 +61,8 @@ public:
     /// What a session in live mode works with besides.
     SourceTable sources;
     PortalTexts portalTexts;
+    /// The invented prices of a session in sample mode; none unless the test says them.
+    std::function<std::optional<ListedPrice>(const std::string&)> prices;
     /// What the built-in portal answers; a plain page unless the test says otherwise.
     std::function<PortalAnswer(const std::string&, const std::string&)> portal =
         [](const std::string&, const std::string&) {
@@ -88,7 +90,7 @@ public:
         m_tables = {
             SiteTable::Parse(sites, "sites.toml"), menus, ReadTodayTable(today, "sites.toml"), {}};
         m_session.reset(new TestedSession(
-            {folders, m_mode, m_tables, answer, prompts, clock, sources, portalTexts}));
+            {folders, m_mode, m_tables, answer, prompts, clock, sources, portalTexts, prices}));
         m_session->Start();
         return *m_session;
     }

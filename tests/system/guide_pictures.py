@@ -106,6 +106,7 @@ class Pictures:
 
         self.commands()
         self.panels()
+        self.prices()
         self.tabs()
 
         self.window.find(name="Calendar").click()
@@ -160,6 +161,19 @@ class Pictures:
             menu.click()
         self.take("panels", left, top, 470, 560)
         driver.press("Escape", "Escape", "Escape")
+
+    def prices(self):
+        """The ticker list with all its columns, in a wider panel."""
+        left, top, _, _ = self.window.extents
+        grip = self.window.find(name="Edge of the left panel")
+        x, y, width, height = grip.extents
+        driver.move_pointer(x + width // 2, y + height // 2)
+        driver.xdotool("mousedown", 1)
+        driver.move_pointer(left + 420, y + height // 2)
+        driver.xdotool("mouseup", 1)
+        driver.move_pointer(left + 700, top + 600)
+        self.take("list", left, top + 20, 440, 250)
+        grip.double_click()
 
     def tabs(self):
         left, top, width, _ = self.window.extents

@@ -27,6 +27,8 @@ STRIP = [
     "DJIA : 45,979.04 +42.15",
     "NAS/NMS : 21,321.98 +0.75",
 ]
+# A ticker list without prices asks for none.
+BARE_LIST = "ListLast=False\nListChange=False\nListPercent=False\nListDay=False\n"
 LINKS = """
 [links]
 3 = "portal:"
@@ -71,7 +73,8 @@ class LiveQuotes(driver.SystemTest):
         super().setUp()
         self.profile = self.folder / "profile"
         self.profile.mkdir()
-        (self.profile / "settings.ini").write_text("[Settings]\nFirst=OK\nStocks1=MSFT|AOL|\n")
+        (self.profile / "settings.ini").write_text(
+            "[Settings]\nFirst=OK\nStocks1=MSFT|AOL|\n" + BARE_LIST)
         self.second = driver.Server()
         self.addCleanup(self.second.close)
         self.server.services = {"/cnbc": cnbc}
@@ -141,7 +144,8 @@ class LiveQuotes(driver.SystemTest):
         driver.wait_for(shows_a_price, "the price of the source that is back")
 
     def test_a_ticker_that_no_source_knows_is_marked_once_they_said_so(self):
-        (self.profile / "settings.ini").write_text("[Settings]\nFirst=OK\nStocks1=MSFT|NOSUCH|\n")
+        (self.profile / "settings.ini").write_text(
+            "[Settings]\nFirst=OK\nStocks1=MSFT|NOSUCH|\n" + BARE_LIST)
         self.second.services = {"/spark": lambda _: ("application/json", "{}")}
         program, window = self.start_live()
 

@@ -99,6 +99,8 @@ void MainMenus::BuildSubmenus() {
     m_menus[CommandMenu::Select] = m_submenus["selectPortfolio"];
     m_submenus["textSize"] = new QMenu(ToQt(FindCommand("textSize")->caption), &m_window);
     m_menus[CommandMenu::TextSize] = m_submenus["textSize"];
+    m_submenus["quotesInList"] = new QMenu(ToQt(FindCommand("quotesInList")->caption), &m_window);
+    m_menus[CommandMenu::ListQuotes] = m_submenus["quotesInList"];
 }
 
 void MainMenus::BuildTickerMenu() {

@@ -134,7 +134,7 @@ void frmMain::BuildPortfolioControls() {
     Label1->SetColors(kDesignedTool);
     Label1->setFocusPolicy(Qt::StrongFocus);
     Label1->SetHasDoubleClick(true);
-    List1 = new ListBox(u"List1"_s, u"Ticker list"_s, m_controls);
+    List1 = new TickerListBox(u"List1"_s, u"Ticker list"_s, m_controls);
     undoBar = new UndoBar(m_controls);
     connect(undoBar, &UndoBar::Switched, this, &frmMain::LayOut);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/forms/Chip.h"
-#include "app/forms/ListBox.h"
 #include "app/forms/MainMenus.h"
 #include "app/forms/StripBar.h"
+#include "app/forms/TickerListBox.h"
 #include "core/custom/custom_link.h"
 #include "core/links/catalogue.h"
 #include "core/shell/window_layout.h"
@@ -50,7 +50,7 @@ public:
     Chip* lblPort;
     QLineEdit* txtStock;
     Chip* Label1;
-    ListBox* List1;
+    TickerListBox* List1;
     UndoBar* undoBar;
 
     // Links.

@@ -5,6 +5,8 @@
 #include "app/links/LinkDispatch.h"
 #include "app/portfolio/CsvCommands.h"
 #include "app/portfolio/FinderPortfolios.h"
+#include "app/portfolio/ListColumns.h"
+#include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/PortfolioCommands.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/QuoteMenus.h"
@@ -25,6 +27,8 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
       tickers(new TickerBox(form, undo, prompts, programFolder, *portfolios, *links.dispatch,
                             *links.panes)),
       marks(new TickerMarks(form, portfolios->List(), programFolder)),
+      columns(new ListColumns(form, settings)),
+      listQuotes(new ListQuotes(form, portfolios->List())),
       quotes(new QuotePage(form, settings, sites, *links.panes, transfers)),
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
       import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {
@@ -32,6 +36,7 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
     new CsvCommands(form, settings, undo, prompts, programFolder, *portfolios, *links.panes);
     auto* menus =
         new QuoteMenus(form, settings, sites, *portfolios, *links.panes, *links.panel, *quotes);
+    QObject::connect(columns, &ListColumns::Changed, listQuotes, &ListQuotes::LookSoon);
     QObject::connect(portfolios, &Portfolios::Selected, marks, &TickerMarks::Refresh);
     QObject::connect(links.dispatch, &LinkDispatch::PortfolioMenuRequested, menus,
                      &QuoteMenus::PopUp);

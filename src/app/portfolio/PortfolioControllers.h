@@ -7,6 +7,8 @@
 namespace tallowmere {
 
 class Clock;
+class ListColumns;
+class ListQuotes;
 class Portfolios;
 class Prompts;
 class QuotePage;
@@ -32,6 +34,8 @@ struct PortfolioControllers {
     Portfolios* portfolios;
     TickerBox* tickers;
     TickerMarks* marks;
+    ListColumns* columns;
+    ListQuotes* listQuotes;
     QuotePage* quotes;
     Reports* reports;
     TickerImport* import;

@@ -54,6 +54,8 @@ ItemMark TickerMarks::MarkOf(const QString& ticker) const {
         mark.hint += (mark.hint.isEmpty() ? u""_s : u"\n"_s) +
                      LineStart(ticker + u": "_s + ToQt(ShownLines(note)));
     }
+    if (const auto& quote = m_list.QuoteOf(ticker); quote && !quote->remark.empty())
+        mark.hint += (mark.hint.isEmpty() ? u""_s : u"\n"_s) + ToQt(quote->remark);
     if (!m_form.ShowsToolTips())
         mark.hint.clear();
     return mark;

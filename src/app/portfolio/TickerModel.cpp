@@ -3,10 +3,13 @@
 #include "app/base/QtText.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/portfolio/undo_words.h"
+#include "core/quotes/symbol_dialect.h"
 #include "core/shell/settings_store.h"
 #include "core/shell/undo_recorder.h"
 
 namespace tallowmere {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -121,8 +124,54 @@ void TickerModel::RefreshMarks() {
                            {SignRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
 }
 
+void TickerModel::SetQuotes(QuoteReader reader) {
+    m_readQuote = std::move(reader);
+    m_quotes.clear();
+    if (!m_tickers.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1),
+                           {QuoteRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+}
+
+void TickerModel::RefreshQuotes(const std::set<std::string>& symbols) {
+    std::set<std::string> changed;
+    for (auto& [ticker, cells] : m_quotes) {
+        if (!symbols.empty() && !symbols.contains(OwnSymbol(ticker)))
+            continue;
+        auto now = m_readQuote(ticker);
+        if (now == cells)
+            continue;
+        cells = std::move(now);
+        changed.insert(ticker);
+    }
+    if (changed.empty())
+        return;
+    for (int row = 0; row < rowCount(); ++row)
+        if (changed.contains(FromQt(m_tickers.at(row))))
+            Q_EMIT dataChanged(index(row), index(row),
+                               {QuoteRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+}
+
+const std::optional<QuoteCells>& TickerModel::QuoteOf(const QString& ticker) const {
+    static const std::optional<QuoteCells> none;
+    if (!m_readQuote)
+        return none;
+    const auto [entry, isNew] = m_quotes.try_emplace(FromQt(ticker));
+    if (isNew)
+        entry->second = m_readQuote(entry->first);
+    return entry->second;
+}
+
 int TickerModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_tickers.size());
+}
+
+// Who listens hears the numbers before the marks.
+ItemMark TickerModel::MarkWithQuote(const QString& ticker) const {
+    ItemMark mark = m_marker ? m_marker(ticker) : ItemMark();
+    if (const auto& quote = QuoteOf(ticker))
+        mark.meaning =
+            ToQt(quote->words) + (mark.meaning.isEmpty() ? u""_s : u", "_s) + mark.meaning;
+    return mark;
 }
 
 QVariant TickerModel::data(const QModelIndex& index, int role) const {
@@ -131,9 +180,13 @@ QVariant TickerModel::data(const QModelIndex& index, int role) const {
     const QString& ticker = m_tickers.at(index.row());
     if (role == Qt::DisplayRole)
         return ticker;
+    if (role == QuoteRole) {
+        const auto& quote = QuoteOf(ticker);
+        return quote ? QVariant::fromValue(*quote) : QVariant();
+    }
     if (role != SignRole && role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole)
         return {};
-    const ItemMark mark = m_marker ? m_marker(ticker) : ItemMark();
+    const ItemMark mark = MarkWithQuote(ticker);
     return role == SignRole ? mark.sign : role == Qt::ToolTipRole ? mark.hint : mark.meaning;
 }
 

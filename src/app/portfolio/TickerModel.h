@@ -1,13 +1,16 @@
 #pragma once
 
 #include "app/forms/ListRoles.h"
+#include "core/portfolio/quote_cells.h"
 
 #include <QAbstractListModel>
 #include <QStringList>
 
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tallowmere {
@@ -62,17 +65,30 @@ public:
     /// Shows the marks anew when the function gives others.
     void RefreshMarks();
 
+    /// Shows what the function gives for the tickers from now on; none without it.
+    using QuoteReader = std::function<std::optional<QuoteCells>(const std::string& ticker)>;
+    void SetQuotes(QuoteReader reader);
+    /// Reads the quotes of these symbols (in the program's form) anew, of all without any. Only
+    /// rows whose quote is another one than was shown are told to have changed.
+    void RefreshQuotes(const std::set<std::string>& symbols = {});
+    /// The quote of a ticker, none when there is none.
+    const std::optional<QuoteCells>& QuoteOf(const QString& ticker) const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
     void SetRows(QStringList tickers);
+    ItemMark MarkWithQuote(const QString& ticker) const;
 
     SettingsStore& m_settings;
     UndoRecorder& m_undo;
     int m_number = 0;
     QStringList m_tickers;
     Marker m_marker;
+    QuoteReader m_readQuote;
+    /// What was read, by the ticker: rows that nobody looked at are in none.
+    mutable std::unordered_map<std::string, std::optional<QuoteCells>> m_quotes;
 };
 
 } // namespace tallowmere

@@ -79,6 +79,19 @@ void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery
     Proceed();
 }
 
+void LiveQuotes::WantListed(const ListInView& list) {
+    m_isListSeen = true;
+    const ListWish wish = m_listPace.Next(m_quotes, list, Now());
+    m_quotes.Want(PriceSpan::Quote, wish.quotes, Now(), Urgency::Listed);
+    m_quotes.Want(PriceSpan::Day, wish.days, Now(), Urgency::Listed);
+    Proceed();
+}
+
+void LiveQuotes::LeaveList() {
+    m_isListSeen = false;
+    Proceed();
+}
+
 void LiveQuotes::Save() const {
     const std::vector<KeptQuote> quotes = m_quotes.KeptQuotes();
     if (m_store.empty() || quotes.empty())
@@ -91,6 +104,9 @@ void LiveQuotes::Save() const {
 }
 
 void LiveQuotes::Proceed() {
+    // What was under way when the list went out of sight is not passed on to another source.
+    if (!m_isListSeen)
+        m_quotes.WithdrawListed();
     while (const auto request = m_quotes.Next(Now()))
         Send({*request, QDeadlineTimer(std::chrono::seconds(request->timeout))},
              QUrl::fromEncoded(QByteArray::fromStdString(request->address)));
@@ -140,7 +156,7 @@ void LiveQuotes::Take(QNetworkReply& reply, Question question) {
     }
     m_quotes.Answer(question.request.id, response, Now());
     Proceed();
-    Q_EMIT Learned();
+    Q_EMIT Learned(question.request.symbols);
 }
 
 void LiveQuotes::AnswerWholePages() {

@@ -4,6 +4,8 @@
 #include "app/base/ProxySetting.h"
 #include "app/base/WebAccess.h"
 #include "core/portal/live_portal.h"
+#include "core/quotes/list_pace.h"
+#include "core/quotes/listed_price.h"
 #include "core/sites/site_table.h"
 
 #include <QDeadlineTimer>
@@ -42,12 +44,23 @@ public:
     /// Whether the sources have said of a symbol that they do not know it.
     bool IsUnknown(const std::string& symbol) const { return m_quotes.IsUnknown(symbol); }
 
+    /// The price of a ticker among the quotes at hand, for the list of tickers.
+    std::optional<ListedPrice> PriceOf(const std::string& ticker) const {
+        return FindListedPrice(m_quotes, ticker, Now());
+    }
+
+    /// Asks for what the list of tickers lacks; to be called about once a minute while somebody
+    /// sees it. It causes one request a minute at most.
+    void WantListed(const ListInView& list);
+    /// Nobody sees the list: nothing more is asked for its sake.
+    void LeaveList();
+
     /// Leaves the quotes at hand to a later run. What goes wrong is told on standard error.
     void Save() const;
 
 Q_SIGNALS:
-    /// A source has answered.
-    void Learned();
+    /// A source has answered a question about these symbols, in the program's form.
+    void Learned(const std::vector<std::string>& symbols);
 
 private:
     /// A page that waits for its quotes.
@@ -75,6 +88,8 @@ private:
 
     LivePortal m_portal;
     SourceSchedule m_quotes;
+    ListPace m_listPace;
+    bool m_isListSeen = false;
     const Clock& m_clock;
     std::filesystem::path m_store;
     std::chrono::milliseconds m_patience;

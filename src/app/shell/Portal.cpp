@@ -2,6 +2,7 @@
 
 #include "app/base/WebAccess.h"
 #include "app/market/TickerStrip.h"
+#include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/TickerMarks.h"
 #include "app/quotes/LiveQuotes.h"
 #include "app/shell/SessionSetup.h"
@@ -13,6 +14,8 @@ Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& part
     if (setup.web == WebMode::Live) {
         ServeLive(setup, web, parts);
     } else if (setup.portal) {
+        if (setup.prices)
+            parts.portfolio.listQuotes->Serve(setup.prices, nullptr);
         web.SetPortal([portal = setup.portal, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery) {
             return portal(host, ticker->WithTickers(pathAndQuery));
@@ -29,6 +32,8 @@ void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsyste
     parts.portfolio.marks->SetUnknown(
         [live](const std::string& ticker) { return live->IsUnknown(ticker); });
     QObject::connect(live, &LiveQuotes::Learned, parts.portfolio.marks, &TickerMarks::Refresh);
+    parts.portfolio.listQuotes->Serve(
+        [live](const std::string& ticker) { return live->PriceOf(ticker); }, live);
     web.SetLatePortal([live, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery, Asker asker,
                           WebAccess::PortalReply reply) {

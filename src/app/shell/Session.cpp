@@ -16,6 +16,7 @@
 #include "app/market/IndexStrip.h"
 #include "app/market/TickerStrip.h"
 #include "app/market/Timers.h"
+#include "app/portfolio/ListColumns.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/shell/ClosingNote.h"
 #include "app/shell/KeptSession.h"
@@ -148,6 +149,7 @@ void Session::ReadSettingsAnew() {
     ApplyProxy();
     ApplyPreferences();
     m_textSizes.Read();
+    m_subsystems->portfolio.columns->Read();
     m_form->ShowPortfolioLabel(Flag("PortLabels"));
     m_form->LayOut();
     const MarketControllers& market = m_subsystems->market;

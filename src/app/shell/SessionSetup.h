@@ -4,6 +4,7 @@
 #include "app/base/WebAccess.h"
 #include "app/sites/Tables.h"
 #include "core/portal/portal_answer.h"
+#include "core/quotes/listed_price.h"
 #include "core/quotes/source_table.h"
 
 namespace tallowmere {
@@ -24,6 +25,8 @@ struct SessionSetup {
     /// out as they are.
     SourceTable sources = {};
     PortalTexts texts = {};
+    /// Only the sample mode has it: the invented price of a ticker.
+    std::function<std::optional<ListedPrice>(const std::string& ticker)> prices = {};
 };
 
 } // namespace tallowmere

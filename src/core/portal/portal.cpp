@@ -2,7 +2,10 @@
 
 #include "core/links/catalogue.h"
 #include "core/portal/portal_pages.h"
+#include "core/portal/sample_figures.h"
+#include "core/portal/sample_series.h"
 #include "core/portal/sample_view.h"
+#include "core/quotes/symbol_dialect.h"
 #include "core/text/bytes.h"
 
 namespace tallowmere {
@@ -37,6 +40,21 @@ PortalAnswer SamplePortal::Answer(std::string_view host, std::string_view pathAn
     if (auto answer = AnswerProgram(market, request, m_sites, m_texts))
         return std::move(*answer);
     return HtmlAnswer(Page(market, request));
+}
+
+std::optional<ListedPrice> SamplePortal::PriceOf(std::string_view ticker, Date today) const {
+    const SampleQuote* quote = m_market.Find(OwnSymbol(ticker));
+    if (!quote)
+        return std::nullopt;
+    const SampleFigures figures = FiguresOf(*quote);
+    ListedPrice price;
+    price.last = figures.last;
+    price.change = figures.change;
+    price.percent = figures.percent;
+    price.previous = figures.previous;
+    price.origin = LastTradingDayText(today) + ", " + std::string(kSampleNote);
+    price.day = SampleDay(*quote);
+    return price;
 }
 
 std::string SamplePortal::Page(const MarketView& market, const PortalRequest& request) const {

@@ -2,6 +2,7 @@
 
 #include "core/portal/portal_answer.h"
 #include "core/portal/sample_market.h"
+#include "core/quotes/listed_price.h"
 #include "core/sites/address_match.h"
 #include "core/sites/site_table.h"
 #include "core/text/date.h"
@@ -22,6 +23,9 @@ public:
     /// Answers an address without its scheme: host, then path and query ("www.example.com/q?s=x").
     /// There is an answer to anything; `today` dates the pages.
     PortalAnswer Answer(std::string_view host, std::string_view pathAndQuery, Date today) const;
+
+    /// The invented price of a ticker, none for one that the market does not have.
+    std::optional<ListedPrice> PriceOf(std::string_view ticker, Date today) const;
 
     /// To be called when the table of sites changed.
     void SitesChanged() { m_matcher = AddressMatcher(m_sites); }

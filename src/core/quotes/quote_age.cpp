@@ -153,6 +153,21 @@ std::int64_t OpenMinutes(std::int64_t from, std::int64_t to) {
     return minutes;
 }
 
+bool IsOpen(std::int64_t time) {
+    return OpenMinutes(time, time + kMinute) > 0;
+}
+
+bool MayBeFollowed(std::string_view ownSymbol, std::int64_t time, std::int64_t receivedAt,
+                   std::int64_t now) {
+    if (IsOpen(now) || receivedAt == 0)
+        return true;
+    if (time != 0 && OpenMinutes(time, now) == 0)
+        return false;
+    // The price of a fund is told in the evening, any other one twenty minutes late at most.
+    const std::int64_t lateness = KindOf(ownSymbol) == PriceKind::Fund ? 5 * kHour : kHour / 2;
+    return OpenMinutes(receivedAt - lateness, now) > 0;
+}
+
 Freshness FreshnessOf(std::string_view ownSymbol, std::int64_t time, std::int64_t now) {
     return Judge(kLimits[static_cast<std::size_t>(KindOf(ownSymbol))], time, now);
 }

@@ -25,6 +25,15 @@ int TradingMinutes(std::int64_t time);
 /// after `from`. What lies back further than a month counts as a month.
 std::int64_t OpenMinutes(std::int64_t from, std::int64_t to);
 
+/// Whether shares are traded at a moment.
+bool IsOpen(std::int64_t time);
+
+/// Whether a price that bears a time (0 when it is not said) and was received at `receivedAt` (0
+/// for never) can be followed by a newer one at `now`. While the market is closed it cannot, once
+/// it is that of the close: it says so, or it came so late that no source has another one.
+bool MayBeFollowed(std::string_view ownSymbol, std::int64_t time, std::int64_t receivedAt,
+                   std::int64_t now);
+
 /// How much the time that a price bears is worth. Of two answers the one of more worth is taken, of
 /// two of the same worth the newer one.
 enum class Freshness : std::uint8_t {

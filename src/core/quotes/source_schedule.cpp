@@ -25,6 +25,8 @@ constexpr std::int64_t kTrialInterval = 60;
 constexpr std::int64_t kUnknownRest = 600;
 /// What a request may take beyond its own time-out before it counts as lost.
 constexpr std::int64_t kGrace = 5;
+/// Between two requests that only the list of tickers causes.
+constexpr std::int64_t kListedInterval = 60;
 
 std::int64_t Doubled(std::int64_t base, int failures, std::int64_t most) {
     return std::min(most, base << std::min(failures, 12));
@@ -72,24 +74,28 @@ SourceSchedule::SourceSchedule(SourceTable table)
 
 void SourceSchedule::Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now,
                           Urgency urgency) {
-    if (urgency != Urgency::Routine)
+    const bool respectsRests = urgency == Urgency::Routine || urgency == Urgency::Listed;
+    if (!respectsRests)
         EndOwnRests(urgency, now);
     for (const std::string& symbol : symbols) {
         const Key key(span, OwnSymbol(symbol));
         if (key.second.empty())
             continue;
         Subject& subject = m_subjects[key];
+        if (urgency != Urgency::Listed)
+            subject.listed = false;
         if (subject.pending)
             continue;
         subject.asked.resize(m_rows.size());
         subject.said.resize(m_rows.size());
-        if (urgency != Urgency::Routine)
+        if (!respectsRests)
             for (std::size_t row = 0; row < m_rows.size(); ++row) {
                 const std::int64_t interval = m_table.rows[row].minInterval;
                 subject.asked[row].length =
                     std::min(subject.asked[row].length, std::max(kTrialInterval, interval));
             }
         subject.pending = true;
+        subject.listed = urgency == Urgency::Listed;
         subject.answered = false;
         ++m_pending;
         PassOn(key, 0, now);
@@ -129,6 +135,7 @@ void SourceSchedule::PassOn(const Key& key, std::size_t firstRow, std::int64_t n
             }
             continue;
         }
+        subject.queuedAt = now;
         m_rows[i].queues[key.first].push_back(key);
         return;
     }
@@ -156,18 +163,57 @@ bool SourceSchedule::MayAsk(std::size_t row, std::int64_t now) const {
 
 std::optional<SourceRequest> SourceSchedule::Next(std::int64_t now) {
     GiveUpLateFlights(now);
+    // Of what only the list wants, the queue that has waited longest.
+    std::deque<Key>* listed = nullptr;
+    std::size_t listedRow = 0;
     for (std::size_t i = 0; i < m_rows.size(); ++i)
         for (auto& [span, queue] : m_rows[i].queues) {
             if (queue.empty() || m_hosts[m_rows[i].host].inFlight)
                 continue;
-            if (MayAsk(i, now))
+            if (!MayAsk(i, now)) {
+                for (const Key& key : std::exchange(queue, {})) {
+                    m_subjects[key].said[i] = Reply::Missing;
+                    PassOn(key, i + 1, now);
+                }
+            } else if (PutOthersFirst(queue)) {
                 return Send(i, queue, now);
-            for (const Key& key : std::exchange(queue, {})) {
-                m_subjects[key].said[i] = Reply::Missing;
-                PassOn(key, i + 1, now);
+            } else if (!listed ||
+                       m_subjects[queue.front()].queuedAt < m_subjects[listed->front()].queuedAt) {
+                listed = &queue;
+                listedRow = i;
             }
         }
-    return std::nullopt;
+    if (!listed || m_untilNextListed.Holds(now))
+        return std::nullopt;
+    m_untilNextListed = {now, kListedInterval};
+    return Send(listedRow, *listed, now);
+}
+
+/// Leaves what only the list wants to the end; whether there is anything else.
+bool SourceSchedule::PutOthersFirst(std::deque<Key>& queue) {
+    const auto isForOthers = [this](const Key& key) { return !m_subjects[key].listed; };
+    return std::stable_partition(queue.begin(), queue.end(), isForOthers) != queue.begin();
+}
+
+void SourceSchedule::WithdrawListed() {
+    const auto withdraw = [this](const Key& key) {
+        Subject& subject = m_subjects[key];
+        if (!subject.listed)
+            return false;
+        subject.pending = false;
+        --m_pending;
+        return true;
+    };
+    for (RowState& row : m_rows)
+        for (auto& entry : row.queues)
+            std::erase_if(entry.second, withdraw);
+}
+
+std::size_t SourceSchedule::BatchOf(PriceSpan span) const {
+    for (const SourceRow& row : m_table.rows)
+        if (row.enabled && row.Gives(span))
+            return static_cast<std::size_t>(row.batch);
+    return 0;
 }
 
 SourceRequest SourceSchedule::Send(std::size_t row, std::deque<Key>& queue, std::int64_t now) {
@@ -193,7 +239,7 @@ SourceRequest SourceSchedule::Send(std::size_t row, std::deque<Key>& queue, std:
     m_hosts[state.host].inFlight = id;
     SourceRequest request{id, RequestAddress(source, flight.span, flight.symbols, now),
                           source.userAgent.empty() ? m_table.userAgent : source.userAgent,
-                          source.timeout};
+                          source.timeout, flight.symbols};
     m_flights.emplace(id, std::move(flight));
     return request;
 }

@@ -27,11 +27,13 @@ struct SourceRequest {
     int id = 0;
     std::string address;
     std::string userAgent;
-    int timeout = 0; ///< in seconds
+    int timeout = 0;                  ///< in seconds
+    std::vector<std::string> symbols; ///< that it is about, in the program's form
 };
 
 /// Who waits for an answer.
 enum class Urgency : std::uint8_t {
+    Listed,  ///< the list of tickers: a routine that causes one request a minute at most
     Routine, ///< a page that loads itself again and again: it respects every rest
     Regular, ///< the program, every few minutes: it tries what failed
     Asked    ///< a person: the same, whatever the program tried just before
@@ -59,6 +61,7 @@ struct SourceReport {
 /// is left. An answer that is older than it may be, or does not say its time, is kept as long as
 /// there is no newer one, and the search goes on. One request at a time goes to a host; a source
 /// that refuses or fails rests; no symbol is asked of the same source again before its interval.
+/// What only the list wants goes with the requests of others, and else waits for its minute.
 /// Every `now` is in epoch seconds.
 class SourceSchedule {
 public:
@@ -69,6 +72,12 @@ public:
     /// own account are tried again, once a minute; a rest that a source asked for stands.
     void Want(PriceSpan span, const std::vector<std::string>& symbols, std::int64_t now,
               Urgency urgency = Urgency::Routine);
+
+    /// Takes off the list what only the list of tickers wants and was not sent yet.
+    void WithdrawListed();
+
+    /// How many symbols the first source that gives a span takes at once, 0 when none gives it.
+    std::size_t BatchOf(PriceSpan span) const;
 
     /// The next request to send, none when all is sent, answered or given up. To be asked again
     /// after each answer, and once a second while IsBusy.
@@ -104,9 +113,11 @@ private:
     /// One symbol over one span: what is known and how far the present search is.
     struct Subject {
         bool pending = false;
+        bool listed = false;   ///< nobody but the list waits for it
         bool answered = false; ///< in the present search, if not by something current
         bool stale = false;
         std::size_t source = 0; ///< that gave the value, or ended the last search
+        std::int64_t queuedAt = 0;
         std::int64_t receivedAt = 0;
         std::optional<Quote> quote;
         std::optional<PriceSeries> series;
@@ -147,6 +158,7 @@ private:
     static bool IsCurrent(const Subject& subject, std::int64_t now);
     void Settle(Subject& subject, bool gaveUp);
     bool MayAsk(std::size_t row, std::int64_t now) const;
+    bool PutOthersFirst(std::deque<Key>& queue);
     SourceRequest Send(std::size_t row, std::deque<Key>& queue, std::int64_t now);
     void EndFlight(int id, const SourceAnswer& answer, std::string_view retryAfter,
                    std::int64_t now);
@@ -163,6 +175,7 @@ private:
     std::map<Key, Subject> m_subjects;
     std::map<int, Flight> m_flights;
     std::map<Urgency, Pause> m_untilNextTrial; ///< of sources that rest
+    Pause m_untilNextListed;                   ///< request that the list alone causes
     int m_lastId = 0;
     std::size_t m_pending = 0;
 };

@@ -19,6 +19,7 @@ enum class CommandMenu : std::uint8_t {
     Page,
     View,
     TextSize,
+    ListQuotes,
     Tools,
     Help
 };

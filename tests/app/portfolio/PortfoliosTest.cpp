@@ -1,3 +1,4 @@
+#include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerModel.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/text/files.h"

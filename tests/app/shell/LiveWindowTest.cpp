@@ -3,6 +3,7 @@
 #include "app/engine/PaneWait.h"
 #include "app/forms/StripPanel.h"
 #include "app/market/IndexStrip.h"
+#include "core/portfolio/quote_columns.h"
 #include "core/text/files.h"
 #include "support/StandIns.h"
 #include "support/TestSession.h"
@@ -39,6 +40,9 @@ public:
     LiveWindow() : TestSession(u"127.0.0.1:1"_s, WebMode::Live) {
         Store("First", "OK");
         Store("Stocks1", "MSFT|");
+        // A ticker list without prices asks for none.
+        for (const QuoteColumnRow& row : kQuoteColumns)
+            Store(std::string(row.key).c_str(), "False");
         today = kToday;
     }
 

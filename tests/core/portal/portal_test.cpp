@@ -302,5 +302,20 @@ TEST(PortalLists, AreReadByTheProgram) {
         EXPECT_THAT(site.target, StartsWith("http")) << site.caption;
 }
 
+TEST_F(Portal, ThePriceOfATickerIsThatOfItsQuotePage) {
+    const auto price = m_portal.PriceOf("msft", kToday);
+    ASSERT_TRUE(price);
+    const SampleQuote& quote = *m_market.Find("MSFT");
+    EXPECT_EQ(price->last, quote.closes.back());
+    EXPECT_NEAR(*price->change, quote.closes.back() - quote.closes[quote.closes.size() - 2], 1e-9);
+    EXPECT_EQ(price->age, "");
+    EXPECT_EQ(price->origin, "Nov 20, SAMPLE DATA");
+    ASSERT_GT(price->day.size(), 2u);
+    EXPECT_NEAR(price->day.back(), price->last, 1e-9);
+    EXPECT_TRUE(m_portal.PriceOf("^IXIC", kToday));
+    EXPECT_FALSE(m_portal.PriceOf("NOSUCH", kToday));
+    EXPECT_FALSE(m_portal.PriceOf("", kToday));
+}
+
 } // namespace
 } // namespace tallowmere

@@ -155,5 +155,54 @@ TEST(QuoteAge, SaysAnAgeInAFewCharacters) {
     EXPECT_EQ(AgeText(0, kFridayClose), "");
 }
 
+TEST(QuoteAge, KnowsWhetherTheMarketIsOpen) {
+    struct Case {
+        const char* time;
+        bool isOpen;
+    };
+    for (const Case& c : {Case{"2026-11-20 09:29:59", false}, // a Friday
+                          {"2026-11-20 09:30:00", true},
+                          {"2026-11-20 12:00:00", true},
+                          {"2026-11-20 15:59:59", true},
+                          {"2026-11-20 16:00:00", false},
+                          {"2026-11-21 12:00:00", false},
+                          {"2026-11-27 12:59:00", true}, // the day after Thanksgiving
+                          {"2026-11-27 13:00:00", false}})
+        EXPECT_EQ(IsOpen(At(c.time)), c.isOpen) << c.time;
+}
+
+TEST(QuoteAge, AfterTheCloseNothingFollowsThePriceOfTheClose) {
+    struct Case {
+        const char* symbol;
+        const char* time;     // that the price bears
+        const char* received; // empty for never
+        const char* now;
+        bool mayBeFollowed;
+    };
+    constexpr const char* kUnsaid = "";
+    for (const Case& c :
+         {Case{"MSFT", "2026-11-20 11:00", "2026-11-20 11:00", "2026-11-20 11:01", true},
+          {"MSFT", kUnsaid, "", "2026-11-21 11:00", true},
+          // It bears the time of the close, or a later one.
+          {"MSFT", "2026-11-20 16:00", "2026-11-20 16:01", "2026-11-20 16:02", false},
+          {"MSFT", "2026-11-20 16:00", "2026-11-20 16:01", "2026-11-22 12:00", false},
+          {"MSFT", "2026-11-20 16:00", "2026-11-20 16:01", "2026-11-23 09:29", false},
+          {"MSFT", "2026-11-20 16:00", "2026-11-20 16:01", "2026-11-23 09:30", true},
+          // It bears an earlier one, and the source may be late.
+          {"MSFT", "2026-11-20 15:45", "2026-11-20 16:01", "2026-11-20 16:11", true},
+          {"MSFT", "2026-11-20 15:45", "2026-11-20 16:29", "2026-11-20 16:39", true},
+          {"MSFT", "2026-11-20 15:45", "2026-11-20 16:31", "2026-11-20 16:41", false},
+          {"MSFT", kUnsaid, "2026-11-20 16:31", "2026-11-20 16:41", false},
+          {"MSFT", kUnsaid, "2026-11-20 15:31", "2026-11-20 16:41", true},
+          // A fund is priced in the evening.
+          {"VFINX", "2026-11-19 16:00", "2026-11-20 18:00", "2026-11-20 18:10", true},
+          {"VFINX", "2026-11-20 16:00", "2026-11-20 18:10", "2026-11-20 18:20", false},
+          {"VFINX", "2026-11-19 16:00", "2026-11-20 21:01", "2026-11-20 21:11", false}})
+        EXPECT_EQ(MayBeFollowed(c.symbol, *c.time ? At(c.time) : 0,
+                                *c.received ? At(c.received) : 0, At(c.now)),
+                  c.mayBeFollowed)
+            << c.symbol << " of " << c.time << " at " << c.now;
+}
+
 } // namespace
 } // namespace tallowmere

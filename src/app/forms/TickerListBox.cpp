@@ -1,0 +1,111 @@
+#include "app/forms/TickerListBox.h"
+
+#include "app/forms/TickerRowPainter.h"
+#include "core/portfolio/quote_cells.h"
+
+#include <QPaintEvent>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace tallowmere {
+
+namespace {
+
+constexpr int kLineDigits = 6;
+constexpr int kLeastTicker = 4; // digits
+
+std::size_t At(QuoteColumn column) {
+    return static_cast<std::size_t>(column);
+}
+
+} // namespace
+
+TickerListBox::TickerListBox(const QString& name, const QString& accessibleName, QWidget* parent)
+    : ListBox(name, accessibleName, parent) {
+    setItemDelegate(new TickerRowPainter(*this));
+}
+
+void TickerListBox::setModel(QAbstractItemModel* model) {
+    connect(model, &QAbstractItemModel::modelReset, this, &TickerListBox::ForgetWidths);
+    ListBox::setModel(model);
+}
+
+void TickerListBox::ShowColumns(const OfColumns<bool>& wanted) {
+    m_wanted = wanted;
+    ForgetWidths();
+    PlaceForRowsInView();
+    viewport()->update();
+}
+
+bool TickerListBox::Shows(QuoteColumn column) const {
+    return std::ranges::find(m_columns, column, &PlacedColumn::column) != m_columns.end();
+}
+
+bool TickerListBox::Wants() const {
+    return std::ranges::find(m_wanted, true) != m_wanted.end();
+}
+
+std::pair<int, int> TickerListBox::RowsInView() const {
+    const QRect view = viewport()->rect();
+    const int first = indexAt({1, 0}).row();
+    if (first < 0)
+        return {-1, -1};
+    const QModelIndex last = indexAt({1, view.bottom()});
+    return {first, last.isValid() ? last.row() : Count() - 1};
+}
+
+void TickerListBox::ForgetWidths() {
+    m_widest = {};
+    m_widestTicker = 0;
+}
+
+// The columns stand below each other, as wide as the widest cell that was ever seen in this list:
+// numbers that grow shorter do not make them jump.
+bool TickerListBox::PlaceForRowsInView() {
+    const QFontMetrics metrics = fontMetrics();
+    const int digit = metrics.horizontalAdvance(u'0');
+    const auto [first, last] = RowsInView();
+    bool hasQuote = false;
+    for (int row = std::max(0, first); row <= last; ++row) {
+        const QModelIndex item = model()->index(row, 0);
+        const QVariant quote = item.data(QuoteRole);
+        if (!quote.isValid())
+            continue;
+        hasQuote = true;
+        const auto cells = quote.value<QuoteCells>();
+        const auto widen = [&](QuoteColumn column, const std::string& text) {
+            int& widest = m_widest.at(At(column));
+            widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(text)));
+        };
+        widen(QuoteColumn::Last, cells.last);
+        widen(QuoteColumn::Change, cells.change);
+        widen(QuoteColumn::Percent, cells.percent);
+        const QString ticker =
+            item.data().toString().left(kMostTickerCharacters) + item.data(SignRole).toString();
+        m_widestTicker = std::max(m_widestTicker, metrics.horizontalAdvance(ticker));
+    }
+    OfColumns<int> widths{};
+    for (const QuoteColumnRow& row : kQuoteColumns)
+        if (m_wanted.at(At(row.column)) && hasQuote)
+            widths.at(At(row.column)) = m_widest.at(At(row.column));
+    if (m_wanted.at(At(QuoteColumn::Day)) && hasQuote)
+        widths.at(At(QuoteColumn::Day)) = kLineDigits * digit;
+    const int margin = TickerRowPainter::MarginOf(*this);
+    auto columns =
+        PlaceColumns(viewport()->width() - margin,
+                     2 * margin + std::max(m_widestTicker, kLeastTicker * digit), widths, digit);
+    if (columns == m_columns)
+        return false;
+    m_columns = std::move(columns);
+    return true;
+}
+
+void TickerListBox::paintEvent(QPaintEvent* event) {
+    // Rows that need not be painted have to move as well when the columns do.
+    if (PlaceForRowsInView() && event->rect() != viewport()->rect())
+        viewport()->update();
+    ListBox::paintEvent(event);
+}
+
+} // namespace tallowmere
