@@ -24,6 +24,8 @@ std::size_t At(QuoteColumn column) {
 TickerListBox::TickerListBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : ListBox(name, accessibleName, parent) {
     setItemDelegate(new TickerRowPainter(*this));
+    setDragDropMode(DragDrop);
+    setDefaultDropAction(Qt::MoveAction);
 }
 
 void TickerListBox::setModel(QAbstractItemModel* model) {

@@ -33,6 +33,7 @@ TickerStrip::TickerStrip(frmMain& form, SettingsStore& settings, const SiteTable
     const auto changed = [this] { m_listChanged.start(); };
     const QAbstractItemModel* list = form.List1->model();
     connect(list, &QAbstractItemModel::modelReset, this, changed);
+    connect(list, &QAbstractItemModel::layoutChanged, this, changed);
     connect(list, &QAbstractItemModel::rowsInserted, this, changed);
     connect(list, &QAbstractItemModel::rowsRemoved, this, changed);
 }

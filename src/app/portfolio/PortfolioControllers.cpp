@@ -6,6 +6,7 @@
 #include "app/portfolio/CsvCommands.h"
 #include "app/portfolio/FinderPortfolios.h"
 #include "app/portfolio/ListColumns.h"
+#include "app/portfolio/ListOrder.h"
 #include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/PortfolioCommands.h"
 #include "app/portfolio/Portfolios.h"
@@ -32,11 +33,12 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
       quotes(new QuotePage(form, settings, sites, *links.panes, transfers)),
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
       import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {
+    new ListOrder(form, *portfolios, *tickers, *links.panes);
     new PortfolioCommands(form, settings, undo, prompts, *portfolios);
     new CsvCommands(form, settings, undo, prompts, programFolder, *portfolios, *links.panes);
     auto* menus =
         new QuoteMenus(form, settings, sites, *portfolios, *links.panes, *links.panel, *quotes);
-    QObject::connect(columns, &ListColumns::Changed, listQuotes, &ListQuotes::LookSoon);
+    QObject::connect(columns, &ListColumns::Changed, listQuotes, &ListQuotes::FollowColumns);
     QObject::connect(portfolios, &Portfolios::Selected, marks, &TickerMarks::Refresh);
     QObject::connect(links.dispatch, &LinkDispatch::PortfolioMenuRequested, menus,
                      &QuoteMenus::PopUp);

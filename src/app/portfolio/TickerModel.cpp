@@ -7,11 +7,19 @@
 #include "core/shell/settings_store.h"
 #include "core/shell/undo_recorder.h"
 
+#include <QMimeData>
+
+#include <algorithm>
+
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString DragType() {
+    return u"application/x-tallowmere-ticker"_s;
+}
 
 std::string KeyOf(int number) {
     return "Stocks" + std::to_string(number);
@@ -119,9 +127,17 @@ void TickerModel::SetMarker(Marker marker) {
 }
 
 void TickerModel::RefreshMarks() {
-    if (!m_tickers.isEmpty())
-        Q_EMIT dataChanged(index(0), index(rowCount() - 1),
+    for (int row = 0; row < rowCount(); ++row) {
+        const auto shown = m_signs.find(FromQt(m_tickers.at(row)));
+        if (shown == m_signs.end() || shown->second == SignOf(m_tickers.at(row)))
+            continue;
+        Q_EMIT dataChanged(index(row), index(row),
                            {SignRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+    }
+}
+
+QString TickerModel::SignOf(const QString& ticker) const {
+    return m_marker ? m_marker(ticker).sign : QString();
 }
 
 void TickerModel::SetQuotes(QuoteReader reader) {
@@ -180,14 +196,96 @@ QVariant TickerModel::data(const QModelIndex& index, int role) const {
     const QString& ticker = m_tickers.at(index.row());
     if (role == Qt::DisplayRole)
         return ticker;
+    if (role == SignRole)
+        return m_signs[FromQt(ticker)] = SignOf(ticker);
     if (role == QuoteRole) {
         const auto& quote = QuoteOf(ticker);
         return quote ? QVariant::fromValue(*quote) : QVariant();
     }
-    if (role != SignRole && role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole)
+    if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole)
         return {};
     const ItemMark mark = MarkWithQuote(ticker);
-    return role == SignRole ? mark.sign : role == Qt::ToolTipRole ? mark.hint : mark.meaning;
+    return role == Qt::ToolTipRole ? mark.hint : mark.meaning;
+}
+
+void TickerModel::Arrange(const TickerOrder& order, const std::string& caption) {
+    if (std::ranges::is_sorted(order))
+        return;
+    WriteUnwritten();
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    QStringList tickers;
+    QList<int> places(m_tickers.size());
+    for (const std::size_t from : order) {
+        places[static_cast<qsizetype>(from)] = static_cast<int>(tickers.size());
+        tickers << m_tickers.at(static_cast<qsizetype>(from));
+    }
+    m_tickers = std::move(tickers);
+    const QModelIndexList kept = persistentIndexList();
+    for (const QModelIndex& row : kept)
+        changePersistentIndex(row, index(places.at(row.row())));
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+    m_undo.Run(caption, [this] { Write(); });
+}
+
+bool TickerModel::moveRows(const QModelIndex& sourceParent, int row, int count,
+                           const QModelIndex& targetParent, int before) {
+    const bool isOfRows = !sourceParent.isValid() && !targetParent.isValid() && count == 1 &&
+                          row >= 0 && row < rowCount() && before >= 0 && before <= rowCount();
+    if (!isOfRows || before == row || before == row + 1)
+        return false;
+    Arrange(MovedOrder(static_cast<std::size_t>(rowCount()), static_cast<std::size_t>(row),
+                       static_cast<std::size_t>(before)),
+            "Move " + FromQt(m_tickers.at(row)) + " in the List");
+    return true;
+}
+
+int TickerModel::DraggedRow(const QMimeData& mime) const {
+    const QString dragged = QString::fromUtf8(mime.data(DragType()));
+    const int row = dragged.section(u' ', 0, 0).toInt();
+    const QString ticker = dragged.section(u' ', 1);
+    if (!mime.hasFormat(DragType()) || row < 0 || row >= rowCount() || m_tickers.at(row) != ticker)
+        return -1;
+    return row;
+}
+
+Qt::ItemFlags TickerModel::flags(const QModelIndex& index) const {
+    return index.isValid() ? QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled
+                           : Qt::ItemIsDropEnabled;
+}
+
+Qt::DropActions TickerModel::supportedDragActions() const {
+    return Qt::MoveAction | Qt::CopyAction;
+}
+
+Qt::DropActions TickerModel::supportedDropActions() const {
+    return Qt::MoveAction | Qt::CopyAction;
+}
+
+QStringList TickerModel::mimeTypes() const {
+    return {DragType()};
+}
+
+QMimeData* TickerModel::mimeData(const QModelIndexList& indexes) const {
+    if (indexes.isEmpty())
+        return nullptr;
+    const int row = indexes.first().row();
+    auto* mime = new QMimeData;
+    mime->setData(DragType(), (QString::number(row) + u' ' + m_tickers.at(row)).toUtf8());
+    return mime;
+}
+
+bool TickerModel::canDropMimeData(const QMimeData* mime, Qt::DropAction, int, int,
+                                  const QModelIndex& parent) const {
+    return mime && !parent.isValid() && DraggedRow(*mime) >= 0;
+}
+
+// A portfolio that holds a ticker does not get it twice by a slip of the hand: what is copied
+// within the list is moved.
+bool TickerModel::dropMimeData(const QMimeData* mime, Qt::DropAction action, int row, int column,
+                               const QModelIndex& parent) {
+    if (!canDropMimeData(mime, action, row, column, parent))
+        return false;
+    return moveRow({}, DraggedRow(*mime), {}, row < 0 ? rowCount() : row);
 }
 
 } // namespace tallowmere

@@ -2,6 +2,7 @@
 
 #include "app/forms/ListRoles.h"
 #include "core/portfolio/quote_cells.h"
+#include "core/portfolio/ticker_order.h"
 
 #include <QAbstractListModel>
 #include <QStringList>
@@ -12,6 +13,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+class QMimeData;
 
 namespace tallowmere {
 
@@ -59,10 +62,20 @@ public:
     /// Takes all rows out of the rows alone.
     void Clear();
 
+    /// Puts the rows into another order and writes the list, as a step of that caption; nothing
+    /// where it is the order that they have. The selection goes with its row.
+    void Arrange(const TickerOrder& order, const std::string& caption);
+    /// Moves one row before another one, in the same way.
+    bool moveRows(const QModelIndex& sourceParent, int row, int count,
+                  const QModelIndex& targetParent, int before) override;
+
+    /// The row that is dragged, -1 when it is none of this list or gone by now.
+    int DraggedRow(const QMimeData& mime) const;
+
     /// Marks tickers from now on by what the function gives for them.
     using Marker = std::function<ItemMark(const QString& ticker)>;
     void SetMarker(Marker marker);
-    /// Shows the marks anew when the function gives others.
+    /// Shows the marks anew for which the function gives other signs; the rest is left alone.
     void RefreshMarks();
 
     /// Shows what the function gives for the tickers from now on; none without it.
@@ -77,15 +90,28 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
+    // Rows are dragged; what is dropped between them is moved there.
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    Qt::DropActions supportedDragActions() const override;
+    Qt::DropActions supportedDropActions() const override;
+    QStringList mimeTypes() const override;
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    bool canDropMimeData(const QMimeData* mime, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    bool dropMimeData(const QMimeData* mime, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
+
 private:
     void SetRows(QStringList tickers);
     ItemMark MarkWithQuote(const QString& ticker) const;
+    QString SignOf(const QString& ticker) const;
 
     SettingsStore& m_settings;
     UndoRecorder& m_undo;
     int m_number = 0;
     QStringList m_tickers;
     Marker m_marker;
+    mutable std::unordered_map<std::string, QString> m_signs; ///< that were looked at
     QuoteReader m_readQuote;
     /// What was read, by the ticker: rows that nobody looked at are in none.
     mutable std::unordered_map<std::string, std::optional<QuoteCells>> m_quotes;

@@ -6,9 +6,12 @@
 #include "app/base/QtText.h"
 
 #include <QAbstractItemModelTester>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <memory>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -152,6 +155,120 @@ private Q_SLOTS:
         QCOMPARE(marked.data(Qt::ToolTipRole).toString(), u"hint"_s);
         QCOMPARE(marked.data(Qt::AccessibleDescriptionRole).toString(), u"meaning"_s);
         QCOMPARE(list->index(0).data(SignRole).toString(), QString());
+    }
+
+    void OnlyRowsWithAnotherSignOrQuoteAreToldToHaveChanged() {
+        List list({{1, "AAA|BBB|CCC|AAA|"}});
+        list->Show(1);
+        QString marked;
+        list->SetMarker([&](const QString& ticker) {
+            return ticker == marked ? ItemMark{u"?"_s, {}, {}} : ItemMark();
+        });
+        std::map<std::string, double> market{{"AAA", 1}, {"BBB", 2}};
+        list->SetQuotes([&](const std::string& ticker) -> std::optional<QuoteCells> {
+            if (!market.contains(ticker))
+                return std::nullopt;
+            ListedPrice price;
+            price.last = market[ticker];
+            return CellsOf(price);
+        });
+        for (int row = 0; row < list->rowCount(); ++row)
+            for (const int role : {int(SignRole), int(QuoteRole)})
+                list->data(list->index(row), role);
+        QCOMPARE(list->index(1).data(QuoteRole).value<QuoteCells>().last, "2.00");
+        QVERIFY(!list->index(2).data(QuoteRole).isValid());
+        QSignalSpy changed(&*list, &QAbstractItemModel::dataChanged);
+        const auto rows = [&changed] {
+            QList<int> told;
+            while (!changed.isEmpty())
+                told << changed.takeFirst()[0].toModelIndex().row();
+            return told;
+        };
+        list->RefreshMarks();
+        list->RefreshQuotes();
+        QCOMPARE(rows(), QList<int>());
+        marked = u"BBB"_s;
+        list->RefreshMarks();
+        QCOMPARE(rows(), QList{1});
+        market = {{"AAA", 3}, {"BBB", 4}, {"CCC", 5}};
+        list->RefreshQuotes({"AAA"});
+        QCOMPARE(rows(), (QList{0, 3}));
+        list->RefreshQuotes();
+        QCOMPARE(rows(), (QList{1, 2}));
+        market.erase("BBB");
+        list->RefreshQuotes();
+        QCOMPARE(rows(), QList{1});
+    }
+
+    void ARowMovesBeforeAnotherOneInOneStep() {
+        List list({{1, "AAA|BBB|CCC|DDD|"}});
+        list->Show(1);
+        const QPersistentModelIndex moved = list->index(0);
+        QVERIFY(list->moveRow({}, 0, {}, 3));
+        QCOMPARE(list.Shown(), u"BBB|CCC|AAA|DDD"_s);
+        QCOMPARE(list.Stored(1), u"BBB|CCC|AAA|DDD|"_s);
+        QCOMPARE(list.Step(), u"Move AAA in the List"_s);
+        QCOMPARE(moved.row(), 2);
+        list.Undo();
+        QCOMPARE(list.Shown(), u"AAA|BBB|CCC|DDD"_s);
+        QCOMPARE(list.Step(), QString());
+    }
+
+    void ARowThatStaysWhereItIsIsNoStep() {
+        List list({{1, "AAA|BBB|"}});
+        list->Show(1);
+        for (const auto& [row, before] :
+             {std::pair(0, 0), {0, 1}, {1, 1}, {1, 2}, {2, 0}, {0, 3}, {-1, 1}, {0, -1}})
+            QVERIFY(!list->moveRow({}, row, {}, before));
+        list->Arrange({0, 1}, "Sort");
+        QCOMPARE(list.Shown(), u"AAA|BBB"_s);
+        QCOMPARE(list.Step(), QString());
+    }
+
+    void WhatWasNotWrittenIsAStepOfItsOwnBeforeAMove() {
+        List list({{1, "AAA|"}});
+        list->Show(1);
+        list->Append({"BBB"});
+        list->Arrange({1, 0}, "Sort by Symbol");
+        QCOMPARE(list.Stored(1), u"BBB|AAA|"_s);
+        QCOMPARE(list.Step(), u"Sort by Symbol"_s);
+        list.Undo();
+        QCOMPARE(list.Stored(1), u"AAA|BBB|"_s);
+        QCOMPARE(list.Step(), u"Add BBB"_s);
+    }
+
+    void ADraggedRowIsDroppedBetweenOthersOrAtTheEnd_data() {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("first") << 0 << u"BBB|AAA|CCC"_s;
+        QTest::newRow("last") << 3 << u"AAA|CCC|BBB"_s;
+        QTest::newRow("below the rows") << -1 << u"AAA|CCC|BBB"_s;
+    }
+    void ADraggedRowIsDroppedBetweenOthersOrAtTheEnd() {
+        QFETCH(const int, row);
+        QFETCH(const QString, shown);
+        List list({{1, "AAA|BBB|CCC|"}});
+        list->Show(1);
+        const std::unique_ptr<QMimeData> mime(list->mimeData({list->index(1)}));
+        QVERIFY(list->canDropMimeData(mime.get(), Qt::MoveAction, row, 0, {}));
+        QVERIFY(list->dropMimeData(mime.get(), Qt::MoveAction, row, 0, {}));
+        QCOMPARE(list.Shown(), shown);
+    }
+
+    void OnlyARowThatIsStillThereIsTaken() {
+        List list({{1, "AAA|BBB|CCC|"}, {2, "XXX|"}});
+        list->Show(1);
+        const std::unique_ptr<QMimeData> mime(list->mimeData({list->index(1)}));
+        QCOMPARE(list->DraggedRow(*mime), 1);
+        QVERIFY(!list->canDropMimeData(mime.get(), Qt::MoveAction, 0, 0, list->index(0)));
+        list->TakeOut(0);
+        QCOMPARE(list->DraggedRow(*mime), -1);
+        QVERIFY(!list->dropMimeData(mime.get(), Qt::MoveAction, 0, 0, {}));
+        list->Show(2);
+        QCOMPARE(list->DraggedRow(*mime), -1);
+        QMimeData other;
+        other.setText(u"0 XXX"_s);
+        QCOMPARE(list->DraggedRow(other), -1);
     }
 };
 
