@@ -7,6 +7,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <array>
 
 namespace tallowmere {
 
@@ -18,6 +19,30 @@ constexpr int kLeastTicker = 4; // digits
 std::size_t At(QuoteColumn column) {
     return static_cast<std::size_t>(column);
 }
+
+/// Measures texts of few different characters: numbers, whose characters all stand apart, and
+/// symbols.
+class Ruler {
+public:
+    explicit Ruler(const QFontMetrics& metrics) : m_metrics(metrics) { m_widths.fill(-1); }
+
+    int WidthOf(const QString& text) {
+        int width = 0;
+        for (const QChar character : text) {
+            const auto code = static_cast<std::size_t>(character.unicode());
+            if (code >= m_widths.size())
+                return m_metrics.horizontalAdvance(text);
+            if (m_widths[code] < 0)
+                m_widths[code] = m_metrics.horizontalAdvance(character);
+            width += m_widths[code];
+        }
+        return width;
+    }
+
+private:
+    QFontMetrics m_metrics;
+    std::array<int, 128> m_widths{};
+};
 
 } // namespace
 
@@ -65,8 +90,8 @@ void TickerListBox::ForgetWidths() {
 // The columns stand below each other, as wide as the widest cell that was ever seen in this list:
 // numbers that grow shorter do not make them jump.
 bool TickerListBox::PlaceForRowsInView() {
-    const QFontMetrics metrics = fontMetrics();
-    const int digit = metrics.horizontalAdvance(u'0');
+    Ruler ruler(fontMetrics());
+    const int digit = ruler.WidthOf(QStringLiteral("0"));
     const auto [first, last] = RowsInView();
     bool hasQuote = false;
     for (int row = std::max(0, first); row <= last; ++row) {
@@ -78,14 +103,14 @@ bool TickerListBox::PlaceForRowsInView() {
         const auto cells = quote.value<QuoteCells>();
         const auto widen = [&](QuoteColumn column, const std::string& text) {
             int& widest = m_widest.at(At(column));
-            widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(text)));
+            widest = std::max(widest, ruler.WidthOf(QString::fromStdString(text)));
         };
         widen(QuoteColumn::Last, cells.last);
         widen(QuoteColumn::Change, cells.change);
         widen(QuoteColumn::Percent, cells.percent);
         const QString ticker =
             item.data().toString().left(kMostTickerCharacters) + item.data(SignRole).toString();
-        m_widestTicker = std::max(m_widestTicker, metrics.horizontalAdvance(ticker));
+        m_widestTicker = std::max(m_widestTicker, ruler.WidthOf(ticker));
     }
     OfColumns<int> widths{};
     for (const QuoteColumnRow& row : kQuoteColumns)

@@ -8,7 +8,7 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPolygonF>
 
 #include <algorithm>
 
@@ -16,19 +16,19 @@ namespace tallowmere {
 
 namespace {
 
-/// The prices of a day as a line that fills a place.
-QPainterPath LineOf(const std::vector<double>& prices, const QRectF& place) {
+/// The prices of a day as a line that fills a place, no more of them than it is wide.
+QPolygonF LineOf(const std::vector<double>& prices, const QRectF& place) {
     const auto [low, high] = std::minmax_element(prices.begin(), prices.end());
     const double span = *high > *low ? *high - *low : 1;
-    const double step = place.width() / std::max<double>(1, static_cast<double>(prices.size()) - 1);
-    QPainterPath line;
-    for (std::size_t at = 0; at < prices.size(); ++at) {
-        const QPointF point(place.left() + step * static_cast<double>(at),
-                            place.bottom() - place.height() * (prices[at] - *low) / span);
-        if (at == 0)
-            line.moveTo(point);
-        else
-            line.lineTo(point);
+    const std::size_t last = prices.size() - 1;
+    const std::size_t points = std::clamp<std::size_t>(
+        last, 1, std::max<std::size_t>(1, static_cast<std::size_t>(place.width())));
+    QPolygonF line;
+    for (std::size_t at = 0; at <= points; ++at) {
+        const double price = prices[last * at / points];
+        line << QPointF(place.left() +
+                            place.width() * static_cast<double>(at) / static_cast<double>(points),
+                        place.bottom() - place.height() * (price - *low) / span);
     }
     return line;
 }
@@ -91,7 +91,7 @@ void TickerRowPainter::PaintCell(QPainter& painter, const QRect& place, const Pl
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(pens.move);
-    painter.drawPath(LineOf(cells.day, QRectF(place).adjusted(0, 3, -1, -3)));
+    painter.drawPolyline(LineOf(cells.day, QRectF(place).adjusted(0, 3, -1, -3)));
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
@@ -118,15 +118,20 @@ void TickerRowPainter::paint(QPainter* painter, const QStyleOptionViewItem& opti
     QRect left = option.rect.adjusted(margin, 0, 0, 0);
     left.setRight(m_list.Columns().front().left - margin);
     const QString sign = index.data(SignRole).toString();
-    PaintSign(*painter, shown, left, sign);
-    left.setRight(left.right() - shown.fontMetrics.horizontalAdvance(sign));
+    if (!sign.isEmpty()) {
+        PaintSign(*painter, shown, left, sign);
+        left.setRight(left.right() - shown.fontMetrics.horizontalAdvance(sign));
+    }
     painter->setPen(pens.text);
     painter->drawText(left, Qt::AlignLeft | Qt::AlignVCenter,
-                      shown.fontMetrics.elidedText(ticker, Qt::ElideRight, left.width()));
+                      ticker.size() <= kMostTickerCharacters
+                          ? ticker
+                          : shown.fontMetrics.elidedText(ticker, Qt::ElideRight, left.width()));
     // Where no line stands there is the age of a price already.
     const QString age = ToQt(cells.age);
     const bool hasPlace = m_list.Shows(QuoteColumn::Day) && cells.day.size() < 2;
-    if (!hasPlace && shown.fontMetrics.horizontalAdvance(ticker + u' ' + age) < left.width()) {
+    if (!hasPlace && !age.isEmpty() &&
+        shown.fontMetrics.horizontalAdvance(ticker + u' ' + age) < left.width()) {
         painter->setPen(pens.dimmed);
         painter->drawText(left, Qt::AlignRight | Qt::AlignVCenter, age);
     }

@@ -10,6 +10,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <utility>
 
 namespace tallowmere {
 
@@ -127,13 +128,12 @@ void TickerModel::SetMarker(Marker marker) {
 }
 
 void TickerModel::RefreshMarks() {
-    for (int row = 0; row < rowCount(); ++row) {
-        const auto shown = m_signs.find(FromQt(m_tickers.at(row)));
-        if (shown == m_signs.end() || shown->second == SignOf(m_tickers.at(row)))
-            continue;
-        Q_EMIT dataChanged(index(row), index(row),
-                           {SignRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
-    }
+    TellRows(
+        [this](const QString& ticker) {
+            const auto shown = m_signs.find(FromQt(ticker));
+            return shown != m_signs.end() && shown->second != SignOf(ticker);
+        },
+        {SignRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
 }
 
 QString TickerModel::SignOf(const QString& ticker) const {
@@ -159,12 +159,22 @@ void TickerModel::RefreshQuotes(const std::set<std::string>& symbols) {
         cells = std::move(now);
         changed.insert(ticker);
     }
-    if (changed.empty())
-        return;
-    for (int row = 0; row < rowCount(); ++row)
-        if (changed.contains(FromQt(m_tickers.at(row))))
-            Q_EMIT dataChanged(index(row), index(row),
-                               {QuoteRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+    if (!changed.empty())
+        TellRows([&](const QString& ticker) { return changed.contains(FromQt(ticker)); },
+                 {QuoteRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+}
+
+// Rows that follow each other are told at once.
+void TickerModel::TellRows(const std::function<bool(const QString& ticker)>& hasChanged,
+                           const QList<int>& roles) {
+    int first = -1;
+    for (int row = 0; row <= rowCount(); ++row) {
+        const bool isChanged = row < rowCount() && hasChanged(m_tickers.at(row));
+        if (isChanged && first < 0)
+            first = row;
+        if (!isChanged && first >= 0)
+            Q_EMIT dataChanged(index(std::exchange(first, -1)), index(row - 1), roles);
+    }
 }
 
 const std::optional<QuoteCells>& TickerModel::QuoteOf(const QString& ticker) const {

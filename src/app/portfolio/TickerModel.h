@@ -105,6 +105,8 @@ private:
     void SetRows(QStringList tickers);
     ItemMark MarkWithQuote(const QString& ticker) const;
     QString SignOf(const QString& ticker) const;
+    void TellRows(const std::function<bool(const QString& ticker)>& hasChanged,
+                  const QList<int>& roles);
 
     SettingsStore& m_settings;
     UndoRecorder& m_undo;

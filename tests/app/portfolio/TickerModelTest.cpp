@@ -180,8 +180,12 @@ private Q_SLOTS:
         QSignalSpy changed(&*list, &QAbstractItemModel::dataChanged);
         const auto rows = [&changed] {
             QList<int> told;
-            while (!changed.isEmpty())
-                told << changed.takeFirst()[0].toModelIndex().row();
+            while (!changed.isEmpty()) {
+                const QList<QVariant> signal = changed.takeFirst();
+                for (int row = signal[0].toModelIndex().row();
+                     row <= signal[1].toModelIndex().row(); ++row)
+                    told << row;
+            }
             return told;
         };
         list->RefreshMarks();
