@@ -71,7 +71,7 @@ void ListBox::SetListIndex(int index) {
 }
 
 void ListBox::Choose(int index) {
-    const QModelIndex item = m_model.index(index);
+    const QModelIndex item = model()->index(index, 0);
     selectionModel()->setCurrentIndex(item, QItemSelectionModel::ClearAndSelect);
     scrollTo(item);
 }
