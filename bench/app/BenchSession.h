@@ -3,6 +3,7 @@
 #include "app/base/Clock.h"
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
+#include "app/base/WebAccess.h"
 #include "app/engine/PortalScheme.h"
 #include "app/forms/frmMain.h"
 #include "app/shell/Session.h"
@@ -31,12 +32,24 @@ inline void PrepareBench() {
     PortalScheme::Register();
 }
 
-/// A started session on a fresh profile. All sites lie on one host; in sample mode a plain page is
-/// answered to every address.
+/// The clock of the machine, until it is set: from then on it stands.
+class BenchClock : public Clock {
+public:
+    QDateTime standing;
+    QDateTime Now() const override { return standing.isNull() ? Clock::Now() : standing; }
+};
+
+inline PortalAnswer PlainPage(const std::string&, const std::string&) {
+    return PortalAnswer{"text/html", "<html></html>"};
+}
+
+/// A started session on a fresh profile. All sites lie on one host; in sample mode every address
+/// is answered by the portal.
 class BenchSession {
 public:
     explicit BenchSession(const std::function<void(SettingsStore&)>& prepare = {},
-                          const std::string& host = "h.example", WebMode mode = WebMode::Sample) {
+                          const std::string& host = "h.example", WebMode mode = WebMode::Sample,
+                          const WebAccess::PortalFunction& portal = PlainPage) {
         Folders folders;
         folders.programFolder = ToPath(m_folder.path());
         folders.settingsFile = folders.programFolder / "settings.ini";
@@ -46,9 +59,6 @@ public:
         settings.SaveSetting("Settings", "First", "OK");
         if (prepare)
             prepare(settings);
-        const auto portal = [](const std::string&, const std::string&) {
-            return PortalAnswer{"text/html", "<html></html>"};
-        };
         m_tables.sites = SiteTable::Parse("[hosts]\ndefault = \"" + host + "\"\n", "bench");
         m_session = std::make_unique<Session>(
             SessionSetup{folders, mode, m_tables, portal, m_prompts, m_clock});
@@ -57,11 +67,12 @@ public:
 
     Session* operator->() { return m_session.get(); }
     frmMain& Form() { return m_session->Form(); }
+    void SetClock(const QDateTime& now) { m_clock.standing = now; }
 
 private:
     QTemporaryDir m_folder;
     DialogPrompts m_prompts;
-    Clock m_clock;
+    BenchClock m_clock;
     Tables m_tables;
     std::unique_ptr<Session> m_session;
 };
