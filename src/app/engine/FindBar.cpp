@@ -1,5 +1,6 @@
 #include "app/engine/FindBar.h"
 
+#include "app/base/TabPlace.h"
 #include "app/engine/FindText.h"
 
 #include <QHBoxLayout>
@@ -28,6 +29,13 @@ QToolButton* AddButton(QHBoxLayout* layout, const QString& caption, const QStrin
 
 FindBar::FindBar(FindText& finding, QWidget* parent) : QWidget(parent), m_finding(finding) {
     setObjectName(u"FindBar"_s);
+    hide();
+}
+
+// Most panes are never searched.
+void FindBar::Build() {
+    if (m_text)
+        return;
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 2, 4, 2);
     m_text = new QLineEdit;
@@ -42,10 +50,10 @@ FindBar::FindBar(FindText& finding, QWidget* parent) : QWidget(parent), m_findin
     auto* previous = AddButton(layout, u"\u2191"_s, tr("Previous"));
     auto* next = AddButton(layout, u"\u2193"_s, tr("Next"));
     auto* close = AddButton(layout, u"\u2715"_s, tr("Close"));
-    hide();
+    TakeTabPlace(*this);
 
-    m_text->setText(finding.Text());
-    connect(&finding, &FindText::Changed, this, [this] {
+    m_text->setText(m_finding.Text());
+    connect(&m_finding, &FindText::Changed, this, [this] {
         // What another bar shows is put down; what is typed here is there already.
         if (m_text->text() != m_finding.Text()) {
             m_text->setText(m_finding.Text());
@@ -63,12 +71,14 @@ FindBar::FindBar(FindText& finding, QWidget* parent) : QWidget(parent), m_findin
 }
 
 void FindBar::Open() {
+    Build();
     show();
     m_text->setFocus();
     m_text->selectAll();
 }
 
 void FindBar::FindOn(bool isBackward) {
+    Build();
     if (m_text->text().isEmpty())
         Open();
     else

@@ -9,7 +9,8 @@ namespace tallowmere {
 
 class FindText;
 
-/// The bar under a page in which the user searches its text.
+/// The bar under a page in which the user searches its text. Its controls are made when it is first
+/// used.
 class FindBar : public QWidget {
     Q_OBJECT
 public:
@@ -34,13 +35,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void Build();
     void Close();
     void Want(const QString& text, bool isBackward);
 
     FindText& m_finding;
     bool m_isSearching = false; ///< somebody may still say what was found
-    QLineEdit* m_text;
-    QLabel* m_matches;
+    QLineEdit* m_text = nullptr;
+    QLabel* m_matches = nullptr;
 };
 
 } // namespace tallowmere

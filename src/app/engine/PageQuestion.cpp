@@ -1,6 +1,7 @@
 #include "app/engine/PageQuestion.h"
 
 #include "app/base/FlowLayout.h"
+#include "app/base/TabPlace.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -36,10 +37,19 @@ QLineEdit* AddBox(QLayout* layout, const QString& name, const QString& accessibl
 
 } // namespace
 
-PageQuestion::PageQuestion(QWidget* pane) : QFrame(pane), m_area(new QScrollArea(this)) {
+PageQuestion::PageQuestion(QWidget* pane) : QFrame(pane) {
     setObjectName(u"PageQuestion"_s);
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
+    pane->installEventFilter(this);
+    hide();
+}
+
+// Most pages have nothing to say.
+void PageQuestion::Build() {
+    if (m_area)
+        return;
+    m_area = new QScrollArea(this);
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(m_area);
@@ -72,8 +82,7 @@ PageQuestion::PageQuestion(QWidget* pane) : QFrame(pane), m_area(new QScrollArea
     connect(m_silence, &QPushButton::clicked, this, [this] { Answer(false, true); });
     for (QLineEdit* box : {m_input, m_password})
         connect(box, &QLineEdit::returnPressed, this, [this] { Answer(true, false); });
-    pane->installEventFilter(this);
-    hide();
+    TakeTabPlace(*this);
 }
 
 PageQuestion::~PageQuestion() {
@@ -116,6 +125,7 @@ void PageQuestion::ShowLatest() {
         hide();
         return;
     }
+    Build();
     using Kind = PageAsk::Kind;
     const PageAsk& ask = m_open.last().ask;
     const bool isSignIn = ask.kind == Kind::SignIn;

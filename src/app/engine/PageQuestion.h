@@ -33,7 +33,8 @@ struct PageReply {
 };
 
 /// Where a page speaks to the user: a sheet over the page in its own pane, never over the rest of
-/// the program, which stays alive. It is no larger than the pane, and long text scrolls in it.
+/// the program, which stays alive. It is no larger than the pane, and long text scrolls in it. Its
+/// controls are made when a page first speaks.
 class PageQuestion : public QFrame {
     Q_OBJECT
 public:
@@ -64,20 +65,21 @@ private:
         bool isAwaited = false;
     };
 
+    void Build();
     QPushButton* AddButton(QLayout* layout, const QString& name);
     void ShowLatest();
     void Fit();
     void Answer(bool isYes, bool wantsSilence);
 
     QList<Open> m_open; ///< the last is shown
-    QScrollArea* m_area;
-    QLabel* m_who;
-    QPlainTextEdit* m_text;
-    QLineEdit* m_input;
-    QLineEdit* m_password;
-    QPushButton* m_yes;
-    QPushButton* m_no;
-    QPushButton* m_silence;
+    QScrollArea* m_area = nullptr;
+    QLabel* m_who = nullptr;
+    QPlainTextEdit* m_text = nullptr;
+    QLineEdit* m_input = nullptr;
+    QLineEdit* m_password = nullptr;
+    QPushButton* m_yes = nullptr;
+    QPushButton* m_no = nullptr;
+    QPushButton* m_silence = nullptr;
 };
 
 } // namespace tallowmere

@@ -5,6 +5,7 @@
 #include "support/WebTest.h"
 
 #include <QLineEdit>
+#include <QToolButton>
 #include <QWebEngineFindTextResult>
 
 using namespace tallowmere;
@@ -72,8 +73,31 @@ private Q_SLOTS:
         QTRY_COMPARE(Matches(other), u"1 of 3"_s);
         QCOMPARE(Matches(bench.pane), u"1 of 3"_s);
         // So does one that is made later.
-        const BrowserPane later(bench.profile, bench.prompts);
-        QCOMPARE(later.findChild<QLineEdit*>(u"FindText"_s)->text(), u"gold"_s);
+        BrowserPane later(bench.profile, bench.prompts);
+        Bar(later)->Open();
+        QCOMPARE(Box(later)->text(), u"gold"_s);
+    }
+
+    void ItsControlsAreMadeWhenTheyAreWantedInTheirPlaceForTheTabKey() {
+        FindBench bench;
+        QWidget window;
+        auto* first = new QLineEdit(&window);
+        auto* pane = new BrowserPane(bench.profile, bench.prompts, &window);
+        auto* last = new QLineEdit(&window);
+        QVERIFY(!Box(*pane));
+        Bar(*pane)->Open();
+        QList<QWidget*> stops;
+        for (QWidget* next = first; stops.isEmpty() || next != first;
+             next = next->nextInFocusChain())
+            if (next->focusPolicy() & Qt::TabFocus && !next->isHidden() &&
+                (next->parentWidget() == &window || Bar(*pane)->isAncestorOf(next)))
+                stops << next;
+        QCOMPARE(stops.size(), 6);
+        QCOMPARE(stops[0], first);
+        QCOMPARE(stops[1], Box(*pane));
+        for (int button = 2; button < 5; ++button)
+            QVERIFY(qobject_cast<QToolButton*>(stops[button]));
+        QCOMPARE(stops[5], last);
     }
 
     void TheSearchGoesOnWithoutTheBar() {
