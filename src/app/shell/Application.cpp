@@ -7,6 +7,7 @@
 
 #include <QIcon>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #ifndef _WIN32
 #include <csignal>
@@ -19,6 +20,9 @@ namespace tallowmere {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The window and its first page come before what stands for it in the bar of the desktop.
+constexpr auto kIconDelay = std::chrono::milliseconds(300);
 
 #ifndef _WIN32
 int terminationSockets[2] = {-1, -1};
@@ -35,16 +39,23 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // Without a display name: the platform would append it to the caption of every window.
     setApplicationName(u"Tallowmere"_s);
     setDesktopFileName(u"org.tallowmere.tallowmere"_s);
-    QIcon icon;
-    for (const int size : {48, 64, 128, 256})
-        icon.addFile(u":/icons/%1.png"_s.arg(size));
-    setWindowIcon(icon);
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     installEventFilter(new PlainLabels(this));
     ShowContainersAsGroups();
     QuitOnTermination();
+    // From the first wait for events on: until then the start is busy.
+    QTimer::singleShot(0, this,
+                       [this] { QTimer::singleShot(kIconDelay, this, &Application::LoadIcon); });
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,
             Qt::DirectConnection);
+}
+
+// The first one to be loaded has the toolkit look for all that it can read pictures with.
+void Application::LoadIcon() {
+    QIcon icon;
+    for (const int size : {48, 64, 128, 256})
+        icon.addFile(u":/icons/%1.png"_s.arg(size));
+    setWindowIcon(icon);
 }
 
 // Who ends the program, or the session, does not wait for an answer to a box.

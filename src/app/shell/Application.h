@@ -22,6 +22,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    void LoadIcon();
     void Report(const QString& text);
     void QuitOnTermination();
     void EndNow();
