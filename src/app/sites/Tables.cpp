@@ -3,6 +3,7 @@
 #include "app/base/QtText.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
+#include "core/text/tolerant_toml.h"
 
 #include <cstdio>
 
@@ -30,9 +31,10 @@ Tables Tables::Read(const Folders& folders, const QString& sitesFile) {
     Tables tables;
     const std::filesystem::path shipped = folders.data / "sites.toml";
     const std::filesystem::path sites = sitesFile.isEmpty() ? shipped : ToPath(sitesFile);
-    const std::string text = ReadTable(sites);
-    tables.sites = SiteTable::Parse(text, sites.string());
-    tables.today = ReadTodayTable(text, sites.string());
+    TolerantToml file{ParseToml(ReadTable(sites), sites.string()), {}, sites.string()};
+    tables.sites = SiteTable::Of(file);
+    OverrideToday(file, tables.today);
+    tables.today.problems = std::move(file.problems);
     for (const std::string& problem : tables.today.problems)
         std::fprintf(stderr, "tallowmere: %s\n", problem.c_str());
     if (!sitesFile.isEmpty())

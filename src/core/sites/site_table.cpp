@@ -87,13 +87,16 @@ void CheckTables(const toml::table& root, std::string_view fileName) {
 } // namespace
 
 SiteTable SiteTable::Parse(std::string_view text, std::string_view fileName) {
-    const toml::table root = ParseToml(text, fileName);
-    CheckTables(root, fileName);
+    return Of({ParseToml(text, fileName), {}, std::string(fileName)});
+}
+
+SiteTable SiteTable::Of(const TolerantToml& file) {
+    CheckTables(file.root, file.fileName);
     SiteTable table;
-    table.m_hosts = ReadTexts(root, "hosts", HoldsNoBlankOrControl,
-                              "holds a blank or a control character", fileName);
-    table.m_programs =
-        ReadTexts(root, "programs", HoldsNoControl, "holds a control character", fileName);
+    table.m_hosts = ReadTexts(file.root, "hosts", HoldsNoBlankOrControl,
+                              "holds a blank or a control character", file.fileName);
+    table.m_programs = ReadTexts(file.root, "programs", HoldsNoControl, "holds a control character",
+                                 file.fileName);
     return table;
 }
 

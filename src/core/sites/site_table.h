@@ -17,6 +17,8 @@ class SiteTable : public SiteHosts {
 public:
     /// Reads the text of a table. Throws RuntimeError "<fileName>:<line>: <what is wrong>".
     static SiteTable Parse(std::string_view text, std::string_view fileName);
+    /// The same from a text that was read already.
+    static SiteTable Of(const TolerantToml& file);
 
     /// Puts the rows of a user's file over those of this table. A row that is wrong, or of a site
     /// or program that there is not, is complained of and left out.

@@ -40,7 +40,7 @@ TolerantToml ReadTolerantly(std::string_view text, std::string_view fileName) {
         result.problems.push_back(At(fileName, 1, "the file is larger than 1 MB"));
         return result;
     }
-    std::string rest(text);
+    std::string rest = WithoutComments(text);
     for (int attempt = 0; attempt < kMaximumWrongLines; ++attempt) {
         try {
             result.root = toml::parse(rest, fileName);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint> // the parser's parts, each by itself, want it
+#include <string>
 #include <string_view>
 
 // Which version of the parser this is, before anything else of it.
@@ -45,6 +46,11 @@
 #endif
 
 namespace tallowmere {
+
+/// The text without its comments, which make up most of a table that people edit and which the
+/// parser takes long over. Every line stays where it is. A comment that is no TOML stays, so that
+/// it is found, and so do all in a text with strings of several lines.
+std::string WithoutComments(std::string_view text);
 
 /// Reads a TOML text of at most 4 MB. Throws RuntimeError "<fileName>:<line>: <what is wrong>".
 toml::table ParseToml(std::string_view text, std::string_view fileName);
