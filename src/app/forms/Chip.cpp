@@ -85,7 +85,7 @@ void Chip::SetCaption(const QString& caption) {
     m_caption = caption;
     m_shown = LineStart(caption.trimmed());
     setAccessibleName(caption.trimmed());
-    updateGeometry();
+    ForgetHint();
     update();
 }
 
@@ -101,7 +101,7 @@ void Chip::SetQuiet(bool quiet) {
 
 void Chip::SetSizeOf(const QString& caption) {
     m_sizeOf = caption;
-    updateGeometry();
+    ForgetHint();
 }
 
 void Chip::SetHasMenu(bool has) {
@@ -124,11 +124,26 @@ void Chip::AttendPointer() {
     update();
 }
 
+// Layouts ask for it again and again, and to measure a caption is most of what they cost.
 QSize Chip::sizeHint() const {
+    if (m_hint.isValid())
+        return m_hint;
     const QFontMetrics metrics(font());
     const int height = metrics.height() + 2 * kPaddingY;
     const QString& caption = m_sizeOf.isEmpty() ? m_shown : m_sizeOf;
-    return {std::max(height, metrics.horizontalAdvance(caption) + 2 * kPaddingX), height};
+    m_hint = {std::max(height, metrics.horizontalAdvance(caption) + 2 * kPaddingX), height};
+    return m_hint;
+}
+
+void Chip::ForgetHint() {
+    m_hint = QSize();
+    updateGeometry();
+}
+
+void Chip::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        ForgetHint();
+    QAbstractButton::changeEvent(event);
 }
 
 void Chip::paintEvent(QPaintEvent*) {

@@ -82,6 +82,7 @@ Q_SIGNALS:
     void Focused();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -97,13 +98,15 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void ForgetHint();
     void AttendPointer();
     void DrawCaption(QPainter& painter) const;
     void DrawMenuMark(QPainter& painter) const;
 
     QString m_caption;
-    QString m_shown;  ///< of the caption, without blanks around it
-    QString m_sizeOf; ///< the caption whose size the chip has, empty for its own
+    QString m_shown;      ///< of the caption, without blanks around it
+    mutable QSize m_hint; ///< as it was measured last, invalid when it has to be measured
+    QString m_sizeOf;     ///< the caption whose size the chip has, empty for its own
     ColorPair m_colors;
     int m_index;
     bool m_quiet = false;

@@ -248,7 +248,8 @@ void frmMain::SetPanels(const PanelSizes& panels) {
 }
 
 void frmMain::LayOut() {
-    if (isMinimized())
+    // Before the window is first shown its size says nothing; there is a resize when it is.
+    if (isMinimized() || !m_hasSize)
         return;
     if (m_controls->isHidden()) {
         // What is not seen keeps its place: it is to be the same afterwards.
@@ -428,8 +429,10 @@ void frmMain::showEvent(QShowEvent* event) {
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_body && event->type() == QEvent::Resize)
+    if (watched == m_body && event->type() == QEvent::Resize) {
+        m_hasSize = true;
         LayOut();
+    }
     // The list keeps its tool tip while none is wanted; it is only not shown.
     if (watched == List1)
         return event->type() == QEvent::ToolTip && !m_toolTips;

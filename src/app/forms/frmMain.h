@@ -156,6 +156,7 @@ private:
     QPointer<QWidget> m_overPanes;
     PanelSizes m_panels;
     bool m_toolTips = true;
+    bool m_hasSize = false;
 };
 
 } // namespace tallowmere
