@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AllowRoot.h"
 #include "app/base/Clock.h"
 #include "app/base/Prompts.h"
 #include "app/base/QtText.h"
@@ -15,20 +16,13 @@
 
 #include <functional>
 
-#ifndef _WIN32
-#include <unistd.h>
-#endif
-
 namespace tallowmere {
 
 /// What has to be done before the application object exists: no display is needed, and the engine's
 /// sandbox refuses to run for root.
 inline void PrepareBench() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-#ifndef _WIN32
-    if (geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-#endif
+    AllowRoot();
     PortalScheme::Register();
 }
 

@@ -3,12 +3,15 @@
 //
 //     bare_browser FIRST_ADDRESS ADDRESS_OF_THE_BUTTON
 
+#include "AllowRoot.h"
+
 #include <QApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
 int main(int argc, char** argv) {
+    AllowRoot();
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 3)
