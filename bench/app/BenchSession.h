@@ -37,6 +37,14 @@ inline PortalAnswer PlainPage(const std::string&, const std::string&) {
     return PortalAnswer{"text/html", "<html></html>"};
 }
 
+/// A portfolio of so many tickers that begin with a letter, as it is stored.
+inline std::string StoredTickers(char first, int count) {
+    std::string list;
+    for (int i = 0; i < count; ++i)
+        list += first + std::to_string(i) + '|';
+    return list;
+}
+
 /// A started session on a fresh profile. All sites lie on one host; in sample mode every address
 /// is answered by the portal.
 class BenchSession {

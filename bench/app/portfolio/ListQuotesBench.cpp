@@ -24,14 +24,12 @@ constexpr double kFrameMilliseconds = 16;
 int main(int argc, char** argv) {
     PrepareBench();
     Application application(argc, argv);
-    std::string tickers;
     std::set<std::string> symbols;
-    for (int i = 0; i < kTickers; ++i) {
-        tickers += "T" + std::to_string(i) + '|';
+    for (int i = 0; i < kTickers; ++i)
         symbols.insert("T" + std::to_string(i));
-    }
-    BenchSession session(
-        [&](SettingsStore& settings) { settings.SaveSetting("Settings", "Stocks1", tickers); });
+    BenchSession session([](SettingsStore& settings) {
+        settings.SaveSetting("Settings", "Stocks1", StoredTickers('T', kTickers));
+    });
     session.Form().resize(1600, 1200);
     PanelSizes panels = session.Form().Panels();
     panels.leftWidth = 420;

@@ -17,13 +17,6 @@ constexpr int kTickers = 10000;
 constexpr int kRuns = 31;
 constexpr double kFrameMilliseconds = 16;
 
-std::string Tickers(char first) {
-    std::string list;
-    for (int i = 0; i < kTickers; ++i)
-        list += first + std::to_string(i) + '|';
-    return list;
-}
-
 /// The median time of a step in milliseconds.
 template <typename Step>
 double Median(Step step) {
@@ -44,8 +37,8 @@ int main(int argc, char** argv) {
     PrepareBench();
     Application application(argc, argv);
     BenchSession session([](SettingsStore& settings) {
-        settings.SaveSetting("Settings", "Stocks1", Tickers('A'));
-        settings.SaveSetting("Settings", "Stocks2", Tickers('B'));
+        settings.SaveSetting("Settings", "Stocks1", StoredTickers('A', kTickers));
+        settings.SaveSetting("Settings", "Stocks2", StoredTickers('B', kTickers));
     });
     QApplication::processEvents();
 

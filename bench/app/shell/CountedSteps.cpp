@@ -26,13 +26,6 @@ constexpr int kTimes = 3;
 constexpr int kLink = 1;
 constexpr int kSecondsBetweenAnswers = 300;
 
-std::string Tickers(char first) {
-    std::string list;
-    for (int i = 0; i < kTickers; ++i)
-        list += first + std::to_string(i) + '|';
-    return list;
-}
-
 std::string IndexRow(const char* symbol, const char* value, const char* change) {
     return std::string("<tr><td nowrap><a href=\"/q?s=") + symbol + "&d=t\">" + symbol +
            "</a></td><td nowrap>4:00PM</td><td nowrap><b>" + value + "</b></td><td nowrap>" +
@@ -75,8 +68,8 @@ int main(int argc, char** argv) {
     int answers = 0;
     BenchSession session(
         [](SettingsStore& settings) {
-            settings.SaveSetting("Settings", "Stocks1", Tickers('A'));
-            settings.SaveSetting("Settings", "Stocks2", Tickers('B'));
+            settings.SaveSetting("Settings", "Stocks1", StoredTickers('A', kTickers));
+            settings.SaveSetting("Settings", "Stocks2", StoredTickers('B', kTickers));
         },
         "h.example", WebMode::Sample,
         [&](const std::string&, const std::string&) {
