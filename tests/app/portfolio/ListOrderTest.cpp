@@ -8,6 +8,7 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMimeData>
 
 using namespace tallowmere;
@@ -112,6 +113,7 @@ private Q_SLOTS:
         Window window("AAA|BBB|CCC|DDD|");
         window.Command("sortByChange");
         QCOMPARE(window.Shown(), u"AAA|BBB|CCC|DDD"_s);
+        QCOMPARE(window.Form().WebStatus->text(), u"No change of a price is known yet."_s);
         window.percents = {{"AAA", -1.0}, {"CCC", 2.5}, {"DDD", 0.0}};
         QVERIFY(Await([&] {
             window->Ports().List().RefreshQuotes();
