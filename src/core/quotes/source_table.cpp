@@ -43,18 +43,31 @@ constexpr Named<std::string SourceRow::*> kTexts[] = {
     {"user_agent", &SourceRow::userAgent},
 };
 
+template <typename Row>
 struct Count {
     std::string_view name;
-    int SourceRow::*value;
+    int Row::*value;
     int least;
     int most;
 };
 
-constexpr Count kCounts[] = {
+constexpr Count<SourceRow> kCounts[] = {
     {"batch",        &SourceRow::batch,        1,  1000},
     {"min_interval", &SourceRow::minInterval, 15, 86400},
     {"daily_cap",    &SourceRow::dailyCap,     0, 1000000},
     {"timeout",      &SourceRow::timeout,      1,   120},
+};
+
+constexpr Named<std::string CompanySource::*> kCompanyTexts[] = {
+    {"name",       &CompanySource::name},
+    {"request",    &CompanySource::request},
+    {"user_agent", &CompanySource::userAgent},
+    {"contact",    &CompanySource::contact},
+};
+
+constexpr Count<CompanySource> kCompanyCounts[] = {
+    {"min_interval", &CompanySource::minInterval, 7 * 86400, 365 * 86400},
+    {"timeout",      &CompanySource::timeout,             1,         120},
 };
 // clang-format on
 
@@ -82,8 +95,9 @@ bool IsRequest(const std::string& request) {
     return IsWebAddress(request) && row.Host().find('{') == std::string::npos;
 }
 
-void ReadText(TolerantToml& file, std::string_view key, const toml::node& value, SourceRow& row,
-              std::string SourceRow::*member) {
+template <typename Row>
+void ReadText(TolerantToml& file, std::string_view key, const toml::node& value, Row& row,
+              std::string Row::*member) {
     const auto text = value.value<std::string>();
     if (!text || HoldsControl(*text))
         file.Complain(value, std::string(key) + " is not a plain text in quotes");
@@ -106,27 +120,43 @@ void ReadSpans(TolerantToml& file, const toml::node& value, SourceRow& row) {
         row.gives = std::move(spans);
 }
 
-void ReadValue(TolerantToml& file, std::string_view key, const toml::node& value, SourceRow& row) {
-    if (const auto member = FindNamed(kTexts, key))
-        return ReadText(file, key, value, row, *member);
-    for (const Count& count : kCounts) {
-        if (count.name != key)
-            continue;
-        const auto number = value.as_integer() ? value.value<std::int64_t>() : std::nullopt;
-        if (!number || *number < count.least || *number > count.most)
-            file.Complain(value, std::string(key) + " is not a number from " +
-                                     std::to_string(count.least) + " to " +
-                                     std::to_string(count.most));
-        else
-            row.*count.value = static_cast<int>(*number);
-        return;
+template <typename Row>
+void ReadCount(TolerantToml& file, const Count<Row>& count, const toml::node& value, Row& row) {
+    const auto number = value.as_integer() ? value.value<std::int64_t>() : std::nullopt;
+    if (!number || *number < count.least || *number > count.most)
+        file.Complain(value, std::string(count.name) + " is not a number from " +
+                                 std::to_string(count.least) + " to " + std::to_string(count.most));
+    else
+        row.*count.value = static_cast<int>(*number);
+}
+
+/// Reads what rows of any kind hold; whether the value is of that sort.
+template <typename Row, std::size_t Texts, std::size_t Counts>
+bool ReadCommon(TolerantToml& file, std::string_view key, const toml::node& value, Row& row,
+                const Named<std::string Row::*> (&texts)[Texts],
+                const Count<Row> (&counts)[Counts]) {
+    if (const auto member = FindNamed(texts, key)) {
+        ReadText(file, key, value, row, *member);
+        return true;
     }
-    if (key == "enabled") {
-        if (value.is_boolean())
-            row.enabled = value.value_or(true);
-        else
-            file.Complain(value, "enabled is neither true nor false");
-    } else if (key == "format") {
+    for (const Count<Row>& count : counts)
+        if (count.name == key) {
+            ReadCount(file, count, value, row);
+            return true;
+        }
+    if (key != "enabled")
+        return false;
+    if (value.is_boolean())
+        row.enabled = value.value_or(true);
+    else
+        file.Complain(value, "enabled is neither true nor false");
+    return true;
+}
+
+void ReadValue(TolerantToml& file, std::string_view key, const toml::node& value, SourceRow& row) {
+    if (ReadCommon(file, key, value, row, kTexts, kCounts))
+        return;
+    if (key == "format") {
         if (const auto format = FindNamed(kFormats, value.value_or(std::string_view())))
             row.format = *format;
         else
@@ -156,6 +186,12 @@ void ReadRow(TolerantToml& file, std::string_view key, const toml::node& node, S
         table.rows.push_back(std::move(row));
     else
         file.Complain(node, "a new source needs a format and a request");
+}
+
+void ReadCompanySource(TolerantToml& file, const toml::table& values, CompanySource& source) {
+    for (const auto& [name, value] : values)
+        if (!ReadCommon(file, name.str(), value, source, kCompanyTexts, kCompanyCounts))
+            file.Complain(value, "unknown entry \"" + std::string(name.str()) + "\"");
 }
 
 void PutInOrder(TolerantToml& file, const toml::node& node, SourceTable& table) {
@@ -220,6 +256,8 @@ SourceTable ReadSourceTable(std::string_view text, std::string_view fileName, So
         else if (key.str() == "sources" && value.is_table())
             for (const auto& [source, row] : *value.as_table())
                 ReadRow(file, source.str(), row, table);
+        else if (key.str() == "companies" && value.is_table())
+            ReadCompanySource(file, *value.as_table(), table.companies);
         else if (key.str() != "order")
             file.Complain(value, "unknown or wrong entry \"" + std::string(key.str()) + "\"");
     }

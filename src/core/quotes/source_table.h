@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/quotes/company_list.h"
 #include "core/quotes/quote.h"
 #include "core/quotes/symbol_dialect.h"
 
@@ -52,6 +53,7 @@ struct SourceTable {
     int version = 0;
     std::string userAgent; ///< for the rows without one of their own
     std::vector<SourceRow> rows;
+    CompanySource companies; ///< where names of companies come from
     std::vector<std::string>
         problems; ///< "<file>:<line>: <what is wrong>"; such values are left out
 };

@@ -116,6 +116,45 @@ TEST(SourceTable, AddsASourceOfTheUsersOwn) {
     EXPECT_EQ(table.rows[0].Host(), "127.0.0.1:8080");
 }
 
+TEST(SourceTable, AsksForTheNamesOfCompaniesOnlyWhenTheUserSaysWhoAsks) {
+    const SourceTable base = ReadSourceTable(Shipped(), "sources.toml");
+    EXPECT_TRUE(base.companies.enabled);
+    EXPECT_EQ(base.companies.contact, "");
+    EXPECT_EQ(base.companies.request, "https://www.sec.gov/files/company_tickers.json");
+    EXPECT_EQ(base.companies.minInterval, 604800);
+    const SourceTable table = ReadSourceTable("[companies]\n"
+                                              "contact = \"A B a@b.example\"\n"
+                                              "min_interval = 1209600\n",
+                                              "mine.toml", base);
+    EXPECT_THAT(table.problems, IsEmpty());
+    EXPECT_EQ(table.companies.contact, "A B a@b.example");
+    EXPECT_EQ(table.companies.request, base.companies.request);
+    EXPECT_EQ(table.companies.minInterval, 1209600);
+    EXPECT_EQ(table.rows.size(), 7u);
+}
+
+TEST(SourceTable, TakesNoWrongValueForTheNamesOfCompanies) {
+    const SourceTable base = ReadSourceTable(Shipped(), "sources.toml");
+    const SourceTable table = ReadSourceTable("[companies]\n"
+                                              "contact = \"a\\r\\nCookie: x\"\n"   // 2
+                                              "min_interval = 604799\n"            // 3
+                                              "request = \"file:///etc/passwd\"\n" // 4
+                                              "enabled = 1\n"                      // 5
+                                              "batch = 3\n"                        // 6
+                                              "timeout = 0\n",                     // 7
+                                              "mine.toml", base);
+    std::vector<std::string> places;
+    for (const std::string& problem : table.problems)
+        places.push_back(problem.substr(0, problem.find(": ")));
+    EXPECT_THAT(places, testing::UnorderedElementsAre("mine.toml:2", "mine.toml:3", "mine.toml:4",
+                                                      "mine.toml:5", "mine.toml:6", "mine.toml:7"));
+    EXPECT_EQ(table.companies.contact, "");
+    EXPECT_EQ(table.companies.minInterval, 604800);
+    EXPECT_EQ(table.companies.request, base.companies.request);
+    EXPECT_EQ(table.companies.timeout, 60);
+    EXPECT_EQ(ReadSourceTable("companies = 3\n", "x", base).problems.size(), 1u);
+}
+
 TEST(SourceTable, NamesTheLineOfEveryWrongValueAndGoesOn) {
     const SourceTable base = ReadSourceTable(Shipped(), "sources.toml");
     const SourceTable table = ReadSourceTable("shoe = 1\n"                          // 1
