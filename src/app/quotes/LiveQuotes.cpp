@@ -1,45 +1,14 @@
 #include "app/quotes/LiveQuotes.h"
 
-#include "app/base/SendOnce.h"
-#include "core/quotes/source_text.h"
 #include "core/text/files.h"
 #include "core/text/runtime_error.h"
-
-#include <QNetworkReply>
-#include <QNetworkRequest>
 
 #include <algorithm>
 #include <cstdio>
 
 namespace tallowmere {
 
-namespace {
-
 using namespace std::chrono_literals;
-
-constexpr int kRedirectLimit = 5;
-
-/// Whether a server answered, with whatever status, and the answer arrived as a whole.
-bool HasAnswered(const QNetworkReply& reply) {
-    const auto error = reply.error();
-    const bool isAboutContent =
-        error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError;
-    const bool isOfServer =
-        error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError;
-    return error == QNetworkReply::NoError || isAboutContent || isOfServer;
-}
-
-/// Where an answer leads on to; never from an encrypted address to one that is not.
-std::optional<QUrl> RedirectOf(const QNetworkReply& reply) {
-    const QVariant target = reply.attribute(QNetworkRequest::RedirectionTargetAttribute);
-    if (reply.error() != QNetworkReply::NoError || !target.isValid())
-        return {};
-    const QUrl url = reply.url().resolved(target.toUrl());
-    const bool staysSafe = reply.url().scheme() != u"https" || url.scheme() == u"https";
-    return IsWebUrl(url) && staysSafe ? std::optional(url) : std::nullopt;
-}
-
-} // namespace
 
 LiveQuotes::LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources,
                        const Clock& clock, std::filesystem::path store, QObject* parent,
@@ -53,11 +22,6 @@ LiveQuotes::LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable so
     } catch (const RuntimeError& unreadable) {
         std::fprintf(stderr, "tallowmere: %s\n", unreadable.what());
     }
-}
-
-LiveQuotes::~LiveQuotes() {
-    for (QNetworkReply* reply : m_network.findChildren<QNetworkReply*>())
-        reply->disconnect(this);
 }
 
 void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery, Asker asker,
@@ -77,6 +41,19 @@ void LiveQuotes::Answer(const std::string& host, const std::string& pathAndQuery
     }
     m_waiting.push_back(std::move(page));
     Proceed();
+}
+
+std::vector<NamedTicker> LiveQuotes::Names() const {
+    std::vector<NamedTicker> names;
+    for (const KeptQuote& kept : m_quotes.KeptQuotes())
+        if (!kept.quote.name.empty())
+            names.push_back({kept.quote.symbol, kept.quote.name});
+    return names;
+}
+
+std::string LiveQuotes::NameOf(const std::string& symbol) const {
+    const auto found = m_quotes.FindQuote(symbol);
+    return found.value ? found.value->name : std::string();
 }
 
 void LiveQuotes::WantListed(const ListInView& list) {
@@ -108,8 +85,7 @@ void LiveQuotes::Proceed() {
     if (!m_isListSeen)
         m_quotes.WithdrawListed();
     while (const auto request = m_quotes.Next(Now()))
-        Send({*request, QDeadlineTimer(std::chrono::seconds(request->timeout))},
-             QUrl::fromEncoded(QByteArray::fromStdString(request->address)));
+        Send(*request);
     if (!m_quotes.IsBusy())
         m_tick.stop();
     else if (!m_tick.isActive())
@@ -117,46 +93,13 @@ void LiveQuotes::Proceed() {
     AnswerWholePages();
 }
 
-void LiveQuotes::Send(const Question& question, const QUrl& url) {
-    m_proxy.ApplyTo(m_network);
-    QNetworkRequest request(url);
-    // Where a redirect leads to is a request of its own, which must not be repeated either.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::ManualRedirectPolicy);
-    request.setRawHeader("User-Agent", QByteArray::fromStdString(question.request.userAgent));
-    request.setRawHeader("Accept", "*/*");
-    QNetworkReply* reply = SendOnce(m_network, request);
-    // A server that sends a byte now and then is as good as silent.
-    QTimer::singleShot(std::chrono::milliseconds(question.deadline.remainingTime()), reply,
-                       &QNetworkReply::abort);
-    const auto take = [this, reply, question] { Take(*reply, question); };
-    connect(reply, &QNetworkReply::finished, this, take);
-    connect(reply, &QNetworkReply::readyRead, this, [reply, take] {
-        if (reply->bytesAvailable() > static_cast<qint64>(kMaximumAnswer))
-            take();
-    });
-}
-
-void LiveQuotes::Take(QNetworkReply& reply, Question question) {
-    reply.disconnect(this);
-    SourceResponse response;
-    const auto next = RedirectOf(reply);
-    if (HasAnswered(reply)) {
-        response.status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-        response.contentType =
-            reply.header(QNetworkRequest::ContentTypeHeader).toString().toStdString();
-        response.body = reply.readAll().toStdString();
-    }
-    response.retryAfter = reply.rawHeader("Retry-After").toStdString();
-    reply.abort();
-    reply.deleteLater();
-    if (next && ++question.redirects <= kRedirectLimit) {
-        Send(question, *next);
-        return;
-    }
-    m_quotes.Answer(question.request.id, response, Now());
-    Proceed();
-    Q_EMIT Learned(question.request.symbols);
+void LiveQuotes::Send(const SourceRequest& request) {
+    m_calls.Ask({request.address, request.userAgent, request.timeout},
+                [this, request](const SourceResponse& response) {
+                    m_quotes.Answer(request.id, response, Now());
+                    Proceed();
+                    Q_EMIT Learned(request.symbols);
+                });
 }
 
 void LiveQuotes::AnswerWholePages() {

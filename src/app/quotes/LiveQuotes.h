@@ -1,22 +1,19 @@
 #pragma once
 
 #include "app/base/Clock.h"
-#include "app/base/ProxySetting.h"
 #include "app/base/WebAccess.h"
+#include "app/quotes/SourceCalls.h"
 #include "core/portal/live_portal.h"
 #include "core/quotes/list_pace.h"
 #include "core/quotes/listed_price.h"
 #include "core/sites/site_table.h"
 
 #include <QDeadlineTimer>
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
 #include <filesystem>
-
-class QNetworkReply;
 
 namespace tallowmere {
 
@@ -31,10 +28,9 @@ public:
     LiveQuotes(const SiteTable& sites, PortalTexts texts, SourceTable sources, const Clock& clock,
                std::filesystem::path store = {}, QObject* parent = nullptr,
                std::chrono::milliseconds patience = std::chrono::seconds(25));
-    ~LiveQuotes() override;
 
     /// The proxy of all requests from now on.
-    void UseProxy(const ProxySetting& setting) { m_proxy = setting; }
+    void UseProxy(const ProxySetting& setting) { m_calls.UseProxy(setting); }
 
     /// Answers an address without its scheme: at once when all it needs is at hand or its asker
     /// has no claim to more, else later.
@@ -48,6 +44,10 @@ public:
     std::optional<ListedPrice> PriceOf(const std::string& ticker) const {
         return FindListedPrice(m_quotes, ticker, Now());
     }
+
+    /// The names that came with the quotes at hand, and that of one symbol; empty where none did.
+    std::vector<NamedTicker> Names() const;
+    std::string NameOf(const std::string& symbol) const;
 
     /// Asks for what the list of tickers lacks; to be called about once a minute while somebody
     /// sees it. It causes one request a minute at most.
@@ -72,16 +72,8 @@ private:
         QDeadlineTimer patience;
     };
 
-    /// A request that is under way, over as many redirects as it takes.
-    struct Question {
-        SourceRequest request;
-        QDeadlineTimer deadline;
-        int redirects = 0;
-    };
-
     void Proceed();
-    void Send(const Question& question, const QUrl& url);
-    void Take(QNetworkReply& reply, Question question);
+    void Send(const SourceRequest& request);
     void AnswerWholePages();
     bool IsWhole(Page& page) const;
     std::int64_t Now() const { return m_clock.Now().toSecsSinceEpoch(); }
@@ -93,8 +85,7 @@ private:
     const Clock& m_clock;
     std::filesystem::path m_store;
     std::chrono::milliseconds m_patience;
-    ProxySetting m_proxy;
-    QNetworkAccessManager m_network;
+    SourceCalls m_calls;
     QTimer m_tick;
     std::vector<Page> m_waiting;
 };
