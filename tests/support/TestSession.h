@@ -72,6 +72,8 @@ public:
     /// The settings as they are on disk, before or after a start.
     SettingsStore& Settings() { return m_settings; }
     std::filesystem::path Folder() const { return ToPath(m_folder.path()); }
+    /// Where what ships with the program would lie; empty unless the test puts something there.
+    std::filesystem::path Data() const { return Folder() / "data"; }
 
     /// Makes the session and runs its start sequence. Called again it starts anew on the same
     /// profile.
@@ -82,6 +84,7 @@ public:
         folders.programFolder = Folder();
         folders.engine = Folder() / "engine";
         folders.tables = Folder();
+        folders.data = Data();
         const auto answer = [this](const std::string& host, const std::string& path) {
             asked << ToQt(host + path);
             return portal(host, path);

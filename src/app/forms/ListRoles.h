@@ -9,6 +9,7 @@ namespace tallowmere {
 enum ListRole {
     SignRole = Qt::UserRole, ///< a character beside the text, empty for none
     QuoteRole,               ///< the QuoteCells of a ticker, nothing while there is no price
+    NameRole,                ///< what a ticker's company is called, empty when it is not known
 };
 
 /// What stands beside an item of a list.

@@ -1,15 +1,20 @@
 #include "app/forms/TickerListBox.h"
 
+#include "app/base/QtText.h"
 #include "app/forms/TickerRowPainter.h"
 #include "core/portfolio/quote_cells.h"
 
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QStyle>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
 
 namespace tallowmere {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -56,6 +61,28 @@ TickerListBox::TickerListBox(const QString& name, const QString& accessibleName,
 void TickerListBox::setModel(QAbstractItemModel* model) {
     connect(model, &QAbstractItemModel::modelReset, this, &TickerListBox::ForgetWidths);
     ListBox::setModel(model);
+}
+
+// The tool tip of the list is about the selected ticker; what is known of the one under the pointer
+// stands below it.
+bool TickerListBox::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return ListBox::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString name = index.data(NameRole).toString();
+    const QString hint = index.data(Qt::ToolTipRole).toString();
+    if (name.isEmpty() && hint.isEmpty())
+        return ListBox::viewportEvent(event);
+    QStringList lines;
+    if (!toolTip().isEmpty())
+        lines << toolTip();
+    if (!name.isEmpty())
+        lines << LineStart(index.data().toString() + u": "_s + name);
+    if (!hint.isEmpty())
+        lines << hint;
+    QToolTip::showText(help->globalPos(), lines.join(u'\n'), viewport(), visualRect(index));
+    return true;
 }
 
 void TickerListBox::ShowColumns(const OfColumns<bool>& wanted) {

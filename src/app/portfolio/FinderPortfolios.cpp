@@ -6,6 +6,7 @@
 #include "app/links/LinkPanel.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerBox.h"
+#include "app/portfolio/TickerMarks.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/portfolio/ticker_list.h"
 #include "core/text/runtime_error.h"
@@ -36,9 +37,10 @@ std::string ReadNotes(const std::filesystem::path& folder) {
 
 FinderPortfolios::FinderPortfolios(frmMain& form, const std::filesystem::path& programFolder,
                                    Portfolios& portfolios, TickerBox& tickers,
-                                   const LinkDispatch& dispatch, LinkPanel& panel)
+                                   const TickerMarks& marks, const LinkDispatch& dispatch,
+                                   LinkPanel& panel)
     : m_form(form), m_programFolder(programFolder), m_portfolios(portfolios), m_tickers(tickers),
-      m_dispatch(dispatch), m_panel(panel) {}
+      m_marks(marks), m_dispatch(dispatch), m_panel(panel) {}
 
 void FinderPortfolios::Offer(std::vector<FinderItem>& items) {
     for (int number = 1; number <= kPortfolioCount; ++number)
@@ -59,8 +61,12 @@ void FinderPortfolios::OfferTickers(std::vector<FinderItem>& items) {
             if (ticker.empty() || m_homes.contains(ToQt(ticker)))
                 continue;
             m_homes.insert(ToQt(ticker), number);
-            items.push_back(
-                {FinderKind::Ticker, ticker, "", std::string(kTickerKey) + ticker, {}, 0});
+            items.push_back({FinderKind::Ticker,
+                             ticker,
+                             m_marks.NameOf(ticker),
+                             std::string(kTickerKey) + ticker,
+                             {},
+                             0});
         }
     };
     offer(m_portfolios.Current(), m_portfolios.ListedTickers());
@@ -81,7 +87,11 @@ QString FinderPortfolios::Detail(const FinderItem& item, const QString&) {
     if (item.kind == FinderKind::Portfolio)
         return {};
     const auto home = m_homes.constFind(TickerOf(item));
-    return home == m_homes.cend() ? QString() : m_portfolios.PortfolioName(*home);
+    const QString portfolio =
+        home == m_homes.cend() ? QString() : m_portfolios.PortfolioName(*home);
+    if (item.kind == FinderKind::Note || item.words.empty())
+        return portfolio;
+    return ToQt(item.words) + QStringLiteral(", ") + portfolio;
 }
 
 void FinderPortfolios::Select(const QString& ticker) {

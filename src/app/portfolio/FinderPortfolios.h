@@ -12,14 +12,16 @@ class LinkDispatch;
 class LinkPanel;
 class Portfolios;
 class TickerBox;
+class TickerMarks;
 class frmMain;
 
-/// Offers the portfolios, their tickers, each once, and all notes.
+/// Offers the portfolios, their tickers, each once and by the name of its company too, and all
+/// notes.
 class FinderPortfolios : public FinderSource {
 public:
     FinderPortfolios(frmMain& form, const std::filesystem::path& programFolder,
-                     Portfolios& portfolios, TickerBox& tickers, const LinkDispatch& dispatch,
-                     LinkPanel& panel);
+                     Portfolios& portfolios, TickerBox& tickers, const TickerMarks& marks,
+                     const LinkDispatch& dispatch, LinkPanel& panel);
 
     void Offer(std::vector<FinderItem>& items) override;
     QString Detail(const FinderItem& item, const QString& ticker) override;
@@ -35,6 +37,7 @@ private:
     std::filesystem::path m_programFolder;
     Portfolios& m_portfolios;
     TickerBox& m_tickers;
+    const TickerMarks& m_marks;
     const LinkDispatch& m_dispatch;
     LinkPanel& m_panel;
     QHash<QString, int> m_homes; ///< a portfolio for each ticker, the current one first of all

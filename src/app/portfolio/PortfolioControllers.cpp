@@ -14,6 +14,7 @@
 #include "app/portfolio/QuotePage.h"
 #include "app/portfolio/Reports.h"
 #include "app/portfolio/TickerBox.h"
+#include "app/portfolio/TickerCompletion.h"
 #include "app/portfolio/TickerImport.h"
 #include "app/portfolio/TickerMarks.h"
 
@@ -27,6 +28,7 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
     : portfolios(new Portfolios(form, settings, undo, prompts, programFolder)),
       tickers(new TickerBox(form, undo, prompts, programFolder, *portfolios, *links.dispatch,
                             *links.panes)),
+      completion(new TickerCompletion(form, *tickers)),
       marks(new TickerMarks(form, portfolios->List(), programFolder)),
       columns(new ListColumns(form, settings)),
       listQuotes(new ListQuotes(form, portfolios->List())),
@@ -46,7 +48,7 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
                          this](const WebAccess&) {
         FinderSources made;
         made.push_back(std::make_unique<FinderPortfolios>(form, programFolder, *portfolios,
-                                                          *tickers, *dispatch, *panel));
+                                                          *tickers, *marks, *dispatch, *panel));
         return made;
     };
 }

@@ -16,6 +16,7 @@ class Reports;
 class SettingsStore;
 class SiteTable;
 class TickerBox;
+class TickerCompletion;
 class TickerImport;
 class TickerMarks;
 class TransferPool;
@@ -33,6 +34,7 @@ struct PortfolioControllers {
 
     Portfolios* portfolios;
     TickerBox* tickers;
+    TickerCompletion* completion;
     TickerMarks* marks;
     ListColumns* columns;
     ListQuotes* listQuotes;

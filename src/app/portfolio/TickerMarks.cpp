@@ -38,6 +38,13 @@ void TickerMarks::SetUnknown(Unknown isUnknown) {
     m_list.RefreshMarks();
 }
 
+void TickerMarks::SetNames(Names nameOf) {
+    m_nameOf = std::move(nameOf);
+    m_list.SetNames([this](const QString& ticker) {
+        return m_form.ShowsToolTips() ? ToQt(NameOf(FromQt(ticker))) : QString();
+    });
+}
+
 // A hint is shown with the tool tips only, and the note even where the ticker is unknown.
 ItemMark TickerMarks::MarkOf(const QString& ticker) const {
     ItemMark mark;

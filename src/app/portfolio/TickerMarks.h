@@ -14,7 +14,8 @@ namespace tallowmere {
 class TickerModel;
 class frmMain;
 
-/// The marks of the ticker list: which tickers have a note, and which no source of quotes knows.
+/// The marks of the ticker list: which tickers have a note, and which no source of quotes knows;
+/// and what their companies are called.
 class TickerMarks : public QObject {
     Q_OBJECT
 public:
@@ -27,6 +28,15 @@ public:
     using Unknown = std::function<bool(const std::string& ticker)>;
     void SetUnknown(Unknown isUnknown);
 
+    /// Gives the name of a ticker's company, empty when it is not known; shown while the pointer
+    /// rests on the ticker.
+    using Names = std::function<std::string(const std::string& ticker)>;
+    void SetNames(Names nameOf);
+    /// The name, as that function gives it.
+    std::string NameOf(const std::string& ticker) const {
+        return m_nameOf ? m_nameOf(ticker) : std::string();
+    }
+
 private:
     ItemMark MarkOf(const QString& ticker) const;
 
@@ -36,6 +46,7 @@ private:
     std::optional<FileStamp> m_stamp;
     std::unique_ptr<NoteIndex> m_notes;
     Unknown m_isUnknown;
+    Names m_nameOf;
 };
 
 } // namespace tallowmere

@@ -212,6 +212,8 @@ QVariant TickerModel::data(const QModelIndex& index, int role) const {
         const auto& quote = QuoteOf(ticker);
         return quote ? QVariant::fromValue(*quote) : QVariant();
     }
+    if (role == NameRole)
+        return m_nameOf ? m_nameOf(ticker) : QString();
     if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole)
         return {};
     const ItemMark mark = MarkWithQuote(ticker);

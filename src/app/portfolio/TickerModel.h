@@ -75,6 +75,9 @@ public:
     /// Marks tickers from now on by what the function gives for them.
     using Marker = std::function<ItemMark(const QString& ticker)>;
     void SetMarker(Marker marker);
+    /// Tells what the function gives for a ticker as its name from now on.
+    using Names = std::function<QString(const QString& ticker)>;
+    void SetNames(Names nameOf) { m_nameOf = std::move(nameOf); }
     /// Shows the marks anew for which the function gives other signs; the rest is left alone.
     void RefreshMarks();
 
@@ -113,6 +116,7 @@ private:
     int m_number = 0;
     QStringList m_tickers;
     Marker m_marker;
+    Names m_nameOf;
     mutable std::unordered_map<std::string, QString> m_signs; ///< that were looked at
     QuoteReader m_readQuote;
     /// What was read, by the ticker: rows that nobody looked at are in none.

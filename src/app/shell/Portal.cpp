@@ -3,14 +3,24 @@
 #include "app/base/WebAccess.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/ListQuotes.h"
+#include "app/portfolio/TickerCompletion.h"
 #include "app/portfolio/TickerMarks.h"
+#include "app/quotes/CompanyDirectory.h"
 #include "app/quotes/LiveQuotes.h"
 #include "app/shell/SessionSetup.h"
 #include "app/shell/Subsystems.h"
 
 namespace tallowmere {
 
-Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& parts) {
+Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& parts)
+    : m_companies(std::make_unique<CompanyDirectory>(setup.folders.data / "sample_market.txt",
+                                                     setup.folders.programFolder / "companies.json",
+                                                     setup.clock)) {
+    const auto companies = m_companies.get();
+    parts.portfolio.completion->Serve(
+        [companies](const std::string& entry) { return companies->Offer(entry); });
+    parts.portfolio.marks->SetNames(
+        [companies](const std::string& ticker) { return companies->NameOf(ticker); });
     if (setup.web == WebMode::Live) {
         ServeLive(setup, web, parts);
     } else if (setup.portal) {
@@ -29,6 +39,7 @@ void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsyste
     m_live = std::make_unique<LiveQuotes>(setup.tables.sites, setup.texts, setup.sources,
                                           setup.clock, setup.folders.programFolder / "quotes.json");
     LiveQuotes* live = m_live.get();
+    m_companies->Serve(*live, setup.sources);
     parts.portfolio.marks->SetUnknown(
         [live](const std::string& ticker) { return live->IsUnknown(ticker); });
     QObject::connect(live, &LiveQuotes::Learned, parts.portfolio.marks, &TickerMarks::Refresh);
@@ -44,6 +55,7 @@ void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsyste
 void Portal::UseProxy(const ProxySetting& proxy) {
     if (m_live)
         m_live->UseProxy(proxy);
+    m_companies->UseProxy(proxy);
 }
 
 void Portal::Save() const {

@@ -4,6 +4,7 @@
 
 namespace tallowmere {
 
+class CompanyDirectory;
 class LiveQuotes;
 class WebAccess;
 struct ProxySetting;
@@ -11,7 +12,8 @@ struct SessionSetup;
 struct Subsystems;
 
 /// Where the pages that the program makes itself come from: in live mode from the quotes of today's
-/// sources, in sample mode from the invented market.
+/// sources, in sample mode from the invented market. In every mode it knows what companies are
+/// called.
 class Portal {
 public:
     /// `web` shows the pages, to the ticker strip with the tickers of the list in them. All three
@@ -29,6 +31,7 @@ private:
     void ServeLive(const SessionSetup& setup, WebAccess& web, const Subsystems& parts);
 
     std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
+    std::unique_ptr<CompanyDirectory> m_companies;
 };
 
 } // namespace tallowmere

@@ -236,6 +236,13 @@ private Q_SLOTS:
         QCOMPARE(user.Form().focusWidget(), user.Form().List1);
     }
 
+    void ATickerIsFoundByTheNameOfItsCompany() {
+        FinderUser user;
+        WriteWholeFile(user.Data() / "sample_market.txt", "IBM|Big Blue & Sons|1|2.0\n");
+        QCOMPARE(user.First(u"blue sons"_s), u"Ticker: IBM"_s);
+        QCOMPARE(user.Box()->Rows().DetailOf(0), u"Big Blue & Sons, Oil"_s);
+    }
+
     void ANoteOnATickerInNoListIsFoundToo() {
         FinderUser user;
         std::string note;
