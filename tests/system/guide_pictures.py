@@ -107,6 +107,7 @@ class Pictures:
         self.commands()
         self.panels()
         self.prices()
+        self.names()
         self.tabs()
 
         self.window.find(name="Calendar").click()
@@ -167,13 +168,26 @@ class Pictures:
         left, top, _, _ = self.window.extents
         grip = self.window.find(name="Edge of the left panel")
         x, y, width, height = grip.extents
-        driver.move_pointer(x + width // 2, y + height // 2)
-        driver.xdotool("mousedown", 1)
-        driver.move_pointer(left + 420, y + height // 2)
-        driver.xdotool("mouseup", 1)
+
+        def drag(start, end):
+            driver.move_pointer(start, y + height // 2)
+            driver.xdotool("mousedown", 1)
+            driver.move_pointer(end, y + height // 2)
+            driver.xdotool("mouseup", 1)
+        drag(x + width // 2, left + 420)
         driver.move_pointer(left + 700, top + 600)
         self.take("list", left, top + 20, 440, 250)
-        grip.double_click()
+        drag(left + 420, x + width // 2)
+
+    def names(self):
+        """What is offered below the entry box for a name."""
+        left, top, _, _ = self.window.extents
+        self.window.find(name="Ticker entry").click()
+        driver.type_text("micro")
+        driver.wait_for(lambda: self.window.find_all(role="list", name="Tickers by Name"), "the names")
+        driver.press("Down")
+        self.take("names", left, top + 20, 300, 200)
+        driver.press("Escape", "ctrl+a", "Delete")
 
     def tabs(self):
         left, top, width, _ = self.window.extents
