@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 15000; // a long page takes its time on a busy machine
+constexpr int kPatience = 60000; // a long page takes its time on a busy machine
 
 struct Bench {
     explicit Bench(const QByteArray& page) : session(server.Address({}), WebMode::Direct) {
@@ -41,8 +41,10 @@ struct Bench {
     /// Opens the source of the page in front; false when it does not come.
     bool OpenSource() {
         Form().menus->At("viewSource")->trigger();
-        return Await([this] { return Tab() && Tab()->Title().startsWith(u"Source of "_s); }) &&
-               Await([this] { return !Tab()->Busy(); });
+        const std::chrono::milliseconds patience(kPatience);
+        return Await([this] { return Tab() && Tab()->Title().startsWith(u"Source of "_s); },
+                     patience) &&
+               Await([this] { return !Tab()->Busy(); }, patience);
     }
     QString TextOf(BrowserPane& pane) {
         QString text;
@@ -51,7 +53,8 @@ struct Bench {
             text = read;
             isThere = true;
         });
-        [[maybe_unused]] const bool came = Await([&] { return isThere; });
+        [[maybe_unused]] const bool came =
+            Await([&] { return isThere; }, std::chrono::milliseconds(kPatience));
         return text;
     }
 
@@ -95,7 +98,8 @@ private Q_SLOTS:
     }
 
     void ALongSourceIsCutAndSaysSo() {
-        Bench bench("<title>first</title><body>" + QByteArray(8'000'000, 'a'));
+        // In a comment it costs the page itself no layout.
+        Bench bench("<title>first</title><!--" + QByteArray(8'000'000, 'a') + "-->page");
         bench.Start();
         QVERIFY(bench.OpenSource());
         const QString text = bench.TextOf(*bench.Tab());
