@@ -149,6 +149,7 @@ private Q_SLOTS:
         QCOMPARE(bench.pane.LocationURL(), bench.server.Address(u"/a"_s));
         bench.pane.GoForward();
         QTRY_COMPARE(bench.Title(), u"b"_s);
+        QVERIFY(bench.WaitForEnd()); // what is not there yet cannot be loaded again
         bench.pane.Refresh();
         QTRY_COMPARE(bench.server.CountOf(u"/b?x=1"_s), 2);
         QVERIFY(bench.WaitForEnd());
