@@ -85,6 +85,12 @@ bool TickerListBox::viewportEvent(QEvent* event) {
     return true;
 }
 
+void TickerListBox::changeEvent(QEvent* event) {
+    ListBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        ForgetWidths();
+}
+
 void TickerListBox::ShowColumns(const OfColumns<bool>& wanted) {
     m_wanted = wanted;
     ForgetWidths();

@@ -116,6 +116,26 @@ private Q_SLOTS:
         QCOMPARE(window.List().MarkOf(0).hint, QString());
     }
 
+    void ColumnsAreAsWideAsTheirTextIsNow() {
+        Window window("MSFT|");
+        window.market["MSFT"] = Price(123456.5, 2.25);
+        window.Start();
+        window.Widen(600);
+        QVERIFY(Await([&] { return window.HasQuote(0); }));
+        const auto columns = [&] {
+            window.List().repaint();
+            return window.List().Columns();
+        };
+        const QFont font = window.List().font();
+        const auto before = columns();
+        QFont large = font;
+        large.setPointSizeF(2 * font.pointSizeF());
+        window.List().setFont(large);
+        QVERIFY(columns().front().width > before.front().width);
+        window.List().setFont(font);
+        QCOMPARE(columns(), before);
+    }
+
     void AStalePriceSaysItsAgeAndWhereItIsFrom() {
         Window window("MSFT|");
         window.market["MSFT"] = Price(430.5, 2.25);
