@@ -46,11 +46,13 @@ std::string WithoutComments(std::string_view text) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         std::string_view line = text.substr(start, end - start);
         const std::string_view rest = line.substr(CommentStart(line));
-        if (!rest.empty() &&
-            IsPlain(rest.back() == '\r' ? rest.substr(0, rest.size() - 1) : rest)) {
-            line.remove_suffix(rest.size());
-            line = line.substr(0, line.find_last_not_of(" \t") + 1);
-        }
+        const bool endsInTwo = end < text.size() && rest.ends_with('\r');
+        const std::string_view front = line.substr(0, line.size() - rest.size());
+        const std::string_view kept = front.substr(0, front.find_last_not_of(" \t") + 1);
+        // What is left must not become a line end that was none.
+        if (!rest.empty() && !kept.ends_with('\r') &&
+            IsPlain(rest.substr(0, rest.size() - (endsInTwo ? 1 : 0))))
+            line = kept;
         bare.append(line);
         if (end < text.size())
             bare.push_back('\n');

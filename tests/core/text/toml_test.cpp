@@ -67,6 +67,8 @@ TEST(Toml, LeavesOutCommentsAndKeepsLines) {
         {"a = 1 # \x01", "a = 1 # \x01"},
         {"a = 1 # \xC3\xA4", "a = 1 # \xC3\xA4"},
         {"a = 1 # \xFF", "a = 1 # \xFF"},
+        {"a = 1 # x\r", "a = 1 # x\r"},
+        {"a = 1\r# x\n", "a = 1\r# x\n"},
         // Here a line does not say by itself whether it is in a string.
         {"a = \"\"\"\n# no comment\n\"\"\"", "a = \"\"\"\n# no comment\n\"\"\""},
         {"a = '''\n# no comment\n''' # one", "a = '''\n# no comment\n''' # one"},
