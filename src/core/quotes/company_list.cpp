@@ -18,7 +18,6 @@ namespace {
 using nlohmann::json;
 
 constexpr std::int64_t kAfterFailure = 86400;
-constexpr std::size_t kMostCompanies = 100'000;
 constexpr std::size_t kLongestName = 100; // in bytes
 
 } // namespace
@@ -59,9 +58,9 @@ std::vector<NamedTicker> ReadCompanyList(std::string_view text) {
     }
     std::ranges::sort(ranked, {}, [](const auto& entry) { return entry.first; });
     std::vector<NamedTicker> companies;
-    companies.reserve(ranked.size());
     for (auto& [rank, row] : ranked)
-        companies.push_back(std::move(row));
+        if (companies.size() < kMostCompanies)
+            companies.push_back(std::move(row));
     return companies;
 }
 

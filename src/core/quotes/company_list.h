@@ -18,6 +18,9 @@ struct NamedTicker {
     bool operator==(const NamedTicker&) const = default;
 };
 
+/// The most companies of a list that are taken; there are some 10,000.
+inline constexpr std::size_t kMostCompanies = 50'000;
+
 /// A ticker in any spelling and a name of strangers made fit to be shown; without a ticker when one
 /// of them is of no use.
 NamedTicker ShownName(std::string_view ticker, std::string_view name);
@@ -52,7 +55,7 @@ bool IsCompanyListDue(const CompanySource& source, const KeptCompanies& kept, st
 /// The companies of the published list, an object of rows
 /// {"cik_str": 789019, "ticker": "MSFT", "title": "MICROSOFT CORP"} by their rank (as described at
 /// sec.gov/search-filings/edgar-search-assistance/accessing-edgar-data). Rows that are wrong are
-/// left out; none of a text that is no such list.
+/// left out, and so are the smallest of far too many; none of a text that is no such list.
 std::vector<NamedTicker> ReadCompanyList(std::string_view json);
 
 /// The names of the market that ships: lines of "ticker|name|...", those with a "#" left out.

@@ -33,6 +33,17 @@ TEST(CompanyList, LeavesOutRowsThatAreWrong) {
         EXPECT_THAT(ReadCompanyList(text), IsEmpty()) << text;
 }
 
+TEST(CompanyList, TakesTheLargestOfFarTooManyAndCanKeepThem) {
+    std::string text = "{";
+    for (std::size_t n = 0; n < kMostCompanies + 10; ++n)
+        text += (n == 0 ? "\"" : ",\"") + std::to_string(n) + "\":{\"ticker\":\"T" +
+                std::to_string(n) + "\",\"title\":\"Name of a company\"}";
+    const auto companies = ReadCompanyList(text + "}");
+    ASSERT_EQ(companies.size(), kMostCompanies);
+    EXPECT_EQ(companies.back().ticker, "T" + std::to_string(kMostCompanies - 1));
+    EXPECT_EQ(ReadKeptCompanies(WriteKeptCompanies({1, 1, companies})).companies, companies);
+}
+
 TEST(CompanyList, ShortensALongName) {
     const auto row = ShownName("A", std::string(99, 'x') + "\xC3\xA9" + "y");
     EXPECT_EQ(row.name, std::string(99, 'x'));
