@@ -100,7 +100,8 @@ class Colors(driver.SystemTest):
         self.wait_for_pixel(self.point_of_list(window), (0, 0, 0))
         self.close(program, dialog, "OK")
         driver.screenshot(driver.SCREENSHOTS / "scheme-contrast.png", program.window_id())
-        # Pages of our own go with it.
+        # Pages of our own go with it. The window manager may be late with the focus.
+        window.find(role="list item", name="MSFT").click()
         driver.press("ctrl+shift+r")
         left, top, width, height = window.find(name="Research page").extents
         driver.wait_for(lambda: max(driver.pixel(left + width - 40, top + height - 60)) < 40,
