@@ -40,6 +40,7 @@ std::optional<ListedPrice> FindListedPrice(const SourceSchedule& quotes, std::st
     if (kept.stale || FreshnessOf(quote.symbol, quote.time, now) != Freshness::Current)
         price.age = quote.time == 0 ? "no time" : AgeText(quote.time, now);
     price.origin = (quote.time == 0 ? "time not said" : ShowTime(quote.time)) + ", " + quote.source;
+    price.time = quote.time;
     price.day = DayOf(quotes.FindSeries(PriceSpan::Day, ticker).value, quote);
     return price;
 }

@@ -10,6 +10,7 @@ struct ListedPrice {
     std::optional<double> change, percent, previous;
     std::string age;         ///< in a few characters when the price is stale, else empty
     std::string origin;      ///< its time and its source
+    std::int64_t time = 0;   ///< of the trade, epoch seconds; 0 when not said
     bool doubtful = false;   ///< moved by half or more in a day
     std::vector<double> day; ///< the prices of its day, oldest first; empty when not known
 };
