@@ -26,6 +26,7 @@ constexpr Store kStores[] = {
     {kSettingsEntry,  16 * kMegabyte, true},
     {kNotesEntry,     64 * kMegabyte, false},
     {kRemindersEntry, 64 * kMegabyte, false},
+    {kAlertsEntry,    kLargestAlertsFile, false},
     {kSitesEntry,     16 * kMegabyte, true},
     {kSourcesEntry,   16 * kMegabyte, true},
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/market/alert_store.h"
+
 #include <cstdint>
 #include <ctime>
 #include <filesystem>
@@ -22,6 +24,7 @@ struct StorePlaces {
 inline constexpr std::string_view kSettingsEntry = "settings.ini";
 inline constexpr std::string_view kNotesEntry = "TickNotes.txt";
 inline constexpr std::string_view kRemindersEntry = "remind.txt";
+inline constexpr std::string_view kAlertsEntry = kAlertsFile;
 inline constexpr std::string_view kSitesEntry = "sites.toml";
 inline constexpr std::string_view kSourcesEntry = "sources.toml";
 inline constexpr std::string_view kMultiLinkEnding = ".mlnk";

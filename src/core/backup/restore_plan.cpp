@@ -1,6 +1,7 @@
 #include "core/backup/restore_plan.h"
 
 #include "core/backup/known_settings.h"
+#include "core/market/alert_store.h"
 #include "core/shell/command_keys.h"
 #include "core/shell/setting_keys.h"
 #include "core/shell/settings_text.h"
@@ -16,9 +17,10 @@ namespace tallowmere {
 
 namespace {
 
-constexpr std::array kParts{BackupPart::Portfolios, BackupPart::Notes,      BackupPart::Reminders,
-                            BackupPart::Links,      BackupPart::MultiLinks, BackupPart::Colors,
-                            BackupPart::Settings,   BackupPart::Sites,      BackupPart::Sources};
+constexpr std::array kParts{BackupPart::Portfolios, BackupPart::Notes,    BackupPart::Reminders,
+                            BackupPart::Alerts,     BackupPart::Links,    BackupPart::MultiLinks,
+                            BackupPart::Colors,     BackupPart::Settings, BackupPart::Sites,
+                            BackupPart::Sources};
 
 /// What a part holds, by name.
 using Items = std::map<std::string, std::string, std::less<>>;
@@ -34,6 +36,14 @@ Items RecordsOf(std::string_view content) {
     for (const Reminder& record : ReadReminders(content))
         if (!record.text.empty())
             items.emplace(record.key, record.text);
+    return items;
+}
+
+/// Several alerts may say the same.
+Items AlertsOf(std::string_view content) {
+    Items items;
+    for (const PriceAlert& alert : ReadAlerts(content).alerts)
+        items[alert.ticker + " " + RuleWords(alert)] += std::to_string(alert.id) + '\n';
     return items;
 }
 
@@ -113,6 +123,7 @@ std::map<BackupPart, Items> ItemsOf(const BackupFiles& files) {
         SettingItems(SettingsValues(Content(files, kSettingsEntry)));
     parts[BackupPart::Notes] = RecordsOf(Content(files, kNotesEntry));
     parts[BackupPart::Reminders] = RecordsOf(Content(files, kRemindersEntry));
+    parts[BackupPart::Alerts] = AlertsOf(Content(files, kAlertsEntry));
     parts[BackupPart::MultiLinks] = MultiLinksOf(files);
     parts[BackupPart::Sites] = FileOf(files, kSitesEntry);
     parts[BackupPart::Sources] = FileOf(files, kSourcesEntry);
@@ -172,6 +183,8 @@ std::string_view NameOf(BackupPart part) {
         return "Notes";
     case BackupPart::Reminders:
         return "Reminders";
+    case BackupPart::Alerts:
+        return "Alerts";
     case BackupPart::Links:
         return "Links of your own";
     case BackupPart::MultiLinks:
@@ -254,6 +267,8 @@ RestorePlan PlanRestore(const BackupFiles& now, const BackupFiles& backup,
         take(kNotesEntry);
     if (parts.contains(BackupPart::Reminders))
         take(kRemindersEntry);
+    if (parts.contains(BackupPart::Alerts))
+        take(kAlertsEntry);
     if (parts.contains(BackupPart::Sites))
         take(kSitesEntry);
     if (parts.contains(BackupPart::Sources))

@@ -16,6 +16,7 @@ enum class BackupPart {
     Portfolios,
     Notes,
     Reminders,
+    Alerts,
     Links,
     MultiLinks,
     Colors,

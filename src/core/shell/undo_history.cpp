@@ -157,6 +157,7 @@ std::string UndoSubject(const UndoChange& change) {
     if (change.section.empty())
         return change.key == "TickNotes.txt" ? "the notes"
                : change.key == "remind.txt"  ? "the reminders"
+               : change.key == "alerts.txt"  ? "the alerts"
                                              : change.key;
     for (const auto& [prefix, words] : kSubjects)
         if (change.key.starts_with(prefix))

@@ -18,9 +18,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::set<BackupPart> kAll{
-    BackupPart::Portfolios, BackupPart::Notes,      BackupPart::Reminders,
-    BackupPart::Links,      BackupPart::MultiLinks, BackupPart::Colors,
-    BackupPart::Settings,   BackupPart::Sites,      BackupPart::Sources};
+    BackupPart::Portfolios, BackupPart::Notes,      BackupPart::Reminders, BackupPart::Alerts,
+    BackupPart::Links,      BackupPart::MultiLinks, BackupPart::Colors,    BackupPart::Settings,
+    BackupPart::Sites,      BackupPart::Sources};
 
 PartChanges Of(BackupPart part, const BackupFiles& now, const BackupFiles& backup) {
     for (PartChanges& changes : CompareStores(now, backup))
@@ -85,6 +85,17 @@ TEST(RestorePlan, NotesAreNewChangedOrGoneByTicker) {
     EXPECT_THAT(notes.fresh, ElementsAre("D"));
     EXPECT_THAT(notes.changed, ElementsAre("B"));
     EXPECT_THAT(notes.gone, ElementsAre("C"));
+}
+
+TEST(RestorePlan, AlertsAreNamedByWhatTheyTell) {
+    const BackupFiles now{{"alerts.txt", "1 above 450 MSFT\n2 below 5 AOL\n"}};
+    const BackupFiles backup{{"alerts.txt", "1 above 450 MSFT\n3 change 5 IBM\n"}};
+    const PartChanges alerts = Of(BackupPart::Alerts, now, backup);
+    EXPECT_THAT(alerts.fresh, ElementsAre("IBM up or down by 5.00% or more in a day"));
+    EXPECT_THAT(alerts.changed, IsEmpty());
+    EXPECT_THAT(alerts.gone, ElementsAre("AOL at or below 5.00"));
+    EXPECT_EQ(PlanRestore(now, backup, {BackupPart::Alerts}).files, backup);
+    EXPECT_TRUE(PlanRestore(now, backup, {BackupPart::Notes}).files.empty());
 }
 
 TEST(RestorePlan, APortfolioIsOneThingWithItsName) {
