@@ -38,7 +38,9 @@ std::optional<std::int64_t> IntervalOf(PriceSpan span, const std::string& symbol
 
 ListWish ListPace::Next(const SourceSchedule& quotes, const ListInView& list, std::int64_t now) {
     ListWish wish;
-    Take(PriceSpan::Quote, quotes, list.seen, now, wish.quotes);
+    Symbols first = list.seen;
+    first.insert(first.end(), list.watched.begin(), list.watched.end());
+    Take(PriceSpan::Quote, quotes, first, now, wish.quotes);
     Take(PriceSpan::Quote, quotes, list.others, now, wish.quotes);
     if (list.showsDay)
         Take(PriceSpan::Day, quotes, list.seen, now, wish.days);

@@ -5,11 +5,13 @@
 /// What the list of tickers asks the sources for, and when.
 namespace tallowmere {
 
-/// The tickers of a list, in any spelling.
+/// The tickers of a list, and others that go with them, in any spelling.
 struct ListInView {
     std::vector<std::string> seen;   ///< in the rows that can be seen, from the top
     std::vector<std::string> others; ///< in the rest of the list
     bool showsDay = false;           ///< whether a line of the day is shown
+    /// Wanted like those that can be seen, without their day, wherever they stand.
+    std::vector<std::string> watched = {};
 };
 
 /// Symbols to want of the sources now, in the program's form.
@@ -18,10 +20,10 @@ struct ListWish {
     std::vector<std::string> days; ///< over the day
 };
 
-/// Remembers what the list asked for: the price of each ticker in sight about once a minute, its
-/// day every half hour, and what room a request has left goes to the tickers out of sight, those
-/// first that have waited longest. What nothing newer can be had of is left out; while the market
-/// is closed the rest is asked for every ten minutes.
+/// Remembers what was asked for: the price of each ticker in sight or watched about once a minute,
+/// its day every half hour, and what room a request has left goes to the tickers out of sight,
+/// those first that have waited longest. What nothing newer can be had of is left out; while the
+/// market is closed the rest is asked for every ten minutes.
 class ListPace {
 public:
     /// What to want at `now` (epoch seconds) of a list that somebody sees: a request's worth of

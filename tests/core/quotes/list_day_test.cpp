@@ -7,12 +7,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <iomanip>
+#include <map>
+#include <numeric>
 #include <sstream>
 
-// A whole day of the ticker list over the shipped sources: how many requests it causes. The counts
-// stand in docs/data-sources.md.
+// A whole day of the ticker list, and of alerts beside it, over the shipped sources: how many
+// requests they cause. The counts stand in docs/data-sources.md.
 namespace tallowmere {
 namespace {
 
@@ -21,6 +24,7 @@ constexpr std::int64_t kHour = 3600;
 constexpr std::int64_t kMorning = kFridayClose - 12 * kHour;
 constexpr int kFirstHour = 4;
 constexpr int kTickers = 40;
+constexpr int kAlerts = 10; // on other tickers
 
 constexpr std::int64_t kOpening = kFridayClose - 6 * kHour - 1800;
 constexpr std::int64_t kThursdayClose = kFridayClose - 24 * kHour;
@@ -67,16 +71,28 @@ struct Day {
     std::vector<int> perHour = std::vector<int>(24);
     int most = 0; ///< in any minute
     std::size_t priced = 0;
+    std::size_t watched = 0; ///< tickers of alerts whose close is known at the end
+    std::int64_t latest = 0; ///< longest time between two prices of such a ticker, market open
 };
 
-Day Simulate(const IsUp& isUp, bool showsDay) {
+/// What somebody wants to know during that day.
+struct Wanted {
+    bool list = true; ///< whether it is in sight
+    bool showsDay = false;
+    int alerts = 0;
+};
+
+Day Simulate(const IsUp& isUp, const Wanted& wanted) {
     SourceSchedule schedule(ReadSourceTable(ShippedFile("sources.toml"), "sources.toml"));
     ListPace pace;
     ListInView list;
-    list.showsDay = showsDay;
-    for (int n = 0; n < kTickers; ++n)
+    list.showsDay = wanted.showsDay;
+    for (int n = 0; n < kTickers && wanted.list; ++n)
         list.seen.push_back("T" + std::to_string(n));
+    for (int n = 0; n < wanted.alerts; ++n)
+        list.watched.push_back("A" + std::to_string(n));
     Day day;
+    std::map<std::string, std::int64_t> learned;
     std::vector<std::int64_t> sent;
     for (std::int64_t now = kMorning; now < kMorning + 24 * kHour; ++now) {
         const bool isMinute = (now - kMorning) % 60 == 0;
@@ -99,6 +115,12 @@ Day Simulate(const IsUp& isUp, bool showsDay) {
                                                      : Spark(request->symbols, now, isDay)};
             }
             schedule.Answer(request->id, response, now);
+            for (const std::string& symbol : request->symbols) {
+                if (symbol.front() == 'A' && learned.contains(symbol) && IsOpen(now) &&
+                    learned[symbol] >= kOpening)
+                    day.latest = std::max(day.latest, now - learned[symbol]);
+                learned[symbol] = now;
+            }
         }
     }
     for (std::size_t first = 0; first < sent.size(); ++first) {
@@ -107,10 +129,12 @@ Day Simulate(const IsUp& isUp, bool showsDay) {
             ++last;
         day.most = std::max(day.most, static_cast<int>(last - first));
     }
-    for (const std::string& symbol : list.seen)
-        if (const auto kept = schedule.FindQuote(symbol);
-            kept.value && kept.value->time == kFridayClose)
-            ++day.priced;
+    const auto knowsClose = [&schedule](const std::string& symbol) {
+        const auto kept = schedule.FindQuote(symbol);
+        return kept.value && kept.value->time == kFridayClose;
+    };
+    day.priced = static_cast<std::size_t>(std::ranges::count_if(list.seen, knowsClose));
+    day.watched = static_cast<std::size_t>(std::ranges::count_if(list.watched, knowsClose));
     return day;
 }
 
@@ -126,13 +150,15 @@ bool None(std::string_view) {
 
 /// The table of docs/data-sources.md.
 std::string Table() {
-    const std::pair<IsUp, bool> columns[] = {
-        {All, true}, {All, false}, {FirstDown, true}, {None, true}};
+    const std::pair<IsUp, Wanted> columns[] = {
+        {All, {true, true}},  {All, {true, false}},         {FirstDown, {true, true}},
+        {None, {true, true}}, {All, {true, true, kAlerts}}, {All, {false, false, kAlerts}}};
     std::vector<Day> days;
-    for (const auto& [isUp, showsDay] : columns)
-        days.push_back(Simulate(isUp, showsDay));
+    for (const auto& [isUp, wanted] : columns)
+        days.push_back(Simulate(isUp, wanted));
     std::string table = "| Hour in New York | all sources up | without the line of the day | the "
-                        "first down | all down |\n|---|---|---|---|---|\n";
+                        "first down | all down | list and ten alerts | ten alerts alone |\n"
+                        "|---|---|---|---|---|---|---|\n";
     for (int hour = 0; hour < 24; ++hour) {
         const int from = (kFirstHour + hour) % 24;
         table += "| " + std::to_string(from) + " to " + std::to_string((from + 1) % 24);
@@ -144,16 +170,32 @@ std::string Table() {
 }
 
 TEST(ListDay, NoMinuteSeesTwoRequests) {
-    for (const bool showsDay : {true, false}) {
-        EXPECT_EQ(Simulate(All, showsDay).most, 1);
-        EXPECT_EQ(Simulate(FirstDown, showsDay).most, 1);
-        EXPECT_EQ(Simulate(None, showsDay).most, 1);
+    for (const Wanted& wanted : {Wanted{true, true}, Wanted{true, false},
+                                 Wanted{true, true, kAlerts}, Wanted{false, false, kAlerts}}) {
+        EXPECT_EQ(Simulate(All, wanted).most, 1);
+        EXPECT_EQ(Simulate(FirstDown, wanted).most, 1);
+        EXPECT_EQ(Simulate(None, wanted).most, 1);
     }
+}
+
+TEST(ListDay, AlertsOnTickersOutOfSightGoWithTheListAndAreLookedAtEveryMinute) {
+    for (const bool showsList : {true, false}) {
+        const Day day = Simulate(All, {showsList, false, kAlerts});
+        EXPECT_EQ(day.watched, static_cast<std::size_t>(kAlerts));
+        EXPECT_LE(day.latest, 120) << showsList;
+        for (std::size_t hour = 18 - kFirstHour; hour < day.perHour.size(); ++hour)
+            EXPECT_EQ(day.perHour[hour], 0) << "hour " << hour + kFirstHour;
+    }
+}
+
+TEST(ListDay, WithoutAListInSightAndWithoutAnAlertNothingIsAsked) {
+    const Day day = Simulate(All, {false, true, 0});
+    EXPECT_EQ(std::accumulate(day.perHour.begin(), day.perHour.end(), 0), 0);
 }
 
 TEST(ListDay, TheCloseIsKnownInTheEveningAndNothingIsAskedInTheNight) {
     for (const IsUp& isUp : {IsUp(All), IsUp(FirstDown)}) {
-        const Day day = Simulate(isUp, true);
+        const Day day = Simulate(isUp, {true, true});
         EXPECT_EQ(day.priced, static_cast<std::size_t>(kTickers));
         for (std::size_t hour = 18 - kFirstHour; hour < day.perHour.size(); ++hour)
             EXPECT_EQ(day.perHour[hour], 0) << "hour " << hour + kFirstHour;

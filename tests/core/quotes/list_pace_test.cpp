@@ -53,6 +53,27 @@ TEST_F(ListPaceTest, TheRowsInSightComeFirstAndTheOthersFillUp) {
     EXPECT_THAT(Quotes(list), ElementsAre("E", "BRK.B", "A"));
 }
 
+TEST_F(ListPaceTest, WatchedTickersGoWithThoseInSightButHaveNoDay) {
+    ListInView list{{"A", "B"}, {"C", "D"}, true};
+    list.watched = {"W", "a"};
+    list.seen = {"A"};
+    const ListWish wish = pace.Next(web.Schedule(), list, web.now);
+    EXPECT_THAT(wish.quotes, ElementsAre("A", "W", "C"));
+    EXPECT_THAT(wish.days, ElementsAre("A"));
+    list.seen = {"A", "B", "E"};
+    web.now += 60;
+    EXPECT_THAT(Quotes(list), ElementsAre("B", "E", "A"));
+    web.now += 60;
+    EXPECT_THAT(Quotes(list), ElementsAre("W", "A", "B"));
+}
+
+TEST_F(ListPaceTest, WithoutAListInSightTheWatchedAreAskedForAlone) {
+    ListInView list;
+    EXPECT_THAT(Quotes(list), IsEmpty());
+    list.watched = {"W"};
+    EXPECT_THAT(Quotes(list), ElementsAre("W"));
+}
+
 TEST_F(ListPaceTest, MoreRowsThanARequestTakesHaveTheirTurn) {
     const ListInView list{{"A", "B", "C", "D", "E"}, {"F"}};
     EXPECT_THAT(Quotes(list), ElementsAre("A", "B", "C"));
