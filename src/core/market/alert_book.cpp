@@ -82,7 +82,7 @@ std::vector<FiredAlert> AlertBook::Check(const std::vector<std::string>& symbols
         const auto found = m_bySymbol.find(OwnSymbol(symbol));
         if (found == m_bySymbol.end())
             continue;
-        const auto price = read(symbol);
+        const auto price = read(found->first);
         for (const std::size_t at : found->second) {
             const PriceAlert& alert = m_list.alerts[at];
             if (!price || FiredBy(alert.id))

@@ -41,7 +41,7 @@ public:
     /// The tickers of all armed alerts, each once.
     std::vector<std::string> ArmedTickers() const;
 
-    /// Looks at the armed alerts of these symbols (in the program's form); gives those that the
+    /// Looks at the armed alerts of these symbols (in any spelling); gives those that the
     /// price of their ticker fires at `now`, and notes that they fired. Linear in the symbols.
     using Reader = std::function<std::optional<ListedPrice>(const std::string& ticker)>;
     std::vector<FiredAlert> Check(const std::vector<std::string>& symbols, const Reader& read,

@@ -133,7 +133,11 @@ std::string RuleWords(const PriceAlert& alert) {
     case AlertKind::DayChange:
         break;
     }
-    return "up or down by " + LimitText(alert.limit) + "% or more in a day";
+    std::string percent = LimitText(alert.limit);
+    percent.resize(percent.find_last_not_of('0') + 1);
+    if (percent.ends_with('.'))
+        percent.pop_back();
+    return "up or down by " + percent + "% or more in a day";
 }
 
 std::string FiredPriceText(const FiredAlert& fired) {

@@ -91,7 +91,7 @@ TEST(RestorePlan, AlertsAreNamedByWhatTheyTell) {
     const BackupFiles now{{"alerts.txt", "1 above 450 MSFT\n2 below 5 AOL\n"}};
     const BackupFiles backup{{"alerts.txt", "1 above 450 MSFT\n3 change 5 IBM\n"}};
     const PartChanges alerts = Of(BackupPart::Alerts, now, backup);
-    EXPECT_THAT(alerts.fresh, ElementsAre("IBM up or down by 5.00% or more in a day"));
+    EXPECT_THAT(alerts.fresh, ElementsAre("IBM up or down by 5% or more in a day"));
     EXPECT_THAT(alerts.changed, IsEmpty());
     EXPECT_THAT(alerts.gone, ElementsAre("AOL at or below 5.00"));
     EXPECT_EQ(PlanRestore(now, backup, {BackupPart::Alerts}).files, backup);

@@ -96,8 +96,7 @@ TEST(PriceAlerts, WhatFiredKeepsThePriceAndWhereItIsFrom) {
     price.origin = "Nov 20, 2026 4:00 PM ET, CNBC";
     const FiredAlert fired = Fired(alert, price, 2000);
     EXPECT_EQ(fired, (FiredAlert{alert, 2000, 451.2, -5.12, 1000, price.origin}));
-    EXPECT_EQ(FiredWords(fired),
-              "MSFT is at 451.20 (-5.12%): up or down by 5.00% or more in a day");
+    EXPECT_EQ(FiredWords(fired), "MSFT is at 451.20 (-5.12%): up or down by 5% or more in a day");
     EXPECT_EQ(FiredWords(Fired({1, Below, 500, "MSFT"}, Price(451.2, -5), 0)),
               "MSFT is at 451.20: at or below 500.00");
     EXPECT_EQ(FiredPriceText(Fired({1, Below, 500, "MSFT"}, Price(451.2), 0)), "451.20");
@@ -116,6 +115,8 @@ TEST(PriceAlerts, ALimitShowsWhatWasTyped) {
     for (const auto& [limit, text] : cases)
         EXPECT_EQ(LimitText(limit), text);
     EXPECT_EQ(RuleWords({1, Above, 450, "A"}), "at or above 450.00");
+    EXPECT_EQ(RuleWords({1, DayChange, 1200.5, "A"}), "up or down by 1,200.5% or more in a day");
+    EXPECT_EQ(RuleWords({1, DayChange, 10, "A"}), "up or down by 10% or more in a day");
 }
 
 TEST(PriceAlerts, NumbersAreReadAsPeopleTypeThem) {
