@@ -115,6 +115,8 @@ void MainMenus::BuildTickerMenu() {
     mnuRightTick->addMenu(mnuMoveAllPort.menu);
     mnuRightTick->addMenu(mnuCopyAllPort.menu);
     mnuRightTick->addAction(mnuCopyAll);
+    mnuRightTick->addSeparator();
+    mnuRightTick->addAction(At("addAlert"));
 }
 
 void MainMenus::BuildOptionsMenu() {

@@ -5,6 +5,7 @@
 #include "app/forms/frmMain.h"
 #include "app/portfolio/TickerModel.h"
 #include "app/quotes/LiveQuotes.h"
+#include "app/quotes/QuoteWishes.h"
 #include "core/portfolio/quote_cells.h"
 
 #include <QEvent>
@@ -30,9 +31,9 @@ ListQuotes::ListQuotes(frmMain& form, TickerModel& list)
     connect(&m_soon, &QTimer::timeout, this, &ListQuotes::Look);
 }
 
-void ListQuotes::Serve(Reader read, LiveQuotes* live) {
+void ListQuotes::Serve(Reader read, QuoteWishes* wishes) {
     m_read = std::move(read);
-    m_live = live;
+    m_wishes = wishes;
     // A pane tells of progress once the engine is at work on its page; the rest waits until the
     // window has nothing else to do.
     for (const BrowserPane* pane : {m_form.Web, m_form.WebB})
@@ -47,8 +48,12 @@ void ListQuotes::Serve(Reader read, LiveQuotes* live) {
 void ListQuotes::Begin() {
     m_hasBegun = true;
     FollowColumns();
-    if (!m_live)
-        return;
+    if (m_wishes)
+        FollowSight();
+    Q_EMIT Begun();
+}
+
+void ListQuotes::FollowSight() {
     m_form.installEventFilter(this);
     m_form.List1->installEventFilter(this);
     connect(m_form.List1->verticalScrollBar(), &QScrollBar::valueChanged, this,
@@ -56,9 +61,10 @@ void ListQuotes::Begin() {
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&m_list, signal, this, &ListQuotes::LookSoon);
     connect(&m_list, &QAbstractItemModel::modelReset, this, &ListQuotes::LookSoon);
-    connect(m_live, &LiveQuotes::Learned, this, [this](const std::vector<std::string>& symbols) {
-        m_list.RefreshQuotes({symbols.begin(), symbols.end()});
-    });
+    connect(&m_wishes->Quotes(), &LiveQuotes::Learned, this,
+            [this](const std::vector<std::string>& symbols) {
+                m_list.RefreshQuotes({symbols.begin(), symbols.end()});
+            });
     Look();
 }
 
@@ -92,7 +98,7 @@ bool ListQuotes::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ListQuotes::LookSoon() {
-    if (m_hasBegun && m_live)
+    if (m_hasBegun && m_wishes)
         m_soon.start();
 }
 
@@ -110,7 +116,7 @@ void ListQuotes::Look() {
         m_list.RefreshQuotes(); // ages rise
     } else {
         m_minute.stop();
-        m_live->LeaveList();
+        m_wishes->Withdraw(QuoteAsker::List);
     }
     Q_EMIT Looked();
 }
@@ -122,7 +128,7 @@ void ListQuotes::Ask() {
     for (int row = 0; row < m_list.rowCount(); ++row)
         (row >= first && row <= last ? list.seen : list.others)
             .push_back(FromQt(m_list.Items().at(row)));
-    m_live->WantListed(list);
+    m_wishes->Want(QuoteAsker::List, std::move(list));
 }
 
 } // namespace tallowmere

@@ -10,7 +10,7 @@
 namespace tallowmere {
 
 class BrowserPane;
-class LiveQuotes;
+class QuoteWishes;
 class TickerModel;
 class frmMain;
 
@@ -24,9 +24,9 @@ public:
 
     ListQuotes(frmMain& form, TickerModel& list);
 
-    /// Shows the prices that `read` gives. `live`, if there is one, is asked for newer ones; it
-    /// outlives the form.
-    void Serve(Reader read, LiveQuotes* live);
+    /// Shows the prices that `read` gives. `wishes`, if there are any, take what it lacks; they
+    /// outlive the form.
+    void Serve(Reader read, QuoteWishes* wishes);
 
     /// Shows the quotes, or none when no column is wanted.
     void FollowColumns();
@@ -37,11 +37,14 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
+    /// The first page is under way.
+    void Begun();
     /// It has looked at what can be seen.
     void Looked();
 
 private:
     void Begin();
+    void FollowSight();
     void Look();
     void Ask();
     bool IsSeen() const;
@@ -49,7 +52,7 @@ private:
     frmMain& m_form;
     TickerModel& m_list;
     Reader m_read;
-    LiveQuotes* m_live = nullptr;
+    QuoteWishes* m_wishes = nullptr;
     bool m_isAboutToBegin = false;
     bool m_hasBegun = false;
     bool m_isShown = false;

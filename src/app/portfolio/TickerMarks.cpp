@@ -45,6 +45,11 @@ void TickerMarks::SetNames(Names nameOf) {
     });
 }
 
+void TickerMarks::SetAlerts(Alerts alerts) {
+    m_alerts = std::move(alerts);
+    m_list.RefreshMarks();
+}
+
 // A hint is shown with the tool tips only, and the note even where the ticker is unknown.
 ItemMark TickerMarks::MarkOf(const QString& ticker) const {
     ItemMark mark;
@@ -60,6 +65,11 @@ ItemMark TickerMarks::MarkOf(const QString& ticker) const {
         mark.meaning += (mark.meaning.isEmpty() ? u""_s : u", "_s) + u"has a note"_s;
         mark.hint += (mark.hint.isEmpty() ? u""_s : u"\n"_s) +
                      LineStart(ticker + u": "_s + ToQt(ShownLines(note)));
+    }
+    if (const ItemMark alerts = m_alerts ? m_alerts(symbol) : ItemMark(); !alerts.sign.isEmpty()) {
+        mark.sign += alerts.sign;
+        mark.meaning += (mark.meaning.isEmpty() ? u""_s : u", "_s) + alerts.meaning;
+        mark.hint += (mark.hint.isEmpty() ? u""_s : u"\n"_s) + alerts.hint;
     }
     if (const auto& quote = m_list.QuoteOf(ticker); quote && !quote->remark.empty())
         mark.hint += (mark.hint.isEmpty() ? u""_s : u"\n"_s) + ToQt(quote->remark);

@@ -14,8 +14,8 @@ namespace tallowmere {
 class TickerModel;
 class frmMain;
 
-/// The marks of the ticker list: which tickers have a note, and which no source of quotes knows;
-/// and what their companies are called.
+/// The marks of the ticker list: which tickers have a note or an alert, and which no source of
+/// quotes knows; and what their companies are called.
 class TickerMarks : public QObject {
     Q_OBJECT
 public:
@@ -37,6 +37,10 @@ public:
         return m_nameOf ? m_nameOf(ticker) : std::string();
     }
 
+    /// Says how the alerts of a ticker stand; none stands without it.
+    using Alerts = std::function<ItemMark(const std::string& ticker)>;
+    void SetAlerts(Alerts alerts);
+
 private:
     ItemMark MarkOf(const QString& ticker) const;
 
@@ -47,6 +51,7 @@ private:
     std::unique_ptr<NoteIndex> m_notes;
     Unknown m_isUnknown;
     Names m_nameOf;
+    Alerts m_alerts;
 };
 
 } // namespace tallowmere

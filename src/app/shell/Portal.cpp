@@ -1,12 +1,14 @@
 #include "app/shell/Portal.h"
 
 #include "app/base/WebAccess.h"
+#include "app/market/PriceAlerts.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/TickerCompletion.h"
 #include "app/portfolio/TickerMarks.h"
 #include "app/quotes/CompanyDirectory.h"
 #include "app/quotes/LiveQuotes.h"
+#include "app/quotes/QuoteWishes.h"
 #include "app/shell/SessionSetup.h"
 #include "app/shell/Subsystems.h"
 
@@ -24,8 +26,10 @@ Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& part
     if (setup.web == WebMode::Live) {
         ServeLive(setup, web, parts);
     } else if (setup.portal) {
-        if (setup.prices)
+        if (setup.prices) {
             parts.portfolio.listQuotes->Serve(setup.prices, nullptr);
+            parts.market.alerts->Serve(setup.prices, nullptr);
+        }
         web.SetPortal([portal = setup.portal, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery) {
             return portal(host, ticker->WithTickers(pathAndQuery));
@@ -43,8 +47,10 @@ void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsyste
     parts.portfolio.marks->SetUnknown(
         [live](const std::string& ticker) { return live->IsUnknown(ticker); });
     QObject::connect(live, &LiveQuotes::Learned, parts.portfolio.marks, &TickerMarks::Refresh);
-    parts.portfolio.listQuotes->Serve(
-        [live](const std::string& ticker) { return live->PriceOf(ticker); }, live);
+    m_wishes = std::make_unique<QuoteWishes>(*live);
+    const auto read = [live](const std::string& ticker) { return live->PriceOf(ticker); };
+    parts.portfolio.listQuotes->Serve(read, m_wishes.get());
+    parts.market.alerts->Serve(read, m_wishes.get());
     web.SetLatePortal([live, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery, Asker asker,
                           WebAccess::PortalReply reply) {

@@ -6,6 +6,7 @@ namespace tallowmere {
 
 class CompanyDirectory;
 class LiveQuotes;
+class QuoteWishes;
 class WebAccess;
 struct ProxySetting;
 struct SessionSetup;
@@ -30,7 +31,9 @@ public:
 private:
     void ServeLive(const SessionSetup& setup, WebAccess& web, const Subsystems& parts);
 
-    std::unique_ptr<LiveQuotes> m_live; ///< null but in live mode
+    // The first two are null but in live mode.
+    std::unique_ptr<LiveQuotes> m_live;
+    std::unique_ptr<QuoteWishes> m_wishes;
     std::unique_ptr<CompanyDirectory> m_companies;
 };
 

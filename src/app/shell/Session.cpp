@@ -29,6 +29,7 @@
 #include "app/tools/DailyReminders.h"
 #include "app/tools/ReminderWatch.h"
 #include "core/links/index_query.h"
+#include "core/market/alert_store.h"
 #include "core/portfolio/keyed_store.h"
 #include "core/shell/conversion.h"
 #include "core/shell/setting_keys.h"
@@ -47,7 +48,8 @@ Session::Session(SessionSetup setup)
                                      m_setup.tables, m_setup.folders.tables / "sites.toml")),
       m_settings(m_setup.folders.settingsFile),
       m_undo(m_settings, m_setup.folders.programFolder,
-             {std::string(kTickerNotesFile.substr(1)), std::string(kRemindersFile.substr(1))},
+             {std::string(kTickerNotesFile.substr(1)), std::string(kRemindersFile.substr(1)),
+              std::string(kAlertsFile)},
              m_setup.folders.programFolder / "undo.txt"),
       m_keys(m_settings), m_web(m_setup.web),
       m_profile(std::make_unique<EngineProfile>(PathToQt(m_setup.folders.engine),

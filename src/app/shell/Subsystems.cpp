@@ -10,7 +10,10 @@
 #include "app/links/PaneDeck.h"
 #include "app/links/SeparateBrowser.h"
 #include "app/market/ActiveEdges.h"
+#include "app/market/AlertWindow.h"
+#include "app/market/PriceAlerts.h"
 #include "app/market/TickerStrip.h"
+#include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerMarks.h"
 #include "app/shell/Finder.h"
@@ -32,8 +35,8 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
                 setup.folders.programFolder, links, transfers.inet),
       custom(form, settings, undoRecorder, setup.tables.sites, setup.prompts,
              setup.folders.programFolder, profile, links),
-      market(form, settings, setup.tables.sites, setup.prompts, setup.clock, profile, links,
-             transfers),
+      market(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
+             setup.folders.programFolder, profile, links, transfers),
       tools(form, settings, undoRecorder, setup.tables.sites, setup.prompts, setup.clock,
             setup.folders.programFolder, profile, links),
       sites(new SiteControllers(form, settings, setup.prompts, setup.clock, links.recording,
@@ -67,8 +70,21 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
         tools.colors->Apply();
         ShowCustomLinks(form, settings);
     });
+    ConnectAlerts();
     QObject::connect(tools.setup, &Setup::TickerSwitched, market.ticker, &TickerStrip::Switch);
     QObject::connect(tools.setup, &Setup::EdgesSwitched, market.edges, &ActiveEdges::Switch);
+}
+
+void Subsystems::ConnectAlerts() const {
+    portfolio.marks->SetAlerts([window = market.alertWindow](const std::string& ticker) {
+        return window->MarkOf(ticker);
+    });
+    QObject::connect(market.alerts, &PriceAlerts::Changed, portfolio.marks, &TickerMarks::Refresh);
+    QObject::connect(portfolio.listQuotes, &ListQuotes::Begun, market.alerts, &PriceAlerts::Begin);
+    QObject::connect(portfolio.portfolios, &Portfolios::Selected, market.alerts,
+                     &PriceAlerts::Refresh);
+    QObject::connect(undo, &UndoCommands::Changed, market.alerts, &PriceAlerts::Refresh);
+    QObject::connect(backup.backups, &Backups::Restored, market.alerts, &PriceAlerts::Refresh);
 }
 
 // Those of a kind are shown in this order.

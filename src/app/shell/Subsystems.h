@@ -38,6 +38,7 @@ struct Subsystems {
     Finder* finder;
 
 private:
+    void ConnectAlerts() const;
     FinderSources AllFinderSources(frmMain& form, const WebAccess& web) const;
 };
 
