@@ -34,10 +34,17 @@ CustomB101=8388736
 """
 
 
+# The first of them has fired.
+ALERTS = "1795000001 above 30 AOL\n1795000002 below 100 MSFT\n1795000003 change 25 IBM\n"
+ALERT_LOG = ("1795190400\t1795000001\tabove\t30\tAOL\t31.25\t2.1\t1795190340\t"
+             "Nov 20, 2026 10:59 AM ET, SAMPLE DATA\n")
+
+
 class Pictures:
-    def __init__(self, program, folder):
+    def __init__(self, program, folder, profile=None):
         self.program = program
         self.folder = folder
+        self.profile = profile
         self.window = program.main_window()
 
     def size(self, width, height):
@@ -247,6 +254,14 @@ class Pictures:
         self.take_dialog("reminders", dialog)
         self.close(dialog)
 
+        alerts = Path(self.profile, "alerts.txt")
+        alerts.write_text(ALERTS)
+        self.press("ctrl+shift+a")
+        dialog = self.dialog("Alerts")
+        self.take_dialog("alerts", dialog)
+        self.close(dialog)
+        alerts.unlink()
+
         self.link("Custom link 102, empty").click()
         dialog = self.dialog("Custom Link Properties")
         driver.type_text("Quote")
@@ -415,8 +430,9 @@ def main():
         Path(profile, "settings.ini").write_text(SETTINGS)
         Path(profile, "TickNotes.txt").write_bytes(NOTES.encode())
         Path(profile, "remind.txt").write_bytes(REMINDERS.encode())
+        Path(profile, "alert-log.txt").write_text(ALERT_LOG)
         with driver.Program(program, "--web", "sample", profile=profile) as running:
-            Pictures(running, Path(folder)).run()
+            Pictures(running, Path(folder), profile).run()
         downloads(program, Path(folder), Path(profile))
 
 
