@@ -41,7 +41,7 @@ ALERT_LOG = ("1795190400\t1795000001\tabove\t30\tAOL\t31.25\t2.1\t1795190340\t"
 
 
 class Pictures:
-    def __init__(self, program, folder, profile=None):
+    def __init__(self, program, folder, profile):
         self.program = program
         self.folder = folder
         self.profile = profile
@@ -254,13 +254,7 @@ class Pictures:
         self.take_dialog("reminders", dialog)
         self.close(dialog)
 
-        alerts = Path(self.profile, "alerts.txt")
-        alerts.write_text(ALERTS)
-        self.press("ctrl+shift+a")
-        dialog = self.dialog("Alerts")
-        self.take_dialog("alerts", dialog)
-        self.close(dialog)
-        alerts.unlink()
+        self.alerts()
 
         self.link("Custom link 102, empty").click()
         dialog = self.dialog("Custom Link Properties")
@@ -306,6 +300,16 @@ class Pictures:
         dialog = self.dialog("Keyboard Shortcuts")
         self.take_dialog("shortcuts", dialog)
         self.close(dialog)
+
+    def alerts(self):
+        """Written now, so that the list of tickers has no flags in the other pictures."""
+        alerts = Path(self.profile, "alerts.txt")
+        alerts.write_text(ALERTS)
+        self.press("ctrl+shift+a")
+        dialog = self.dialog("Alerts")
+        self.take_dialog("alerts", dialog)
+        self.close(dialog)
+        alerts.unlink()
 
     def files(self):
         """What goes out to files and comes in from them."""
@@ -405,7 +409,7 @@ def downloads(binary, folder, profile):
         sites.write_text(f'[hosts]\ndefault = "http://{server.host}"\n')
         with driver.Program(binary, "--web", "direct", "--sites", sites,
                             profile=profile / "downloads") as program:
-            pictures = Pictures(program, folder)
+            pictures = Pictures(program, folder, profile)
             pictures.size(1080, 760)
             save(program, server, profile, "filings.zip")
             driver.press("ctrl+j")
