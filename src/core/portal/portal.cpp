@@ -52,7 +52,21 @@ std::optional<ListedPrice> SamplePortal::PriceOf(std::string_view ticker, Date t
     price.change = figures.change;
     price.percent = figures.percent;
     price.previous = figures.previous;
-    price.origin = LastTradingDayText(today) + ", " + std::string(kSampleNote);
+    price.dayLow = figures.dayLow;
+    price.dayHigh = figures.dayHigh;
+    price.yearLow = figures.yearLow;
+    price.yearHigh = figures.yearHigh;
+    if (quote->shares != 0) {
+        price.volume = figures.volume;
+        price.marketCap = figures.marketCap;
+        price.priceEarnings = figures.priceEarnings;
+        if (figures.yield != 0)
+            price.yield = figures.yield;
+    }
+    price.name = quote->name;
+    price.source = kSampleNote;
+    price.when = LastTradingDayText(today);
+    price.origin = price.when + ", " + price.source;
     price.day = SampleDay(*quote);
     return price;
 }

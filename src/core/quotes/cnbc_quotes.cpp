@@ -28,6 +28,8 @@ void AddRow(const nlohmann::json& row, SourceAnswer& answer) {
     quote.volume = NumberAt(row, "volume");
     if (!quote.volume)
         quote.volume = NumberAt(row, "volume_alt");
+    quote.yearHigh = NumberAt(row, "yrhiprice");
+    quote.yearLow = NumberAt(row, "yrloprice");
     quote.time = ReadIsoTime(TextAt(row, "last_time")).value_or(0);
     quote.currency = TextAt(row, "currencyCode");
     quote.delayed = TextAt(row, "realTime") != "true";

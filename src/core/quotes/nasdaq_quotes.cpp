@@ -16,6 +16,16 @@ bool IsTrue(const nlohmann::json& row, const char* key) {
     return member && member->is_boolean() && member->get<bool>();
 }
 
+/// The range of a year: "164.08 - 240.10".
+void ReadYear(std::string_view range, Quote& quote) {
+    constexpr std::string_view kTo = " - ";
+    const auto to = range.find(kTo);
+    if (to == std::string_view::npos)
+        return;
+    quote.yearLow = ReadNumber(range.substr(0, to));
+    quote.yearHigh = ReadNumber(range.substr(to + kTo.size()));
+}
+
 void AddRow(const nlohmann::json& row, SourceAnswer& answer) {
     // The rows of a watchlist hold the price fields themselves, a single answer keeps them apart.
     const nlohmann::json* primary = Member(row, "primaryData");
@@ -32,9 +42,12 @@ void AddRow(const nlohmann::json& row, SourceAnswer& answer) {
     quote.time = ReadUsTime(TextAt(prices, "lastTradeTimestamp")).value_or(0);
     quote.currency = TextAt(prices, "currency");
     quote.delayed = !IsTrue(prices, "isRealTime");
-    if (const nlohmann::json* stats = Member(row, "keyStats"))
+    if (const nlohmann::json* stats = Member(row, "keyStats")) {
         if (const nlohmann::json* previous = Member(*stats, "previousclose"))
             quote.previousClose = NumberAt(*previous, "value");
+        if (const nlohmann::json* year = Member(*stats, "fiftyTwoWeekHighLow"))
+            ReadYear(TextAt(*year, "value"), quote);
+    }
     CompleteChange(quote);
     answer.quotes.push_back(std::move(quote));
 }

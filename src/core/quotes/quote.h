@@ -20,6 +20,8 @@ struct Quote {
     std::optional<double> low;
     std::optional<double> previousClose;
     std::optional<double> volume;
+    std::optional<double> yearHigh; ///< of the last 52 weeks
+    std::optional<double> yearLow;
     std::int64_t time = 0; ///< of the last trade, epoch seconds in UTC; 0 when not said
     std::string currency;
     std::string source;    ///< name of the source, as people know it

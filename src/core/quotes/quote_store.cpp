@@ -27,6 +27,8 @@ constexpr Figure kFigures[] = {
     {"low",      &Quote::low},
     {"previous", &Quote::previousClose},
     {"volume",   &Quote::volume},
+    {"yearHigh", &Quote::yearHigh},
+    {"yearLow",  &Quote::yearLow},
 };
 // clang-format on
 

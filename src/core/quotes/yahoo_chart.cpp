@@ -61,6 +61,8 @@ void AddYahooChartResult(const nlohmann::json& result, PriceSpan span, SourceAns
     quote.high = NumberAt(*meta, "regularMarketDayHigh");
     quote.low = NumberAt(*meta, "regularMarketDayLow");
     quote.volume = NumberAt(*meta, "regularMarketVolume");
+    quote.yearHigh = NumberAt(*meta, "fiftyTwoWeekHigh");
+    quote.yearLow = NumberAt(*meta, "fiftyTwoWeekLow");
     quote.time = SecondsAt(*meta, "regularMarketTime");
     quote.currency = series.currency;
     quote.previousClose = NumberAt(*meta, "previousClose");

@@ -312,6 +312,15 @@ TEST_F(Portal, ThePriceOfATickerIsThatOfItsQuotePage) {
     EXPECT_EQ(price->origin, "Nov 20, SAMPLE DATA");
     ASSERT_GT(price->day.size(), 2u);
     EXPECT_NEAR(price->day.back(), price->last, 1e-9);
+    EXPECT_EQ(price->name, quote.name);
+    EXPECT_EQ(price->source, "SAMPLE DATA");
+    EXPECT_EQ(price->when, "Nov 20");
+    EXPECT_LE(*price->yearLow, *price->dayLow);
+    EXPECT_GE(*price->yearHigh, *price->dayHigh);
+    EXPECT_EQ(price->marketCap, quote.shares * price->last);
+    EXPECT_GT(*price->volume, 0);
+    EXPECT_GT(*price->priceEarnings, 0);
+    EXPECT_FALSE(m_portal.PriceOf("^IXIC", kToday)->marketCap) << "an index has none";
     EXPECT_TRUE(m_portal.PriceOf("^IXIC", kToday));
     EXPECT_FALSE(m_portal.PriceOf("NOSUCH", kToday));
     EXPECT_FALSE(m_portal.PriceOf("", kToday));

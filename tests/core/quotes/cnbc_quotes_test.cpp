@@ -29,6 +29,9 @@ TEST(CnbcQuotes, ReadsABatchWithItsNumbersInWords) {
     EXPECT_EQ(share.high, std::nullopt);
     EXPECT_EQ(share.low, std::nullopt);
     EXPECT_EQ(share.volume, 3412876.0);
+    EXPECT_EQ(share.yearHigh, 542.07);
+    EXPECT_EQ(share.yearLow, 440.1);
+    EXPECT_EQ(index.yearHigh, std::nullopt);
     EXPECT_EQ(share.time, kFridayClose) << "a bare date is that day's close";
     EXPECT_TRUE(share.delayed);
 }

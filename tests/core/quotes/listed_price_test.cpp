@@ -62,5 +62,64 @@ TEST(ListedPrice, SaysTheAgeOfAStalePriceAndNothingOfAnotherDay) {
     EXPECT_EQ(FindListedPrice(web.Schedule(), "MSFT", web.now + 3 * 3600)->age, "3 h");
 }
 
+TEST(ListedPrice, SaysWhereItIsFromAndTheRangesThatAreKnown) {
+    ScheduledWeb web(R"(
+user_agent = "test"
+[sources.a]
+name = "First"
+format = "cnbc"
+request = "https://first.example/q?s={symbols}"
+batch = 20
+[sources.b]
+name = "Second"
+format = "yahoo-spark"
+request = "https://second.example/q?s={symbols}&r={range}&i={interval}"
+batch = 20
+gives = ["year"]
+)");
+    const auto answer = [](const std::string& more) {
+        return SourceResponse{200, "application/json", "",
+                              R"({"FormattedQuoteResult":{"FormattedQuote":[{"symbol":"MSFT",)"
+                              R"("code":0,"name":"Microsoft","last":"10","volume":"1,000",)"
+                              R"("low":"9.5","high":"12","last_time":"2026-11-20")" +
+                                  more + "}]}}"};
+    };
+    web.Set("first.example", answer(R"(,"yrloprice":"5","yrhiprice":"15")"));
+    web.Get({"MSFT"});
+    auto price = FindListedPrice(web.Schedule(), "MSFT", web.now);
+    ASSERT_TRUE(price);
+    EXPECT_EQ(price->name, "Microsoft");
+    EXPECT_EQ(price->source, "First");
+    EXPECT_EQ(price->when, "Nov 20, 2026 4:00 PM ET");
+    EXPECT_EQ(price->time, kFridayClose);
+    EXPECT_EQ(price->volume, 1000);
+    EXPECT_EQ(price->dayLow, 9.5);
+    EXPECT_EQ(price->dayHigh, 12);
+    EXPECT_EQ(price->yearLow, 5);
+    EXPECT_EQ(price->yearHigh, 15);
+    EXPECT_FALSE(price->marketCap || price->priceEarnings || price->yield) << "no source says them";
+
+    ScheduledWeb silent(R"(
+user_agent = "test"
+[sources.a]
+name = "First"
+format = "cnbc"
+request = "https://first.example/q?s={symbols}"
+[sources.b]
+name = "Second"
+format = "yahoo-spark"
+request = "https://second.example/q?s={symbols}&r={range}&i={interval}"
+gives = ["year"]
+)");
+    silent.Set("first.example", answer(""));
+    silent.Get({"MSFT"});
+    EXPECT_FALSE(FindListedPrice(silent.Schedule(), "MSFT", silent.now)->yearLow);
+    silent.Set("second.example", Spark({kFridayClose - 86400, kFridayClose}, {7, 11}));
+    silent.Get({"MSFT"}, PriceSpan::Year);
+    price = FindListedPrice(silent.Schedule(), "MSFT", silent.now);
+    EXPECT_EQ(price->yearLow, 7);
+    EXPECT_EQ(price->yearHigh, 12) << "the day counts too";
+}
+
 } // namespace
 } // namespace tallowmere

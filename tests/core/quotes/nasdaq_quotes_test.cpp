@@ -16,6 +16,8 @@ TEST(NasdaqQuotes, ReadsOneSymbol) {
     EXPECT_EQ(quote.changePercent, 0.65);
     EXPECT_EQ(quote.previousClose, 230.0) << "worked out from the change";
     EXPECT_EQ(quote.volume, 41234567.0);
+    EXPECT_EQ(quote.yearLow, 164.08);
+    EXPECT_EQ(quote.yearHigh, 240.1);
     EXPECT_EQ(quote.time, kFridayClose + 8 * 60);
     EXPECT_FALSE(quote.delayed);
 }
@@ -28,6 +30,7 @@ TEST(NasdaqQuotes, ReadsAWatchlist) {
     EXPECT_EQ(answer.quotes[0].change, -20.06);
     EXPECT_EQ(answer.quotes[1].symbol, "BRK.B");
     EXPECT_EQ(answer.quotes[1].change, 0.0);
+    EXPECT_EQ(answer.quotes[1].yearLow, std::nullopt);
     EXPECT_EQ(answer.quotes[1].changePercent, 0.0);
     EXPECT_EQ(answer.quotes[1].time, kFridayClose);
     EXPECT_TRUE(answer.quotes[1].delayed);

@@ -20,6 +20,8 @@ KeptQuote Kept(const std::string& symbol) {
     kept.quote.change = -0.5;
     kept.quote.changePercent = -0.1;
     kept.quote.volume = 12345678;
+    kept.quote.yearHigh = 542.07;
+    kept.quote.yearLow = 440.1;
     kept.quote.time = kFridayClose;
     kept.quote.currency = "USD";
     kept.quote.source = "CNBC";
@@ -43,6 +45,8 @@ TEST(QuoteStore, GivesBackWhatWasKept) {
     EXPECT_EQ(quote.change, -0.5);
     EXPECT_EQ(quote.changePercent, -0.1);
     EXPECT_EQ(quote.volume, 12345678);
+    EXPECT_EQ(quote.yearHigh, 542.07);
+    EXPECT_EQ(quote.yearLow, 440.1);
     EXPECT_EQ(quote.open, std::nullopt);
     EXPECT_EQ(quote.time, kFridayClose);
     EXPECT_EQ(quote.currency, "USD");

@@ -22,6 +22,8 @@ TEST(YahooChart, ReadsTheQuoteOfADay) {
     EXPECT_EQ(quote.low, 228.4);
     EXPECT_EQ(quote.previousClose, 230.0);
     EXPECT_EQ(quote.volume, 41234567.0);
+    EXPECT_EQ(quote.yearHigh, 240.1);
+    EXPECT_EQ(quote.yearLow, 164.08);
     EXPECT_EQ(quote.time, kFridayClose + 1);
     EXPECT_EQ(quote.currency, "USD");
     EXPECT_TRUE(quote.delayed);
