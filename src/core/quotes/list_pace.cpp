@@ -49,7 +49,8 @@ ListWish ListPace::Next(const SourceSchedule& quotes, const ListInView& list, st
 
 void ListPace::Take(PriceSpan span, const SourceSchedule& quotes, const Symbols& tickers,
                     std::int64_t now, Symbols& wanted) {
-    const std::size_t most = quotes.BatchOf(span);
+    const std::size_t batch = quotes.BatchOf(span);
+    const std::size_t most = batch - std::min(batch, quotes.ListedWaiting(span));
     if (wanted.size() >= most)
         return;
     std::vector<std::pair<std::int64_t, std::string>> due; // with when it was asked for last

@@ -2,7 +2,7 @@
 
 #include "core/quotes/source_schedule.h"
 
-/// What the list of tickers asks the sources for, and when.
+/// What the list of tickers, and what goes with it, asks the sources for, and when.
 namespace tallowmere {
 
 /// The tickers of a list, and others that go with them, in any spelling.
@@ -22,8 +22,9 @@ struct ListWish {
 
 /// Remembers what was asked for: the price of each ticker in sight or watched about once a minute,
 /// its day every half hour, and what room a request has left goes to the tickers out of sight,
-/// those first that have waited longest. What nothing newer can be had of is left out; while the
-/// market is closed the rest is asked for every ten minutes.
+/// those first that have waited longest. No more is wanted while a request's worth waits to be
+/// sent. What nothing newer can be had of is left out; while the market is closed the rest is
+/// asked for every ten minutes.
 class ListPace {
 public:
     /// What to want at `now` (epoch seconds) of a list that somebody sees: a request's worth of

@@ -209,11 +209,27 @@ void SourceSchedule::WithdrawListed() {
             std::erase_if(entry.second, withdraw);
 }
 
+std::optional<std::size_t> SourceSchedule::FirstRowOf(PriceSpan span) const {
+    for (std::size_t i = 0; i < m_rows.size(); ++i)
+        if (m_table.rows[i].enabled && m_table.rows[i].Gives(span))
+            return i;
+    return std::nullopt;
+}
+
 std::size_t SourceSchedule::BatchOf(PriceSpan span) const {
-    for (const SourceRow& row : m_table.rows)
-        if (row.enabled && row.Gives(span))
-            return static_cast<std::size_t>(row.batch);
-    return 0;
+    const auto row = FirstRowOf(span);
+    return row ? static_cast<std::size_t>(m_table.rows[*row].batch) : 0;
+}
+
+std::size_t SourceSchedule::ListedWaiting(PriceSpan span) const {
+    const auto row = FirstRowOf(span);
+    if (!row)
+        return 0;
+    const auto queue = m_rows[*row].queues.find(span);
+    if (queue == m_rows[*row].queues.end())
+        return 0;
+    return static_cast<std::size_t>(std::ranges::count_if(
+        queue->second, [this](const Key& key) { return m_subjects.at(key).listed; }));
 }
 
 SourceRequest SourceSchedule::Send(std::size_t row, std::deque<Key>& queue, std::int64_t now) {

@@ -79,6 +79,9 @@ public:
     /// How many symbols the first source that gives a span takes at once, 0 when none gives it.
     std::size_t BatchOf(PriceSpan span) const;
 
+    /// How many symbols only the list wants that wait for that source.
+    std::size_t ListedWaiting(PriceSpan span) const;
+
     /// The next request to send, none when all is sent, answered or given up. To be asked again
     /// after each answer, and once a second while IsBusy.
     std::optional<SourceRequest> Next(std::int64_t now);
@@ -153,6 +156,7 @@ private:
     };
 
     const Subject* Find(PriceSpan span, std::string_view symbol) const;
+    std::optional<std::size_t> FirstRowOf(PriceSpan span) const;
     void EndOwnRests(Urgency urgency, std::int64_t now);
     void PassOn(const Key& key, std::size_t firstRow, std::int64_t now);
     static bool IsCurrent(const Subject& subject, std::int64_t now);

@@ -83,6 +83,34 @@ TEST_F(ListPaceTest, MoreRowsThanARequestTakesHaveTheirTurn) {
     EXPECT_THAT(Quotes(list), ElementsAre("B", "C", "A"));
 }
 
+TEST_F(ListPaceTest, TheTableSharesTheRequestWithTheList) {
+    const ListInView both{{"A", "B"}, {"F"}, false, {"b", "C", "D"}};
+    EXPECT_THAT(Quotes(both), ElementsAre("A", "B", "C"));
+    web.now += 60;
+    EXPECT_THAT(Quotes(both), ElementsAre("D", "A", "B")) << "who has waited longest comes first";
+    web.now += 60;
+    EXPECT_THAT(Quotes({{}, {}, false, {"C"}}), ElementsAre("C")) << "the list is out of sight";
+    EXPECT_THAT(Days(both), IsEmpty());
+}
+
+TEST_F(ListPaceTest, NoMoreIsWantedThanOneRequestTakes) {
+    web.Schedule().Want(PriceSpan::Quote, {"X"}, web.now, Urgency::Listed);
+    ASSERT_TRUE(web.Schedule().Next(web.now)) << "the request of this minute";
+    const auto want = [&](const ListInView& list) {
+        const auto wanted = Quotes(list);
+        web.Schedule().Want(PriceSpan::Quote, wanted, web.now, Urgency::Listed);
+        return wanted;
+    };
+    EXPECT_THAT(want({{"A", "B"}, {}}), ElementsAre("A", "B"));
+    EXPECT_THAT(want({{"C", "D"}, {"E"}}), ElementsAre("C")) << "two wait to be sent";
+    EXPECT_THAT(want({{"F"}, {}}), IsEmpty());
+    EXPECT_EQ(web.Schedule().ListedWaiting(PriceSpan::Quote), 3u);
+    web.Schedule().Want(PriceSpan::Quote, {"A"}, web.now, Urgency::Asked);
+    EXPECT_EQ(web.Schedule().ListedWaiting(PriceSpan::Quote), 2u) << "somebody waits for it";
+    web.Schedule().WithdrawListed();
+    EXPECT_THAT(want({{"F"}, {}}), ElementsAre("F"));
+}
+
 TEST_F(ListPaceTest, NothingIsWantedAgainBeforeItsMinuteNorTwiceNorWithoutASymbol) {
     const ListInView list{{"A", "a", "", "A"}, {"A"}};
     EXPECT_THAT(Quotes(list), ElementsAre("A"));
