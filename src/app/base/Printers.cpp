@@ -1,15 +1,20 @@
 #include "app/base/Printers.h"
 
+#include "app/base/Prompts.h"
 #include "app/base/QtText.h"
 #include "core/text/files.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 #include <QtPdf/QPdfDocument>
 
 namespace tallowmere {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,6 +38,19 @@ std::unique_ptr<QPrinter> PdfPrinter(const QString& path) {
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setOutputFileName(path);
     return printer;
+}
+
+std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompts& prompts,
+                                       const QString& what, const QString& suggested) {
+    std::unique_ptr<QPrinter> printer = makePrinter();
+    if (printer ||
+        !prompts.Ask(u"No printer is set up. Save the %1 as a PDF document instead?"_s.arg(what),
+                     MessageTitle()))
+        return printer;
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const auto path =
+        prompts.SaveFile(u"Save as PDF"_s, folder.filePath(suggested), u"PDF documents (*.pdf)"_s);
+    return path ? PdfPrinter(*path) : nullptr;
 }
 
 bool PrintPdf(const QByteArray& pdf, QPrinter& printer) {

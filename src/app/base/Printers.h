@@ -8,6 +8,8 @@
 
 namespace tallowmere {
 
+class Prompts;
+
 /// Makes the printer that something goes to; null when there is none.
 using PrinterFactory = std::function<std::unique_ptr<QPrinter>()>;
 
@@ -16,6 +18,11 @@ std::unique_ptr<QPrinter> SystemPrinter();
 
 /// A printer that writes a PDF document into a file.
 std::unique_ptr<QPrinter> PdfPrinter(const QString& path);
+
+/// The printer that something, in words such as "report", goes to: that of the factory. Where it
+/// makes none a PDF document under the suggested name is offered; null when the user wants none.
+std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompts& prompts,
+                                       const QString& what, const QString& suggested);
 
 /// Puts the pages of a PDF document on paper, those that the printer is told to print. A printer
 /// that writes a PDF file gets the document as it is. Gives false when the printer does not take

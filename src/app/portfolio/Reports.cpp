@@ -10,12 +10,10 @@
 #include "core/sites/site_table.h"
 #include "core/text/runtime_error.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
 #include <QScopeGuard>
-#include <QStandardPaths>
 #include <QTextLayout>
 
 namespace tallowmere {
@@ -101,20 +99,10 @@ void Reports::View() {
         "report.html", ReportPage(LoadPortfolios(m_settings), Notes(), m_clock.Today(), m_sites));
 }
 
-std::unique_ptr<QPrinter> Reports::Printer() const {
-    std::unique_ptr<QPrinter> printer = m_makePrinter();
-    if (printer ||
-        !m_prompts.Ask(u"No printer is set up. Save the report as a PDF document instead?"_s,
-                       MessageTitle()))
-        return printer;
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const auto path = m_prompts.SaveFile(
-        u"Save as PDF"_s, folder.filePath(u"Portfolio Report.pdf"_s), u"PDF documents (*.pdf)"_s);
-    return path ? PdfPrinter(*path) : nullptr;
-}
-
 void Reports::Print() {
-    if (const std::unique_ptr<QPrinter> printer = Printer(); printer && !PrintOn(*printer))
+    const auto printer =
+        PrinterOrPdf(m_makePrinter, m_prompts, u"report"_s, u"Portfolio Report.pdf"_s);
+    if (printer && !PrintOn(*printer))
         m_prompts.Message(u"The printer does not take the report."_s, MessageTitle());
 }
 

@@ -33,7 +33,6 @@ public:
 
 private:
     NoteIndex Notes() const;
-    std::unique_ptr<QPrinter> Printer() const;
     bool PrintOn(QPrinter& printer) const;
 
     SettingsStore& m_settings;
