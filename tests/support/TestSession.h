@@ -29,6 +29,7 @@ public:
     ServerLists& Lists() { return *Controllers().links.lists; }
     Portfolios& Ports() { return *Controllers().portfolio.portfolios; }
     QuotePage& Quotes() { return *Controllers().portfolio.quotes; }
+    PortfolioTable& Table() { return *Controllers().portfolio.table; }
     TickerImport& Import() { return *Controllers().portfolio.import; }
     CustomEditor& Editor() { return *Controllers().custom.editor; }
     CustomMenu& SlotMenu() { return *Controllers().custom.menu; }

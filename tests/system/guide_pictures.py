@@ -115,6 +115,7 @@ class Pictures:
         self.panels()
         self.prices()
         self.names()
+        self.table()
         self.tabs()
 
         self.window.find(name="Calendar").click()
@@ -195,6 +196,22 @@ class Pictures:
         driver.press("Down")
         self.take("names", left, top + 20, 300, 200)
         driver.press("Escape", "ctrl+a", "Delete")
+
+    def table(self):
+        """The portfolio as a table, sorted by the change in percent."""
+        self.press("F9")
+        frame = self.program.application.find(name=re.compile("^Portfolio Table"))
+        table = frame.find(name="Tickers", role="table")
+        driver.wait_for(lambda: frame.extents[2] > 50, "the table's size")
+        identity = driver.xdotool("search", "--name", "^Portfolio Table").split()[0]
+        driver.place(identity, 100, 100, 1240, 260)
+        driver.wait_for(lambda: frame.extents[2] == 1240, "the table's new size")
+        for _ in range(2):
+            table.find(role="table column header", name="%").click()
+        driver.move_pointer(5, 5)
+        self.take_widget("table", frame, above=TITLE, around=2)
+        driver.press("ctrl+w")
+        driver.wait_for(lambda: not frame.showing, "the table to close")
 
     def tabs(self):
         left, top, width, _ = self.window.extents

@@ -2,6 +2,7 @@
 
 #include "app/base/QtText.h"
 #include "app/forms/FinderRowPainter.h"
+#include "app/forms/PlaceKeys.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -125,12 +126,6 @@ void frmFinder::Move(int by) {
         return;
     const int row = std::clamp(Row() + by, 0, m_rows.rowCount() - 1);
     lstFound->setCurrentIndex(m_rows.index(row));
-}
-
-PagePlace frmFinder::PlaceOf(Qt::KeyboardModifiers modifiers) {
-    return modifiers & Qt::ControlModifier ? PagePlace::FrontTab
-           : modifiers & Qt::ShiftModifier ? PagePlace::Outside
-                                           : PagePlace::Pane;
 }
 
 bool frmFinder::TakesKey(int key) const {

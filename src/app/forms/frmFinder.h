@@ -53,7 +53,6 @@ private:
     void Tell();
     void Place();
     void LeaveWith(const QWidget* focus);
-    static PagePlace PlaceOf(Qt::KeyboardModifiers modifiers);
 
     FinderRows m_rows;
     QPointer<QWidget> m_before; ///< had the focus

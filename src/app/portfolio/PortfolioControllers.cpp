@@ -9,6 +9,7 @@
 #include "app/portfolio/ListOrder.h"
 #include "app/portfolio/ListQuotes.h"
 #include "app/portfolio/PortfolioCommands.h"
+#include "app/portfolio/PortfolioTable.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/QuoteMenus.h"
 #include "app/portfolio/QuotePage.h"
@@ -34,7 +35,9 @@ PortfolioControllers::PortfolioControllers(frmMain& form, SettingsStore& setting
       listQuotes(new ListQuotes(form, portfolios->List())),
       quotes(new QuotePage(form, settings, sites, *links.panes, transfers)),
       reports(new Reports(form, settings, sites, prompts, clock, programFolder, *links.panes)),
-      import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)) {
+      import(new TickerImport(form, prompts, *portfolios, *links.panes, transfers)),
+      table(new PortfolioTable(form, settings, prompts, clock, programFolder, *portfolios,
+                               *links.dispatch, *links.panel)) {
     new ListOrder(form, *portfolios, *tickers, *links.panes);
     new PortfolioCommands(form, settings, undo, prompts, *portfolios);
     new CsvCommands(form, settings, undo, prompts, programFolder, *portfolios, *links.panes);

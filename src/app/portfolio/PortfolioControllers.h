@@ -9,6 +9,7 @@ namespace tallowmere {
 class Clock;
 class ListColumns;
 class ListQuotes;
+class PortfolioTable;
 class Portfolios;
 class Prompts;
 class QuotePage;
@@ -41,6 +42,7 @@ struct PortfolioControllers {
     QuotePage* quotes;
     Reports* reports;
     TickerImport* import;
+    PortfolioTable* table;
     MakeFinderSources makeFinderSources;
 };
 

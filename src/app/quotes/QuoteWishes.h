@@ -12,7 +12,7 @@ namespace tallowmere {
 class LiveQuotes;
 
 /// Who wants quotes all the time, beside the pages.
-enum class QuoteAsker : std::uint8_t { List, Alerts };
+enum class QuoteAsker : std::uint8_t { List, Table, Alerts };
 
 /// Gathers what the ticker list and others want to know all the time, and has all of it asked for
 /// together about once a minute: however many they are, they cause no more requests than the list

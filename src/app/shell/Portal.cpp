@@ -4,6 +4,7 @@
 #include "app/market/PriceAlerts.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/ListQuotes.h"
+#include "app/portfolio/PortfolioTable.h"
 #include "app/portfolio/TickerCompletion.h"
 #include "app/portfolio/TickerMarks.h"
 #include "app/quotes/CompanyDirectory.h"
@@ -23,12 +24,15 @@ Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& part
         [companies](const std::string& entry) { return companies->Offer(entry); });
     parts.portfolio.marks->SetNames(
         [companies](const std::string& ticker) { return companies->NameOf(ticker); });
+    parts.portfolio.table->ServeNames(
+        [companies](const std::string& ticker) { return companies->NameOf(ticker); });
     if (setup.web == WebMode::Live) {
         ServeLive(setup, web, parts);
     } else if (setup.portal) {
         if (setup.prices) {
             parts.portfolio.listQuotes->Serve(setup.prices, nullptr);
             parts.market.alerts->Serve(setup.prices, nullptr);
+            parts.portfolio.table->Serve(setup.prices, nullptr);
         }
         web.SetPortal([portal = setup.portal, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery) {
@@ -51,6 +55,7 @@ void Portal::ServeLive(const SessionSetup& setup, WebAccess& web, const Subsyste
     const auto read = [live](const std::string& ticker) { return live->PriceOf(ticker); };
     parts.portfolio.listQuotes->Serve(read, m_wishes.get());
     parts.market.alerts->Serve(read, m_wishes.get());
+    parts.portfolio.table->Serve(read, m_wishes.get());
     web.SetLatePortal([live, ticker = parts.market.ticker](
                           const std::string& host, const std::string& pathAndQuery, Asker asker,
                           WebAccess::PortalReply reply) {

@@ -14,6 +14,7 @@
 #include "app/market/PriceAlerts.h"
 #include "app/market/TickerStrip.h"
 #include "app/portfolio/ListQuotes.h"
+#include "app/portfolio/PortfolioTable.h"
 #include "app/portfolio/Portfolios.h"
 #include "app/portfolio/TickerMarks.h"
 #include "app/shell/Finder.h"
@@ -58,6 +59,7 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
                      [&web](PageScheme pages) { web.SetScheme(pages); });
     QObject::connect(custom.multiLinks, &MultiLinks::ColorsLost, tools.colors, &ColorConfig::Apply);
     QObject::connect(undo, &UndoCommands::Changed, portfolio.marks, &TickerMarks::Refresh);
+    QObject::connect(undo, &UndoCommands::Changed, portfolio.table, &PortfolioTable::ReloadSoon);
     QObject::connect(undo, &UndoCommands::AboutToUndo, portfolio.portfolios,
                      &Portfolios::SaveUnwritten);
     QObject::connect(undo, &UndoCommands::Changed, backup.copies, &DatedCopies::NoteChange);
@@ -65,6 +67,8 @@ Subsystems::Subsystems(const SessionSetup& setup, frmMain& form, SettingsStore& 
     QObject::connect(backup.backups, &Backups::AboutToRead, portfolio.portfolios,
                      &Portfolios::SaveUnwritten);
     QObject::connect(backup.backups, &Backups::Restored, portfolio.portfolios, &Portfolios::Reload);
+    QObject::connect(backup.backups, &Backups::Restored, portfolio.table,
+                     &PortfolioTable::ReloadSoon);
     QObject::connect(backup.backups, &Backups::Restored, tools.colors, [this, &form, &settings] {
         ForgetCustomLinks(form);
         tools.colors->Apply();

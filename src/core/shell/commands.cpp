@@ -101,6 +101,7 @@ constexpr CommandRow kCommands[] = {
     {"foldLeft",          "&Left Panel",               View,      1, Checkable, kMain,    kNoLink, "F7",                   "fold the left panel"},
     {"foldRight",         "&Right Panel",              View,      1, Checkable, kMain,    kNoLink, "F8",                   "fold the right panel"},
     {"fullScreen",        "&Full Screen",              View,      1, Plain,     kMain,    kNoLink, "F11",                  "show the page alone on the whole screen, or all again"},
+    {"portfolioTable",    "T&able...",                 View,      1, Plain,     kMain,    kNoLink, "F9",                   "show the portfolio as a table"},
     {"textSize",          "&Text Size",                View,      2, Submenu,   kMain,    kNoLink, "",                     ""},
     {"quotesInList",      "&Quotes in the List",       View,      2, Submenu,   kMain,    kNoLink, "",                     ""},
     {"textSizeSmall",     "&Small",                    TextSize,  1, Checkable, kMain,    kNoLink, "",                     "smaller texts"},
@@ -132,6 +133,10 @@ constexpr CommandRow kCommands[] = {
     {"tellChanges",       "Tell of &Changes",          None,      1, Checkable, kWatchWindow, kNoLink, "Ctrl+T",           "tell when the watched page changed, or not"},
     {"markedPart",        "Only the &Marked Part",     None,      1, Checkable, kWatchWindow, kNoLink, "Ctrl+M",           "watch only what is marked in the page, or all"},
     {"showChange",        "&Show What Changed...",     None,      1, Plain,     kWatchWindow, kNoLink, "Ctrl+D",           "show what changed in the watched page"},
+    {"filterTable",       "&Filter",                   None,      2, Plain,     kTableWindow, kNoLink, "Ctrl+F",           "filter the portfolio table"},
+    {"sortTable",         "Sort &Again",               None,      2, Plain,     kTableWindow, kNoLink, "F5",               "sort the portfolio table again, by the prices of now"},
+    {"copyTable",         "Copy CS&V",                 None,      2, Plain,     kTableWindow, kNoLink, "Ctrl+Shift+C",     "copy rows of the portfolio table as CSV"},
+    {"printTable",        "&Print...",                 None,      2, Plain,     kTableWindow, kNoLink, "Ctrl+P",           "print the portfolio table"},
 };
 // clang-format on
 

@@ -44,6 +44,7 @@ using CommandPlaces = unsigned;
 inline constexpr CommandPlaces kMainWindow = 1;
 inline constexpr CommandPlaces kWatchWindow = 2;
 inline constexpr CommandPlaces kDialogs = 4;
+inline constexpr CommandPlaces kTableWindow = 8;
 
 inline constexpr int kNotALink = -1;
 
