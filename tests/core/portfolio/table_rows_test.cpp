@@ -114,8 +114,9 @@ TEST(TableRows, ThePlaceOfThePriceInItsRange) {
         row.price->dayHigh = c.high;
         const auto range = CellRange(row, DayRange);
         ASSERT_EQ(range.has_value(), c.position.has_value()) << c.last;
-        if (range)
+        if (range) {
             EXPECT_DOUBLE_EQ(range->position, *c.position) << c.last;
+        }
     }
     EXPECT_EQ(CellRange(Row("X", 400), YearRange)->position, 0.5);
     EXPECT_FALSE(CellRange(Row("X", 400), Last));
