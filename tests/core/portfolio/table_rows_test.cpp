@@ -26,7 +26,7 @@ TableRow Row(const std::string& ticker, double last) {
     price.dayHigh = 440;
     price.yearLow = 300;
     price.yearHigh = 500;
-    price.marketCap = 3.125e12;
+    price.marketCap = 3.128e12;
     price.priceEarnings = 34.56;
     price.yield = 0.7;
     price.source = "CNBC";
