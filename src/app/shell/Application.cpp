@@ -3,9 +3,11 @@
 #include "app/base/AccessibleRoles.h"
 #include "app/base/PlainLabels.h"
 #include "app/base/Prompts.h"
+#include "app/forms/HintColor.h"
 #include "core/text/runtime_error.h"
 
 #include <QIcon>
+#include <QPalette>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -42,12 +44,29 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
     installEventFilter(new PlainLabels(this));
     ShowContainersAsGroups();
+    MendHints();
     QuitOnTermination();
     // From the first wait for events on: until then the start is busy.
     QTimer::singleShot(0, this,
                        [this] { QTimer::singleShot(kIconDelay, this, &Application::LoadIcon); });
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::EndNow,
             Qt::DirectConnection);
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        MendHints();
+    return QApplication::event(event);
+}
+
+void Application::MendHints() {
+    const auto hint = LegibleHint(palette());
+    // To set it tells of another palette again.
+    if (!hint || *hint == palette().color(QPalette::PlaceholderText))
+        return;
+    QPalette mended;
+    mended.setColor(QPalette::PlaceholderText, *hint);
+    setPalette(mended);
 }
 
 // The first one to be loaded has the toolkit look for all that it can read pictures with.

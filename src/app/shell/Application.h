@@ -21,7 +21,11 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
+    static void MendHints();
     void LoadIcon();
     void Report(const QString& text);
     void QuitOnTermination();

@@ -24,6 +24,8 @@ Portal::Portal(const SessionSetup& setup, WebAccess& web, const Subsystems& part
         [companies](const std::string& entry) { return companies->Offer(entry); });
     parts.portfolio.marks->SetNames(
         [companies](const std::string& ticker) { return companies->NameOf(ticker); });
+    QObject::connect(companies, &CompanyDirectory::Changed, parts.portfolio.table,
+                     &PortfolioTable::ReloadSoon);
     parts.portfolio.table->ServeNames(
         [companies](const std::string& ticker) { return companies->NameOf(ticker); });
     if (setup.web == WebMode::Live) {
