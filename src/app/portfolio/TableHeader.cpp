@@ -56,6 +56,8 @@ TableHeader::TableHeader(frmTable& window, SettingsStore& settings)
         ShowSort();
         m_soon.start();
     });
+    // A click that follows another one at once is one more click.
+    connect(&m_header, &QHeaderView::sectionDoubleClicked, this, &TableHeader::ClickAgain);
     connect(&window, &QDialog::finished, this, [this] {
         if (m_soon.isActive())
             Save();
@@ -122,6 +124,14 @@ void TableHeader::SortBy(TableColumn column) {
     m_header.setSortIndicator(static_cast<int>(column),
                               isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
     ShowSort();
+}
+
+void TableHeader::ClickAgain(int section) {
+    const auto now = Sorting();
+    if (now && now->isDescending && static_cast<int>(now->column) == section)
+        m_header.setSortIndicator(-1, Qt::AscendingOrder);
+    else
+        SortBy(ColumnAt(section));
 }
 
 void TableHeader::ShowSort() {

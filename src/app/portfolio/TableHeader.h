@@ -38,6 +38,7 @@ private:
     void Apply();
     void MakeMenus();
     void SortBy(TableColumn column);
+    void ClickAgain(int section);
     void ShowSort();
     void Switch(TableColumn column, bool isShown);
     void Save();

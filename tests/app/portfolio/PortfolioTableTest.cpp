@@ -189,6 +189,24 @@ private Q_SLOTS:
         QCOMPARE(user.Shown(), u"MSFT AOL IBM NONE"_s);
     }
 
+    void TwoQuickClicksOnAHeadingAreTwoClicks() {
+        User user;
+        user.Open();
+        QWidget* headings = user.Header().viewport();
+        const QPointF place(user.Header().sectionViewportPosition(static_cast<int>(Last)) + 10.0,
+                            user.Header().height() / 2.0);
+        const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+            QMouseEvent event(type, place, headings->mapToGlobal(place), Qt::LeftButton, buttons,
+                              Qt::NoModifier);
+            QApplication::sendEvent(headings, &event);
+        };
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+            send(type, Qt::LeftButton);
+            send(QEvent::MouseButtonRelease, Qt::NoButton);
+        }
+        QCOMPARE(user.Shown(), u"MSFT IBM AOL NONE"_s);
+    }
+
     void PricesThatChangeLeaveTheRowsWhereTheyAreUntilTheyAreSortedAgain() {
         User user;
         user.Open();
