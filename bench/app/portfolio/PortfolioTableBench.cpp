@@ -1,16 +1,13 @@
 // The table of 10,000 tickers: filled, sorted by a price and by a name, filtered, scrolled by a
 // page and painted, each beside the time of one frame.
 #include "app/BenchSession.h"
+#include "app/MeasureFrames.h"
 #include "app/forms/frmTable.h"
 #include "app/portfolio/PortfolioTable.h"
 #include "app/portfolio/PortfolioTableModel.h"
 #include "app/shell/Application.h"
 
-#include <QElapsedTimer>
 #include <QScrollBar>
-
-#include <algorithm>
-#include <cstdio>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -19,23 +16,6 @@ namespace {
 
 constexpr int kTickers = 10000;
 constexpr int kRuns = 15;
-constexpr double kFrameMilliseconds = 16;
-
-/// Prints the median time of a step.
-template <typename Step>
-void Measure(const char* name, Step step) {
-    std::vector<double> times;
-    for (int run = 0; run < kRuns; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        step(run);
-        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    std::sort(times.begin(), times.end());
-    const double ours = times[kRuns / 2];
-    std::printf("table of %d tickers, %s: %.2f ms, %.2f of a frame of %.0f ms\n", kTickers, name,
-                ours, ours / kFrameMilliseconds, kFrameMilliseconds);
-}
 
 std::optional<ListedPrice> PriceOf(const std::string& ticker) {
     const double number = std::stod(ticker.substr(1));
@@ -81,18 +61,20 @@ int main(int argc, char** argv) {
                           run % 2 == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
         paint();
     };
-    Measure("filled", [&](int run) {
+    MeasureFrames("table of 10,000 tickers, filled", kRuns, [&](int run) {
         table.Window()->cmbScope->setCurrentIndex(run % 2 == 0 ? 1 : 0);
         paint();
     });
-    Measure("sorted by price", [&](int run) { sort(TableColumn::Last, run); });
-    Measure("sorted by name", [&](int run) { sort(TableColumn::Name, run); });
-    Measure("filtered", [&](int run) {
+    MeasureFrames("table of 10,000 tickers, sorted by price", kRuns,
+                  [&](int run) { sort(TableColumn::Last, run); });
+    MeasureFrames("table of 10,000 tickers, sorted by name", kRuns,
+                  [&](int run) { sort(TableColumn::Name, run); });
+    MeasureFrames("table of 10,000 tickers, filtered", kRuns, [&](int run) {
         model.SetFilter(run % 2 == 0 ? u"company 77"_s : QString());
         paint();
     });
     model.SetFilter({});
-    Measure("scrolled by a page", [&](int run) {
+    MeasureFrames("table of 10,000 tickers, scrolled by a page", kRuns, [&](int run) {
         QScrollBar& bar = *view.verticalScrollBar();
         bar.setValue(run * bar.pageStep());
         view.viewport()->repaint();

@@ -10,6 +10,7 @@
 #include "support/WebTest.h"
 
 #include <QSignalSpy>
+#include <QTimeZone>
 
 using namespace tallowmere;
 using namespace Qt::StringLiterals;
@@ -74,7 +75,7 @@ public:
         Store("First", "OK");
         Store("Stocks1", "MSFT|");
         TestSession::sources = sources.Table();
-        clock.now = QDateTime(QDate(2026, 11, 20), QTime(17, 0), Qt::UTC);
+        clock.now = QDateTime(QDate(2026, 11, 20), QTime(17, 0), QTimeZone::utc());
         Serve(100, "2026-11-20T12:00:00-0500");
     }
     void Serve(double price, const char* time) {
