@@ -103,7 +103,7 @@ class PortfolioTable(driver.SystemTest):
         driver.wait_for(lambda: (self.program.windows() or set()) - before, "the menu")
         driver.press("Up", "Return")
 
-    def test_the_rows_are_asked_for_once_and_after_the_table_is_closed_no_more(self):
+    def test_the_rows_are_asked_for_in_one_request(self):
         moment = time.strftime("%Y-%m-%dT%H:%M:%S+0000", time.gmtime(time.time() - 60))
 
         def cnbc(path):
