@@ -53,6 +53,12 @@ std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompt
     return path ? PdfPrinter(*path) : nullptr;
 }
 
+bool BeginPaper(QPrinter& printer, QPainter& painter, const QString& title, qreal margin) {
+    printer.setDocName(title);
+    printer.setPageMargins({margin, margin, margin, margin}, QPageLayout::Millimeter);
+    return painter.begin(&printer);
+}
+
 bool PrintPdf(const QByteArray& pdf, QPrinter& printer) {
     QBuffer buffer;
     buffer.setData(pdf);

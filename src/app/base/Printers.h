@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 
+class QPainter;
+
 namespace tallowmere {
 
 class Prompts;
@@ -23,6 +25,10 @@ std::unique_ptr<QPrinter> PdfPrinter(const QString& path);
 /// makes none a PDF document under the suggested name is offered; null when the user wants none.
 std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompts& prompts,
                                        const QString& what, const QString& suggested);
+
+/// Begins to paint on a printer under a title, with margins of so many millimetres all around;
+/// false when the printer does not take it.
+bool BeginPaper(QPrinter& printer, QPainter& painter, const QString& title, qreal margin);
 
 /// Puts the pages of a PDF document on paper, those that the printer is told to print. A printer
 /// that writes a PDF file gets the document as it is. Gives false when the printer does not take

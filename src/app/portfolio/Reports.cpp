@@ -109,12 +109,8 @@ void Reports::Print() {
 bool Reports::PrintOn(QPrinter& printer) const {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    printer.setDocName(u"Quorvane Portfolio Report"_s);
-    printer.setPageMargins(
-        {kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres},
-        QPageLayout::Millimeter);
     QPainter painter;
-    if (!painter.begin(&printer))
+    if (!BeginPaper(printer, painter, u"Quorvane Portfolio Report"_s, kMarginMillimetres))
         return false;
     Paper paper(printer, painter);
     for (const PrintedLine& line :

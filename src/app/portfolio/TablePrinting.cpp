@@ -1,5 +1,7 @@
 #include "app/portfolio/TablePrinting.h"
 
+#include "app/base/Printers.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPrinter>
@@ -116,13 +118,9 @@ private:
 } // namespace
 
 bool PrintTable(const PrintedTable& table, QPrinter& printer) {
-    printer.setDocName(table.title);
     printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setPageMargins(
-        {kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres},
-        QPageLayout::Millimeter);
     QPainter painter;
-    if (!painter.begin(&printer))
+    if (!BeginPaper(printer, painter, table.title, kMarginMillimetres))
         return false;
     const bool isPrinted = Sheets(table, printer, painter).Print();
     return painter.end() && isPrinted && printer.printerState() != QPrinter::Error;
