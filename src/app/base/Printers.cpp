@@ -7,10 +7,13 @@
 #include <QBuffer>
 #include <QDir>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
 #include <QtPdf/QPdfDocument>
+
+#include <optional>
 
 namespace tallowmere {
 
@@ -20,6 +23,42 @@ namespace {
 
 // Sharper than what most printers show; a page of it takes some tens of megabytes.
 constexpr int kDotsPerInch = 300;
+
+bool IsPdfFile(const QPrinter& printer) {
+    return printer.outputFormat() == QPrinter::PdfFormat;
+}
+
+void WritePdf(const QPrinter& printer, const QByteArray& pdf) {
+    WriteWholeFile(ToPath(printer.outputFileName()), pdf.toStdString());
+}
+
+bool Paint(QPagedPaintDevice& device, const PaintPages& paint) {
+    QPainter painter;
+    return painter.begin(&device) && paint(device, painter) && painter.end();
+}
+
+/// The file that a printer would write; none when it takes no further page.
+std::optional<QByteArray> PaintedPdf(const QPrinter& printer, const PaintPages& paint) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(printer.docName());
+    writer.setResolution(printer.resolution());
+    writer.setPageLayout(printer.pageLayout());
+    if (!Paint(writer, paint))
+        return {};
+    return buffer.data();
+}
+
+bool PaintOn(QPrinter& printer, const PaintPages& paint) {
+    if (!IsPdfFile(printer))
+        return Paint(printer, paint) && printer.printerState() != QPrinter::Error;
+    // Left to itself the printer would leave half a file on a full disk, and say nothing.
+    const std::optional<QByteArray> pdf = PaintedPdf(printer, paint);
+    if (pdf)
+        WritePdf(printer, *pdf);
+    return pdf.has_value();
+}
 
 } // namespace
 
@@ -53,10 +92,14 @@ std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompt
     return path ? PdfPrinter(*path) : nullptr;
 }
 
-bool BeginPaper(QPrinter& printer, QPainter& painter, const QString& title, qreal margin) {
+bool PaintPaper(QPrinter& printer, const QString& title, qreal margin, const PaintPages& paint) {
     printer.setDocName(title);
     printer.setPageMargins({margin, margin, margin, margin}, QPageLayout::Millimeter);
-    return painter.begin(&printer);
+    return PaintOn(printer, paint);
+}
+
+QSizeF PaperSize(const QPagedPaintDevice& device) {
+    return device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
 }
 
 bool PrintPdf(const QByteArray& pdf, QPrinter& printer) {
@@ -71,24 +114,22 @@ bool PrintPdf(const QByteArray& pdf, QPrinter& printer) {
     const int first = isRange ? std::max(1, printer.fromPage()) : 1;
     const int last =
         isRange ? std::min(document.pageCount(), printer.toPage()) : document.pageCount();
-    if (printer.outputFormat() == QPrinter::PdfFormat && !isRange) {
-        WriteWholeFile(ToPath(printer.outputFileName()), pdf.toStdString());
+    if (IsPdfFile(printer) && !isRange) {
+        WritePdf(printer, pdf);
         return true;
     }
     printer.setFullPage(true);
     printer.setResolution(kDotsPerInch);
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return false;
-    for (int page = first; page <= last; ++page) {
-        if (page > first && !printer.newPage())
-            return false;
-        const QRect sheet = printer.paperRect(QPrinter::DevicePixel).toRect();
-        const QSizeF size =
-            document.pagePointSize(page - 1).scaled(sheet.size(), Qt::KeepAspectRatio);
-        painter.drawImage(QPoint(0, 0), document.render(page - 1, size.toSize()));
-    }
-    return painter.end() && printer.printerState() != QPrinter::Error;
+    return PaintOn(printer, [&](QPagedPaintDevice& device, QPainter& painter) {
+        const QSize sheet = device.pageLayout().fullRectPixels(device.logicalDpiX()).size();
+        for (int page = first; page <= last; ++page) {
+            if (page > first && !device.newPage())
+                return false;
+            const QSizeF size = document.pagePointSize(page - 1).scaled(sheet, Qt::KeepAspectRatio);
+            painter.drawImage(QPoint(0, 0), document.render(page - 1, size.toSize()));
+        }
+        return true;
+    });
 }
 
 } // namespace tallowmere

@@ -26,9 +26,16 @@ std::unique_ptr<QPrinter> PdfPrinter(const QString& path);
 std::unique_ptr<QPrinter> PrinterOrPdf(const PrinterFactory& makePrinter, Prompts& prompts,
                                        const QString& what, const QString& suggested);
 
-/// Begins to paint on a printer under a title, with margins of so many millimetres all around;
-/// false when the printer does not take it.
-bool BeginPaper(QPrinter& printer, QPainter& painter, const QString& title, qreal margin);
+/// Paints on a page after the other of what it is given; false when that takes no further page.
+using PaintPages = std::function<bool(QPagedPaintDevice& device, QPainter& painter)>;
+
+/// Paints on a printer under a title, with margins of so many millimetres all around. A PDF file is
+/// written whole or not at all. False when the printer does not take it; throws RuntimeError when
+/// the file cannot be written.
+bool PaintPaper(QPrinter& printer, const QString& title, qreal margin, const PaintPages& paint);
+
+/// The part of a page between its margins, in pixels of the device.
+QSizeF PaperSize(const QPagedPaintDevice& device);
 
 /// Puts the pages of a PDF document on paper, those that the printer is told to print. A printer
 /// that writes a PDF file gets the document as it is. Gives false when the printer does not take

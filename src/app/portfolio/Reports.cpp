@@ -16,6 +16,8 @@
 #include <QScopeGuard>
 #include <QTextLayout>
 
+#include <algorithm>
+
 namespace tallowmere {
 
 using namespace Qt::StringLiterals;
@@ -39,12 +41,12 @@ QFont PrinterFont(const PrintedLine& line) {
 /// next line, what is too long for its height on the next page.
 class Paper {
 public:
-    Paper(QPrinter& printer, QPainter& painter)
-        : m_printer(printer), m_painter(painter),
-          m_size(printer.pageRect(QPrinter::DevicePixel).size()) {}
+    Paper(QPagedPaintDevice& device, QPainter& painter)
+        : m_device(device), m_painter(painter), m_size(PaperSize(device)) {}
 
-    void Add(const PrintedLine& line) {
-        QTextLayout layout(ToQt(line.text), PrinterFont(line), &m_printer);
+    /// False when there is no further page.
+    bool Add(const PrintedLine& line) {
+        QTextLayout layout(ToQt(line.text), PrinterFont(line), &m_device);
         layout.setTextOption(WrapOption());
         layout.beginLayout();
         for (QTextLine row = layout.createLine(); row.isValid(); row = layout.createLine())
@@ -53,12 +55,14 @@ public:
         for (int i = 0; i < layout.lineCount(); ++i) {
             const QTextLine row = layout.lineAt(i);
             if (m_y + row.height() > m_size.height()) {
-                m_printer.newPage();
+                if (!m_device.newPage())
+                    return false;
                 m_y = 0;
             }
             row.draw(&m_painter, {0, m_y});
             m_y += row.height();
         }
+        return true;
     }
 
 private:
@@ -68,7 +72,7 @@ private:
         return option;
     }
 
-    QPrinter& m_printer;
+    QPagedPaintDevice& m_device;
     QPainter& m_painter;
     QSizeF m_size;
     qreal m_y = 0;
@@ -109,15 +113,14 @@ void Reports::Print() {
 bool Reports::PrintOn(QPrinter& printer) const {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointer = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    QPainter painter;
-    if (!BeginPaper(printer, painter, u"Quorvane Portfolio Report"_s, kMarginMillimetres))
-        return false;
-    Paper paper(printer, painter);
-    for (const PrintedLine& line :
-         PrintedReport(LoadPortfolios(m_settings), Notes(), m_clock.Today()))
-        paper.Add(line);
-    painter.end();
-    return printer.printerState() != QPrinter::Error;
+    const std::vector<PrintedLine> lines =
+        PrintedReport(LoadPortfolios(m_settings), Notes(), m_clock.Today());
+    return PaintPaper(printer, u"Quorvane Portfolio Report"_s, kMarginMillimetres,
+                      [&lines](QPagedPaintDevice& device, QPainter& painter) {
+                          Paper paper(device, painter);
+                          return std::ranges::all_of(
+                              lines, [&](const PrintedLine& line) { return paper.Add(line); });
+                      });
 }
 
 } // namespace tallowmere

@@ -25,9 +25,9 @@ constexpr qreal kRowHeight = 1.3; // of the height of a line
 /// A table on the pages of a printer.
 class Sheets {
 public:
-    Sheets(const PrintedTable& table, QPrinter& printer, QPainter& painter)
-        : m_table(table), m_printer(printer), m_painter(painter),
-          m_size(printer.pageRect(QPrinter::DevicePixel).size()), m_plain(painter.font()) {
+    Sheets(const PrintedTable& table, QPagedPaintDevice& device, QPainter& painter)
+        : m_table(table), m_device(device), m_painter(painter), m_size(PaperSize(device)),
+          m_plain(painter.font()) {
         m_plain.setPointSizeF(kPoints);
         const qreal wanted = Measure();
         if (wanted > m_size.width()) {
@@ -37,7 +37,7 @@ public:
         }
         m_bold = m_plain;
         m_bold.setBold(true);
-        m_rowHeight = kRowHeight * QFontMetricsF(m_plain, &printer).height();
+        m_rowHeight = kRowHeight * QFontMetricsF(m_plain, &device).height();
         // The headings, a line below them, and the foot.
         m_perPage = std::max<qsizetype>(
             1, static_cast<qsizetype>((m_size.height() - 3 * m_rowHeight) / m_rowHeight));
@@ -47,7 +47,7 @@ public:
         const qsizetype pages =
             std::max<qsizetype>(1, (m_table.rows.size() + m_perPage - 1) / m_perPage);
         for (qsizetype page = 0; page < pages; ++page) {
-            if (page > 0 && !m_printer.newPage())
+            if (page > 0 && !m_device.newPage())
                 return false;
             Page(page, pages);
         }
@@ -57,7 +57,7 @@ public:
 private:
     /// Gives each column the width of its widest text, up to a bound; their sum.
     qreal Measure() {
-        const QFontMetricsF metrics(m_plain, &m_printer);
+        const QFontMetricsF metrics(m_plain, &m_device);
         const qreal character = metrics.averageCharWidth();
         m_gap = kGap * character;
         qreal sum = 0;
@@ -91,7 +91,7 @@ private:
     }
 
     void Row(const QStringList& cells, qreal top, const QFont& font) {
-        const QFontMetricsF metrics(font, &m_printer);
+        const QFontMetricsF metrics(font, &m_device);
         m_painter.setFont(font);
         qreal left = 0;
         for (qsizetype at = 0; at < m_table.columns.size(); ++at) {
@@ -106,7 +106,7 @@ private:
     }
 
     const PrintedTable& m_table;
-    QPrinter& m_printer;
+    QPagedPaintDevice& m_device;
     QPainter& m_painter;
     QSizeF m_size;
     QFont m_plain, m_bold;
@@ -119,11 +119,10 @@ private:
 
 bool PrintTable(const PrintedTable& table, QPrinter& printer) {
     printer.setPageOrientation(QPageLayout::Landscape);
-    QPainter painter;
-    if (!BeginPaper(printer, painter, table.title, kMarginMillimetres))
-        return false;
-    const bool isPrinted = Sheets(table, printer, painter).Print();
-    return painter.end() && isPrinted && printer.printerState() != QPrinter::Error;
+    return PaintPaper(printer, table.title, kMarginMillimetres,
+                      [&table](QPagedPaintDevice& device, QPainter& painter) {
+                          return Sheets(table, device, painter).Print();
+                      });
 }
 
 } // namespace tallowmere

@@ -20,7 +20,7 @@ struct PrintedTable {
 
 /// Puts a table on paper, across, with its headings on each page and its title, page and count of
 /// pages below. What is too wide for its column ends with dots. False when the printer does not
-/// take it.
+/// take it; throws RuntimeError when it writes a file and cannot.
 bool PrintTable(const PrintedTable& table, QPrinter& printer);
 
 } // namespace tallowmere

@@ -5,8 +5,11 @@
 #include "app/portfolio/PortfolioTableModel.h"
 #include "app/portfolio/Portfolios.h"
 #include "core/portfolio/keyed_store.h"
+#include "core/text/files.h"
+#include "core/text/runtime_error.h"
 #include "core/tools/reminders.h"
 #include "support/Await.h"
+#include "support/FullDisk.h"
 #include "support/Navigations.h"
 #include "support/PdfReader.h"
 #include "support/StandIns.h"
@@ -357,6 +360,13 @@ private Q_SLOTS:
             QVERIFY2(text.contains(QString::fromLatin1(word)), word);
         QVERIFY(text.indexOf(u"AOL"_s) < text.indexOf(u"MSFT"_s));
         QCOMPARE(user.Window().lblState->text(), u"Saved "_s + file);
+
+        const std::string before = ReadExistingFile(ToPath(file));
+        user.prompts.answers << true;
+        user.prompts.files << file;
+        const FullDisk disk(1000);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, user.Window().cmdPrint->click());
+        QCOMPARE(ReadExistingFile(ToPath(file)), before);
     }
 
     void TheTableFollowsTheStores() {

@@ -222,12 +222,20 @@ private Q_SLOTS:
         QCOMPARE(session.Printed().first(), u"Quorvane Portfolio Report"_s);
     }
 
-    void APrinterThatRefusesIsToldOf() {
+    void OnAFullDiskTheDocumentBeforeStaysAndTheUserIsTold() {
         Report session;
-        session.PrintTo(PathToQt(session.Folder() / "missing" / "printed.pdf"));
-        session.Run("mnuPrintPort");
-        QCOMPARE(session.prompts.messages,
-                 QStringList{u"Quorvane: The printer does not take the report."_s});
+        WriteWholeFile(session.Folder() / "printed.pdf", "of yesterday");
+        auto& application = static_cast<Application&>(*qApp);
+        application.SetPrompts(&session.prompts);
+        QTimer::singleShot(0, session.Form().menus->mnuPrintPort, [&] {
+            const FullDisk disk(1000);
+            session.Run("mnuPrintPort");
+        });
+        QTRY_COMPARE(session.prompts.messages.size(), 1);
+        application.SetPrompts(nullptr);
+        QVERIFY2(session.prompts.messages[0].contains(u"printed.pdf"_s),
+                 qPrintable(session.prompts.messages[0]));
+        QCOMPARE(ReadExistingFile(session.Folder() / "printed.pdf"), "of yesterday");
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
     }
 };
