@@ -7,7 +7,9 @@
 
 #include "core/backup/restore.h"
 #include "core/custom/custom_link.h"
+#include "core/market/alert_store.h"
 #include "core/portfolio/keyed_store.h"
+#include "core/quotes/company_list.h"
 #include "core/quotes/quote_store.h"
 #include "core/shell/navigate_list.h"
 #include "core/shell/settings_store.h"
@@ -97,6 +99,24 @@ std::string Quotes(double last) {
     return WriteQuotes({{quote, 1795208400}});
 }
 
+PriceAlert Alert(std::int64_t id) {
+    return {id, AlertKind::Above, 450, "MSFT"};
+}
+
+std::string Alerts(std::int64_t count) {
+    AlertList list;
+    for (std::int64_t id = 1; id <= count; ++id)
+        list.alerts.push_back(Alert(id));
+    return WriteAlerts(list);
+}
+
+std::string AlertLog(std::int64_t count) {
+    std::vector<FiredAlert> log;
+    for (std::int64_t id = 1; id <= count; ++id)
+        log.push_back({Alert(id), 1795208400 + id, 451.2, {}, 1795208400, "12:00 ET"});
+    return WriteAlertLog(log, {});
+}
+
 std::vector<Step> Session() {
     const CustomLinkRecord link{"http://a.example/UCASETICK", "Mine", {0xFF, 0xFF00}};
     return {
@@ -138,6 +158,12 @@ std::vector<Step> Session() {
         {"its page again", Whole("multiweb.html", std::string(100, 'h'))},
         {"quotes", Whole("quotes.json", Quotes(231.5))},
         {"newer quotes", Whole("quotes.json", Quotes(232.5))},
+        {"an alert", Whole("alerts.txt", Alerts(1))},
+        {"further alerts", Whole("alerts.txt", Alerts(300))},
+        {"an alert that fired", Whole("alert-log.txt", AlertLog(1))},
+        {"more that fired", Whole("alert-log.txt", AlertLog(300))},
+        {"names of companies",
+         Whole("companies.json", WriteKeptCompanies({1, 2, {{"MSFT", "MICROSOFT CORP"}}}))},
         {"a site", [](const Path& folder) { EditSites(folder, true); }},
         {"a site away", [](const Path& folder) { EditSites(folder, false); }},
         {"a restore", Restored({{"settings.ini", "[Settings]\nStocks1=IBM|\n"},

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Kills the program over and over while somebody types tickers and notes, moves tickers to other
-portfolios, records multi-links and sets colours: what was once on disk stays there, no file is ever
-torn, and the next start always works. Several programs are at it side by side, each on a display
-and a profile of its own.
+portfolios, sets alerts, records multi-links and sets colours: what was once on disk stays there, no
+file is ever torn, and the next start always works. Several programs are at it side by side, each on
+a display and a profile of its own.
 
 crash.py [--kills N] [--seed S] [--side-by-side W] PROGRAM
 """
@@ -24,6 +24,7 @@ from pathlib import Path
 import driver
 
 NOTES = re.compile(rb"(?:\|\|[A-Z0-9]+\|\|note \d{6}\|\|\|\|\|\r\n|\r\n)*")
+ALERT = r"\d+ above (\d{6}) KT\d{6}\n"
 PAGE_HEAD = b"<html><head><title></title></head><body"
 PAGE_TAIL = b"</body></html>"
 LONGEST_LIFE = 3.0  # seconds from the window to the kill
@@ -58,8 +59,9 @@ class Watched:
         self.folder = folder
         self.settings = folder / "settings.ini"
         self.notes = folder / "TickNotes.txt"
+        self.alerts = folder / "alerts.txt"
         self.settings.write_text(settings_at_first())
-        self.tickers, self.pages = set(), set()
+        self.tickers, self.pages, self.limits = set(), set(), set()
         self.note = self.moves = self.colors = 0
         self.places = {}
 
@@ -77,11 +79,19 @@ class Watched:
         return {slot: (values.get(f"CustomF{slot}"), values.get(f"CustomB{slot}"))
                 for slot in SLOTS}
 
+    def _alerts_on_disk(self):
+        return self.alerts.read_text() if self.alerts.exists() else ""
+
+    def limits_on_disk(self):
+        """The limits of the alerts, each of which was set once."""
+        return re.findall(ALERT, self._alerts_on_disk())
+
     def look(self):
         """Remembers what is on disk by now."""
         text, _, places, note = self._on_disk()
         self.tickers |= set(places)
         self.note = max(self.note, note)
+        self.limits |= set(self.limits_on_disk())
         self.pages |= {page.name for page in self.folder.glob("*.mlnk")}
         self.moves += sum(places[ticker] != was for ticker, was in self.places.items()
                           if ticker in places)
@@ -100,6 +110,11 @@ class Watched:
             raise Torn(f"the note {self.note} is gone: {notes[-200:]!r}")
         if not NOTES.fullmatch(notes):
             raise Torn(f"the notes are torn: {notes[-200:]!r}")
+        alerts = self._alerts_on_disk()
+        if not re.fullmatch(f"(?:{ALERT})*", alerts):
+            raise Torn(f"the alerts are torn: {alerts[-200:]!r}")
+        if gone := self.limits - set(self.limits_on_disk()):
+            raise Torn(f"alerts are gone: {sorted(gone)[:5]}")
         if text and not text.lstrip().startswith("["):
             raise Torn(f"the settings are torn: {text[:200]!r}")
         allowed = {color_pair(slot) for slot in SLOTS}
@@ -162,8 +177,9 @@ class Player:
         self.numbers, self.chance = numbers, chance
 
     def play(self):
-        actions = [self.enter] * 4 + [self.switch, self.note, self.note, self.move, self.move,
-                                      self.record, self.record_anew, self.color, self.color]
+        actions = [self.enter] * 4 + [self.switch, self.note, self.note, self.alert, self.move,
+                                      self.move, self.record, self.record_anew, self.color,
+                                      self.color]
         while self.program.process.poll() is None:
             self.chance.choice(actions)(next(self.numbers))
             self.watched.look()
@@ -197,6 +213,16 @@ class Player:
         # What is typed is meant for the box, and for nothing else.
         if self.opened(before):
             driver.type_text(f"note {number:06d}")
+            driver.press("Return")
+
+    def alert(self, number):
+        driver.press("alt+1")
+        self.click(self.spots.ticker)
+        before = self.program.windows() or set()
+        driver.press("ctrl+shift+n")
+        if self.opened(before):
+            # Above any price there is: it waits for good. Its box has the focus.
+            driver.type_text(f"{900000 + number:06d}")
             driver.press("Return")
 
     def move(self, _):
@@ -287,6 +313,7 @@ def work(options):
             now = collections.Counter(tickers=len(watched.tickers), moves=watched.moves,
                                       notes=watched.note and sum(1 for _ in re.finditer(
                                           rb"note \d{6}", watched.notes.read_bytes())),
+                                      alerts=len(watched.limits),
                                       multilinks=len(watched.pages), colours=watched.colors)
             figures += now - before
             before = now
@@ -329,7 +356,8 @@ def main():
                     print(f"{total['kills']} kills in {seconds:.0f} s "
                           f"({seconds / total['kills']:.2f} s each), every start worked; on disk "
                           f"were {total['tickers']} tickers, {total['moves']} moves of them, "
-                          f"{total['notes']} notes, {total['multilinks']} multi-links, "
+                          f"{total['notes']} notes, {total['alerts']} alerts, "
+                          f"{total['multilinks']} multi-links, "
                           f"{total['colours']} changed colours: nothing lost or torn", flush=True)
     threads = [threading.Thread(target=follow, args=[number]) for number in range(len(workers))]
     for thread in threads:

@@ -1,18 +1,22 @@
 #!/usr/bin/env python3
 """Plays the same short session in the whole program again and again, and each time one write of its
 own files fails: no space, or a broken disk. The program lives and says so, every file is whole, and
-the next start works.
+the next start works. Several programs are at it side by side, each on a display of its own.
 
-faults.py [--runs N] FAILING_WRITES PROGRAM
+faults.py [--runs N] [--side-by-side W] FAILING_WRITES PROGRAM
 """
 
 import argparse
+import collections
 import contextlib
 import errno
+import json
 import os
 import random
+import subprocess
 import sys
 import tempfile
+import threading
 import time
 from pathlib import Path
 
@@ -25,15 +29,16 @@ FOLDERS_OF_OTHERS = "engine"
 
 
 class Session:
-    """Somebody who enters tickers, writes a note, moves a ticker, records a multi-link, copies a
-    colour and ends the program."""
+    """Somebody who enters tickers, writes a note, sets an alert, moves a ticker, records a
+    multi-link, copies a colour and ends the program."""
 
     def __init__(self, program, spots, watched):
         self.program, self.said = program, 0
         player = crash.Player(program, spots, watched, None, random.Random(1))
         self.steps = [lambda: player.enter(1), lambda: player.enter(2), lambda: player.note(3),
-                      lambda: player.record(None), lambda: player.color(None),
-                      lambda: player.record_anew(4), lambda: self.move(player)]
+                      lambda: player.alert(4), lambda: player.record(None),
+                      lambda: player.color(None), lambda: player.record_anew(5),
+                      lambda: self.move(player)]
 
     def move(self, player):
         driver.press("alt+1")
@@ -103,7 +108,7 @@ def state(watched):
     """What a user would miss."""
     text, notes, places, _ = watched._on_disk()
     return places, notes, sorted(page.name for page in watched.folder.glob("*.mlnk")), \
-        watched._pairs(text)
+        watched._pairs(text), sorted(watched.limits_on_disk())
 
 
 def starts_again(options, watched):
@@ -112,13 +117,9 @@ def starts_again(options, watched):
         assert program.process.poll() is None, program.errors()
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--runs", type=int, default=20)
-    parser.add_argument("library", type=Path)
-    parser.add_argument("program", type=Path)
-    options = parser.parse_args()
-    options.library, options.program = options.library.resolve(), options.program.resolve()
+def work(options):
+    """Plays its share of the sessions; the last line it prints are its figures."""
+    figures = collections.Counter()
     with driver.desktop((1600, 1000)), tempfile.TemporaryDirectory(prefix="faults-") as name:
         folder = Path(name)
         first = folder / "first"
@@ -128,30 +129,67 @@ def main():
         for name in ("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "QTWEBENGINE_CHROMIUM_FLAGS"):
             os.environ.pop(name)
         writes, _, clean = run(options, folder, spots, 0, 0)
+        _, notes, pages, _, limits = state(clean)
         print(f"a session makes {len(writes)} writes: {len(state(clean)[0])} tickers, "
-              f"{len(state(clean)[1])} bytes of notes, {len(state(clean)[2])} multi-links",
+              f"{len(notes)} bytes of notes, {len(pages)} multi-links, {len(limits)} alerts",
               flush=True)
-        told = unchanged = failed = 0
         kinds = list(ERRORS.items())
-        for number in range(options.runs):
+        for number in range(options.worker, options.runs, options.side_by_side):
             at = 1 + number * len(writes) // options.runs
             way, error = kinds[number % len(kinds)]
+            figures["runs"] += 1
             try:
                 lines, said, watched = run(options, folder, spots, at, error)
                 starts_again(options, watched)
                 failing = next((line for line in lines if line.endswith(" FAILS")), "none")
                 same = state(watched) == state(clean)
-                told += said > 0
-                unchanged += same
+                figures["failing"] += failing != "none"
+                figures["told"] += said > 0
+                figures["unchanged"] += same
                 if not same and not said:
-                    failed += 1
-                    print(f"{way} at {failing}: something is missing, and nobody was told")
+                    figures["failed"] += 1
+                    print(f"{way} at {failing}: something is missing, and nobody was told",
+                          flush=True)
             except AssertionError as problem:
-                failed += 1
+                figures["failed"] += 1
                 print(f"{way} at write {at}: {problem}", flush=True)
-        print(f"{options.runs} sessions of the whole program, each with one failing write: "
-              f"{told} said so, {unchanged} ended as without it, {failed} failed")
-    return 1 if failed else 0
+    print(json.dumps(figures), flush=True)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--runs", type=int, default=20)
+    parser.add_argument("--side-by-side", type=int, default=2)
+    parser.add_argument("--worker", type=int, help=argparse.SUPPRESS)
+    parser.add_argument("library", type=Path)
+    parser.add_argument("program", type=Path)
+    options = parser.parse_args()
+    options.library, options.program = options.library.resolve(), options.program.resolve()
+    if options.worker is not None:
+        work(options)
+        return 0
+    workers = [driver.start([sys.executable, "-B", __file__, "--runs", str(options.runs),
+                             "--side-by-side", str(options.side_by_side), "--worker", str(number),
+                             options.library, options.program], stdout=subprocess.PIPE, text=True)
+               for number in range(options.side_by_side)]
+    shares = []
+
+    def follow(worker):
+        for line in worker.stdout:
+            if line.startswith("{"):
+                shares.append(collections.Counter(json.loads(line)))
+            else:
+                print(line, end="", flush=True)
+    threads = [threading.Thread(target=follow, args=[worker]) for worker in workers]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    figures = sum(shares, collections.Counter())
+    print(f"{figures['runs']} sessions of the whole program, in {figures['failing']} of them a "
+          f"write failed: {figures['told']} said so, {figures['unchanged']} ended as without it, "
+          f"{figures['failed']} failed")
+    return 1 if figures["failed"] or any(worker.wait() for worker in workers) else 0
 
 
 if __name__ == "__main__":
