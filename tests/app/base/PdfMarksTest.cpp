@@ -131,10 +131,13 @@ private Q_SLOTS:
 
     void WhatCannotBeReadOrWrittenIsTold() {
         QVERIFY(!PrintPdf("no document", *PdfPrinter(m_folder.filePath(u"x.pdf"_s))));
-        const auto nowhere = PdfPrinter(m_folder.filePath(u"missing/x.pdf"_s));
+        const QString file = m_folder.filePath(u"a file"_s);
+        QVERIFY(PrintPdf(Document(1), *PdfPrinter(file)));
+        const auto nowhere = PdfPrinter(file + u"/x.pdf"_s);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, PrintPdf(Document(1), *nowhere));
         nowhere->setPrintRange(QPrinter::PageRange);
         nowhere->setFromTo(1, 1);
-        QVERIFY(!PrintPdf(Document(1), *nowhere));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, PrintPdf(Document(1), *nowhere));
     }
 };
 
