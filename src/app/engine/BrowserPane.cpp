@@ -208,6 +208,7 @@ void BrowserPane::Refresh() {
 bool BrowserPane::AskPage(const std::function<void(QWebEnginePage&)>& ask) const {
     if (!m_page || !IsPageShown())
         return false;
+    m_page->setLifecycleState(QWebEnginePage::LifecycleState::Active);
     ask(*m_page);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "app/base/WebAccess.h"
 #include "app/engine/FindBar.h"
+#include "app/engine/PageRest.h"
 #include "app/engine/PanePage.h"
 #include "app/engine/UserInput.h"
 
@@ -15,6 +16,7 @@ namespace tallowmere {
 PageView::PageView(PanePage& page, FindBar& findBar, QWidget* parent)
     : QWebEngineView(&page, parent), m_input(new UserInput(this)) {
     page.SetUserInput(m_input);
+    new PageRest(*this);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, &PageView::ShowMenu);
     connect(&findBar, &FindBar::Wanted, this,

@@ -1,0 +1,51 @@
+#include "app/engine/PageRest.h"
+
+#include <QEvent>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+namespace tallowmere {
+
+namespace {
+constexpr auto kPatience = std::chrono::minutes(10);
+}
+
+PageRest::PageRest(QWebEngineView& view) : QObject(&view), m_view(view) {
+    m_due.setSingleShot(true);
+    m_due.setInterval(kPatience);
+    connect(&m_due, &QTimer::timeout, this, &PageRest::Rest);
+    // A page that was woken to be loaded or read rests again when nobody has looked at it.
+    connect(view.page(), &QWebEnginePage::lifecycleStateChanged, this, &PageRest::Await);
+    view.installEventFilter(this);
+    Await();
+}
+
+void PageRest::SetPatience(std::chrono::milliseconds patience) {
+    m_due.setInterval(patience);
+    Await();
+}
+
+bool PageRest::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Show)
+        m_due.stop();
+    else if (event->type() == QEvent::Hide)
+        Await();
+    return false;
+}
+
+void PageRest::Await() {
+    if (m_view.page()->lifecycleState() == QWebEnginePage::LifecycleState::Active &&
+        !m_view.isVisible())
+        m_due.start();
+    else
+        m_due.stop();
+}
+
+void PageRest::Rest() {
+    if (m_view.page()->recommendedState() == QWebEnginePage::LifecycleState::Active)
+        m_due.start();
+    else
+        m_view.page()->setLifecycleState(QWebEnginePage::LifecycleState::Frozen);
+}
+
+} // namespace tallowmere
