@@ -1,7 +1,8 @@
 #include "app/engine/PageRest.h"
 
+#include "app/engine/PanePage.h"
+
 #include <QEvent>
-#include <QWebEnginePage>
 #include <QWebEngineView>
 
 namespace tallowmere {
@@ -10,12 +11,13 @@ namespace {
 constexpr auto kPatience = std::chrono::minutes(10);
 }
 
-PageRest::PageRest(QWebEngineView& view) : QObject(&view), m_view(view) {
+PageRest::PageRest(QWebEngineView& view, PanePage& page)
+    : QObject(&view), m_view(view), m_page(page) {
     m_due.setSingleShot(true);
     m_due.setInterval(kPatience);
     connect(&m_due, &QTimer::timeout, this, &PageRest::Rest);
     // A page that was woken to be loaded or read rests again when nobody has looked at it.
-    connect(view.page(), &QWebEnginePage::lifecycleStateChanged, this, &PageRest::Await);
+    connect(&page, &QWebEnginePage::lifecycleStateChanged, this, &PageRest::Await);
     view.installEventFilter(this);
     Await();
 }
@@ -34,18 +36,18 @@ bool PageRest::eventFilter(QObject*, QEvent* event) {
 }
 
 void PageRest::Await() {
-    if (m_view.page()->lifecycleState() == QWebEnginePage::LifecycleState::Active &&
-        !m_view.isVisible())
+    if (m_page.lifecycleState() == QWebEnginePage::LifecycleState::Active && !m_view.isVisible())
         m_due.start();
     else
         m_due.stop();
 }
 
 void PageRest::Rest() {
-    if (m_view.page()->recommendedState() == QWebEnginePage::LifecycleState::Active)
+    // A load that is stopped in its tracks never ends.
+    if (m_page.IsComing() || m_page.recommendedState() == QWebEnginePage::LifecycleState::Active)
         m_due.start();
     else
-        m_view.page()->setLifecycleState(QWebEnginePage::LifecycleState::Frozen);
+        m_page.setLifecycleState(QWebEnginePage::LifecycleState::Frozen);
 }
 
 } // namespace tallowmere

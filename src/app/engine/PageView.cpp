@@ -16,7 +16,7 @@ namespace tallowmere {
 PageView::PageView(PanePage& page, FindBar& findBar, QWidget* parent)
     : QWebEngineView(&page, parent), m_input(new UserInput(this)) {
     page.SetUserInput(m_input);
-    new PageRest(*this);
+    new PageRest(*this, page);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, &PageView::ShowMenu);
     connect(&findBar, &FindBar::Wanted, this,

@@ -56,6 +56,8 @@ public:
     void BeginAnew();
     /// Until another page has come nothing is heard of this one, which would keep it from coming.
     void Leave();
+    /// Whether another page was asked for that has neither come nor failed yet.
+    bool IsComing() const { return m_left.has_value() || isLoading(); }
     /// Where in its history the page is, as of which visit; another one as soon as the next page
     /// is there.
     using Place = std::tuple<int, QUrl, QDateTime>;

@@ -73,6 +73,7 @@ private Q_SLOTS:
         QVERIFY(bench.ready);
         bench.pane.hide();
         QTRY_COMPARE(bench.Now(), State::Frozen);
+        bench.Rest().SetPatience(1s);
         QVERIFY(bench.Show(bench.server.Address(u"/b"_s)));
         QCOMPARE(bench.Title(), u"b"_s);
         QTRY_COMPARE(bench.Now(), State::Frozen);
@@ -82,6 +83,20 @@ private Q_SLOTS:
         QTRY_COMPARE(bench.Now(), State::Frozen);
         bench.pane.GoBack();
         QTRY_COMPARE(bench.Title(), u"counts"_s);
+    }
+
+    void APageThatIsLongInComingIsNotStopped() {
+        RestBench bench;
+        QVERIFY(bench.ready);
+        bench.pane.hide();
+        QTRY_COMPARE(bench.Now(), State::Frozen);
+        CannedPage late{"<title>late</title>"};
+        late.ending = CannedPage::Ending::Stall;
+        bench.server.Serve(u"/late"_s, late);
+        bench.pane.Navigate(bench.server.Address(u"/late"_s));
+        QTest::qWait(500);
+        QVERIFY(bench.pane.Busy());
+        QCOMPARE(bench.Now(), State::Active);
     }
 
     void WhoAsksThePageWakesIt() {
