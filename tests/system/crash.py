@@ -27,10 +27,13 @@ NOTES = re.compile(rb"(?:\|\|[A-Z0-9]+\|\|note \d{6}\|\|\|\|\|\r\n|\r\n)*")
 ALERT = r"\d+ above (\d{6}) KT\d{6}\n"
 PAGE_HEAD = b"<html><head><title></title></head><body"
 PAGE_TAIL = b"</body></html>"
-LONGEST_LIFE = 3.0  # seconds from the window to the kill
+# Where the submenus stand in the menu of the ticker, from its end.
+NOTE, MOVE_TO = 4, 6
+LONGEST_LIFE = 5.0  # seconds from the window to the kill
 KILLS_OF_A_PROFILE = 60
 SLOTS = range(101, 105)  # links of the user's own that are there from the start
 FIRST_FREE, LAST_FREE = 105, 124
+KINDS = ("tickers", "moves", "notes", "alerts", "multilinks", "colours")
 
 
 def color_pair(slot):
@@ -209,7 +212,7 @@ class Player:
         driver.press("alt+1")
         self.click(self.spots.ticker)
         before = self.program.windows() or set()
-        driver.press("alt+t", "Up", "Right", "Return")
+        driver.press("alt+t", *["Up"] * NOTE, "Right", "Return")
         # What is typed is meant for the box, and for nothing else.
         if self.opened(before):
             driver.type_text(f"note {number:06d}")
@@ -229,7 +232,7 @@ class Player:
         self.switch(_)
         self.click(self.spots.ticker)
         downs = ["Down"] * self.chance.randrange(3)
-        driver.press("alt+t", "Up", "Up", "Up", "Right", *downs, "Return", "Escape", "Escape")
+        driver.press("alt+t", *["Up"] * MOVE_TO, "Right", *downs, "Return", "Escape", "Escape")
 
     def record(self, _):
         for place in (self.spots.record, *self.spots.links, self.spots.record):
@@ -366,6 +369,9 @@ def main():
         thread.join()
     if any(worker.wait() for worker in workers):
         sys.exit("a worker found something, see above")
+    total = sum(latest.values(), collections.Counter())
+    if missing := [kind for kind in KINDS if not total[kind]]:
+        sys.exit(f"nothing of this was ever on disk, so nothing is known of it: {missing}")
 
 
 if __name__ == "__main__":

@@ -43,7 +43,7 @@ class Session:
     def move(self, player):
         driver.press("alt+1")
         player.click(player.spots.ticker)
-        driver.press("alt+t", "Up", "Up", "Up", "Right", "Down", "Return", "Escape", "Escape")
+        driver.press("alt+t", *["Up"] * crash.MOVE_TO, "Right", "Down", "Return", "Escape", "Escape")
 
     def boxes(self, main):
         """Closes what the program has to say; how many boxes that were."""
@@ -129,8 +129,11 @@ def work(options):
         for name in ("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "QTWEBENGINE_CHROMIUM_FLAGS"):
             os.environ.pop(name)
         writes, _, clean = run(options, folder, spots, 0, 0)
-        _, notes, pages, _, limits = state(clean)
-        print(f"a session makes {len(writes)} writes: {len(state(clean)[0])} tickers, "
+        places, notes, pages, colors, limits = state(clean)
+        is_colored = any(pair != crash.color_pair(slot) for slot, pair in colors.items())
+        assert notes and pages and limits and is_colored and set(places.values()) > {"1"}, \
+            "the session does not do all that it is to do"
+        print(f"a session makes {len(writes)} writes: {len(places)} tickers, "
               f"{len(notes)} bytes of notes, {len(pages)} multi-links, {len(limits)} alerts",
               flush=True)
         kinds = list(ERRORS.items())
