@@ -24,7 +24,8 @@ from pathlib import Path
 import driver
 
 NOTES = re.compile(rb"(?:\|\|[A-Z0-9]+\|\|note \d{6}\|\|\|\|\|\r\n|\r\n)*")
-ALERT = r"\d+ above (\d{6}) KT\d{6}\n"
+# A window that comes late gets the keys that were meant for another: any ticker, any limit.
+ALERT = r"\d+ above (\d+) [A-Z0-9]+\n"
 PAGE_HEAD = b"<html><head><title></title></head><body"
 PAGE_TAIL = b"</body></html>"
 # Where the submenus stand in the menu of the ticker, from its end.
