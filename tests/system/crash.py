@@ -30,6 +30,8 @@ PAGE_HEAD = b"<html><head><title></title></head><body"
 PAGE_TAIL = b"</body></html>"
 # Where the submenus stand in the menu of the ticker, from its end.
 NOTE, MOVE_TO = 4, 6
+# The colours that a link gets in the editor, which keys that come late may reach.
+EDITED_COLORS = (-2147483640, 12640511)
 LONGEST_LIFE = 5.0  # seconds from the window to the kill
 KILLS_OF_A_PROFILE = 60
 SLOTS = range(101, 105)  # links of the user's own that are there from the start
@@ -121,7 +123,7 @@ class Watched:
             raise Torn(f"alerts are gone: {sorted(gone)[:5]}")
         if text and not text.lstrip().startswith("["):
             raise Torn(f"the settings are torn: {text[:200]!r}")
-        allowed = {color_pair(slot) for slot in SLOTS}
+        allowed = {EDITED_COLORS, *map(color_pair, SLOTS)}
         for slot, pair in self._pairs(text).items():
             if pair not in allowed:
                 raise Torn(f"the colours of link {slot} are torn: {pair}")
