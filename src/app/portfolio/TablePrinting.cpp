@@ -30,10 +30,11 @@ public:
           m_plain(painter.font()) {
         m_plain.setPointSizeF(kPoints);
         const qreal wanted = Measure();
-        if (wanted > m_size.width()) {
-            m_plain.setPointSizeF(std::max(kFewestPoints, kPoints * m_size.width() / wanted));
+        if (const qreal scale = m_size.width() / wanted; scale < 1) {
+            m_plain.setPointSizeF(std::max(kFewestPoints, kPoints * scale));
+            m_gap *= scale;
             for (qreal& width : m_widths)
-                width *= m_size.width() / wanted;
+                width *= scale;
         }
         m_bold = m_plain;
         m_bold.setBold(true);
