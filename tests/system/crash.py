@@ -176,11 +176,12 @@ class Spots:
 
 
 class Player:
-    """Somebody who works with the program until it is gone."""
+    """Somebody who works with the program until it is gone, and who looks up, by `look_up`, after
+    a switch to another portfolio."""
 
-    def __init__(self, program, spots, watched, numbers, chance):
+    def __init__(self, program, spots, watched, numbers, chance, look_up=lambda: None):
         self.program, self.spots, self.watched = program, spots, watched
-        self.numbers, self.chance = numbers, chance
+        self.numbers, self.chance, self.look_up = numbers, chance, look_up
 
     def play(self):
         actions = [self.enter] * 4 + [self.switch, self.note, self.note, self.alert, self.move,
@@ -213,6 +214,7 @@ class Player:
 
     def note(self, number):
         driver.press("alt+1")
+        self.look_up()
         self.click(self.spots.ticker)
         before = self.program.windows() or set()
         driver.press("alt+t", *["Up"] * NOTE, "Right", "Return")
@@ -223,6 +225,7 @@ class Player:
 
     def alert(self, number):
         driver.press("alt+1")
+        self.look_up()
         self.click(self.spots.ticker)
         before = self.program.windows() or set()
         driver.press("ctrl+shift+n")

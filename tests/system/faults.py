@@ -34,14 +34,19 @@ class Session:
 
     def __init__(self, program, spots, watched):
         self.program, self.said = program, 0
-        player = crash.Player(program, spots, watched, None, random.Random(1))
+        # What the program has to say of the switch is not to be closed by the keys after it.
+        player = crash.Player(program, spots, watched, None, random.Random(1), self.look_up)
         self.steps = [lambda: player.enter(1), lambda: player.enter(2), lambda: player.note(3),
                       lambda: player.alert(4), lambda: player.record(None),
                       lambda: player.color(None), lambda: player.record_anew(5),
                       lambda: self.move(player)]
 
+    def look_up(self):
+        self.said += self.boxes(self.program.window_id())
+
     def move(self, player):
         driver.press("alt+1")
+        self.look_up()
         player.click(player.spots.ticker)
         driver.press("alt+t", *["Up"] * crash.MOVE_TO, "Right", "Down", "Return", "Escape", "Escape")
 
