@@ -93,7 +93,7 @@ def sources(server):
 class Ours:
     """Its links at the bottom say that the window is there with all that it holds."""
 
-    looked_at = (0, -90, 600, 60)
+    looked_at = (4, -90, 100, 60)
 
     def __init__(self, binary, server, folder, mode):
         self.name = mode

@@ -48,7 +48,9 @@ class Session:
         driver.press("alt+1")
         self.look_up()
         player.click(player.spots.ticker)
-        driver.press("alt+t", *["Up"] * crash.MOVE_TO, "Right", "Down", "Return", "Escape", "Escape")
+        driver.press("alt+t", *["Up"] * crash.MOVE_TO, "Right", "Down", "Return")
+        self.look_up()
+        driver.press("Escape", "Escape")
 
     def boxes(self, main):
         """Closes what the program has to say; how many boxes that were."""
