@@ -91,9 +91,9 @@ def sources(server):
 
 
 class Ours:
-    """Its links at the bottom say that the window is there with all that it holds."""
+    """Its links in the left panel say that the window is there with all that it holds."""
 
-    looked_at = (4, -90, 100, 60)
+    looked_at = (4, -320, 100, 60)
 
     def __init__(self, binary, server, folder, mode):
         self.name = mode
